@@ -1,0 +1,34 @@
+// The character file: 50 records of 1500 bytes, no header, an image of the roster in memory. Every
+// load reads it whole into the roster, every save writes the roster whole. A slot is free when its
+// ownerName is empty; it belongs to a door user, not to a character's name.
+//
+// A file that cannot be read loads nothing; one that cannot be written makes a save do nothing at
+// all, silently, and play goes on with the roster in memory.
+#pragma once
+
+#include "state/player_record.h"
+
+namespace morvek {
+
+// Reads the file into the roster; false when it cannot be opened. A short file leaves the rest of
+// the roster as it was.
+bool readRoster();
+
+// Whether the roster in memory is the file's now: finds the caller's character in slots 0 to 48,
+// gives it a new day's turns when the day has changed, or has a new character created and saved.
+void loadPlayer();
+
+// Saves the player into the first of slots 0 to 48 that is the caller's own or free.
+void savePlayer();
+
+// Saves the player with full hit points, and of the world only the searched places, into the first
+// of slots 0 to 49 that is the caller's own or free.
+void savePlayerHealed();
+
+// Saves the player's possessions into slot 0, whoever plays and whoever owns that slot.
+void saveQuick();
+
+// The caller's own slot among 0 to 48, or null when he has none.
+PlayerRecord* ownSlot();
+
+} // namespace morvek

@@ -1,0 +1,213 @@
+#include "files/data_file.h"
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace morvek {
+namespace {
+
+// O_NONBLOCK keeps a pipe that stands in a file's place from holding up the game.
+constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+constexpr int writeFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
+constexpr mode_t newFileMode = 0666;
+
+// Links followed before a chain of them counts as a circle.
+constexpr int longestChain = 40;
+
+class File {
+public:
+    explicit File(int opened) : descriptor(opened) {}
+    ~File() {
+        if (descriptor >= 0) {
+            ::close(descriptor);
+        }
+    }
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    [[nodiscard]] bool isOpen() const { return descriptor >= 0; }
+    [[nodiscard]] int get() const { return descriptor; }
+
+private:
+    int descriptor;
+};
+
+std::size_t readUpTo(int descriptor, std::span<char> buffer) {
+    std::size_t total = 0;
+    while (total < buffer.size()) {
+        const ssize_t got = ::read(descriptor, buffer.data() + total, buffer.size() - total);
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got <= 0) {
+            break;
+        }
+        total += static_cast<std::size_t>(got);
+    }
+    return total;
+}
+
+bool writeAll(int descriptor, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t put = ::write(descriptor, content.data(), content.size());
+        if (put < 0 && errno == EINTR) {
+            continue;
+        }
+        if (put <= 0) {
+            return false;
+        }
+        content.remove_prefix(static_cast<std::size_t>(put));
+    }
+    return true;
+}
+
+std::string directoryOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+}
+
+// Where the path leads when every link at its end is followed, also to a file not there yet.
+std::string followLinks(std::string path) {
+    for (int link = 0; link < longestChain; ++link) {
+        std::array<char, PATH_MAX> text{};
+        const ssize_t length = ::readlink(path.c_str(), text.data(), text.size());
+        if (length <= 0) {
+            break;
+        }
+        std::string next(text.data(), static_cast<std::size_t>(length));
+        path = next.front() == '/' ? std::move(next) : directoryOf(path) + next;
+    }
+    return path;
+}
+
+bool isStillThere(int descriptor, const std::string& name) {
+    struct stat opened {};
+    struct stat named {};
+    return ::fstat(descriptor, &opened) == 0 && ::lstat(name.c_str(), &named) == 0 &&
+           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+} // namespace
+
+std::optional<std::size_t> readInto(const std::string& path, std::span<char> buffer) {
+    const File file(::open(path.c_str(), readFlags));
+    if (!file.isOpen()) {
+        return std::nullopt;
+    }
+    return readUpTo(file.get(), buffer);
+}
+
+std::optional<std::string> readWhole(const std::string& path) {
+    const File file(::open(path.c_str(), readFlags));
+    if (!file.isOpen()) {
+        return std::nullopt;
+    }
+    std::string content;
+    std::array<char, 4096> piece{};
+    while (const std::size_t got = readUpTo(file.get(), piece)) {
+        content.append(piece.data(), got);
+    }
+    return content;
+}
+
+bool canRead(const std::string& path) {
+    return File(::open(path.c_str(), readFlags)).isOpen();
+}
+
+bool appendTo(const std::string& path, std::string_view text) {
+    const File file(::open(path.c_str(), writeFlags | O_CREAT | O_APPEND, newFileMode));
+    return file.isOpen() && writeAll(file.get(), text);
+}
+
+Replacement::Replacement(const std::string& path)
+    : target(followLinks(path)), temporaryName(target + ".new") {
+    const bool exists = ::access(target.c_str(), F_OK) == 0;
+    if (exists) {
+        inPlace = ::open(target.c_str(), writeFlags);
+        struct stat status {};
+        if (inPlace < 0 || ::fstat(inPlace, &status) != 0 || !S_ISREG(status.st_mode)) {
+            return; // not ours to write; or a device, which is written as it stands
+        }
+    }
+    openTemporary();
+}
+
+Replacement::~Replacement() {
+    if (temporary >= 0) {
+        ::unlink(temporaryName.c_str());
+        ::close(temporary);
+    }
+    if (inPlace >= 0) {
+        ::close(inPlace);
+    }
+}
+
+// A call that was killed leaves its temporary file behind, and the next save takes it over. The
+// lock makes two calls that save at once wait for each other: the one that comes second may find
+// its file renamed away, and begins again.
+void Replacement::openTemporary() {
+    while (true) {
+        temporary = ::open(temporaryName.c_str(), writeFlags | O_CREAT | O_NOFOLLOW, newFileMode);
+        if (temporary < 0) {
+            return;
+        }
+        while (::flock(temporary, LOCK_EX) != 0 && errno == EINTR) {
+        }
+        if (isStillThere(temporary, temporaryName)) {
+            return;
+        }
+        ::close(temporary);
+    }
+}
+
+bool Replacement::finishTemporary(std::string_view content) {
+    struct stat status {};
+    if (inPlace >= 0 && ::fstat(inPlace, &status) == 0) {
+        // The owner is kept where that is allowed; the mode comes second, as chown clears bits.
+        const bool owned = ::fchown(temporary, status.st_uid, status.st_gid) == 0 ||
+                           ::fchown(temporary, static_cast<uid_t>(-1), status.st_gid) == 0;
+        static_cast<void>(owned);
+        if (::fchmod(temporary, status.st_mode & 07777U) != 0) {
+            return false;
+        }
+    }
+    return ::ftruncate(temporary, 0) == 0 && writeAll(temporary, content) &&
+           ::fsync(temporary) == 0;
+}
+
+bool Replacement::writeInPlace(std::string_view content) {
+    const bool written = writeAll(inPlace, content);
+    const bool cut = ::ftruncate(inPlace, static_cast<off_t>(content.size())) == 0;
+    const bool flushed = ::fsync(inPlace) == 0;
+    return written &&
+           ((cut && flushed) || errno == EINVAL); // a device can be neither cut nor flushed
+}
+
+bool Replacement::replace(std::string_view content) {
+    if (temporary < 0) {
+        return inPlace >= 0 && writeInPlace(content);
+    }
+    if (!finishTemporary(content)) {
+        return false;
+    }
+    if (::rename(temporaryName.c_str(), target.c_str()) == 0) {
+        ::close(temporary);
+        temporary = -1;
+        return true;
+    }
+    // A file that may be written but not renamed over: mounted by itself, or in a sticky directory.
+    return inPlace >= 0 && writeInPlace(content);
+}
+
+bool replaceFile(const std::string& path, std::string_view content) {
+    Replacement replacement(path);
+    return replacement.isOpen() && replacement.replace(content);
+}
+
+} // namespace morvek

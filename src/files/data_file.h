@@ -1,0 +1,60 @@
+// How the game touches the disk. A data file is read whole, or replaced whole: the new content is
+// written to a temporary file beside it, flushed to the disk and renamed over it, so that the file
+// under its own name is at every instant a whole one, old or new. A link is followed and stays a
+// link; the file keeps its mode. Only where the directory admits no temporary file is a file that
+// can be written overwritten in place.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace morvek {
+
+// Reads at most buffer.size() bytes from the file's start over the buffer, leaves the rest of the
+// buffer alone, and returns how many were read; nothing when the file cannot be opened.
+std::optional<std::size_t> readInto(const std::string& path, std::span<char> buffer);
+
+// The file's whole content; nothing when it cannot be opened.
+std::optional<std::string> readWhole(const std::string& path);
+
+// Whether the file can be opened for reading.
+bool canRead(const std::string& path);
+
+// Appends the text in one write, creating the file; false when it cannot be opened.
+bool appendTo(const std::string& path, std::string_view text);
+
+// A file held open for being replaced. Opening tells whether the file can be written at all and
+// changes nothing yet; replace() then puts the new content in the file's place.
+class Replacement {
+public:
+    // Opens the file for writing, or finds that it can be created.
+    explicit Replacement(const std::string& path);
+    ~Replacement();
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+    // Whether the file can be written.
+    [[nodiscard]] bool isOpen() const { return temporary >= 0 || inPlace >= 0; }
+
+    // Replaces the content; on false the old content stands as it was (unless it had to be
+    // written in place).
+    bool replace(std::string_view content);
+
+private:
+    std::string target;        // what the path leads to, links followed
+    std::string temporaryName; // beside it
+    int temporary = -1;        // the temporary file, once it is open
+    int inPlace = -1;          // the file itself, when there is no temporary one
+
+    void openTemporary();
+    bool finishTemporary(std::string_view content);
+    bool writeInPlace(std::string_view content);
+};
+
+// Opens and replaces in one step; false when the file cannot be written.
+bool replaceFile(const std::string& path, std::string_view content);
+
+} // namespace morvek

@@ -1,0 +1,53 @@
+// The 311 world words, W0 to W310: all that a character has done to the world. The numbers run
+// downwards where places run upwards, because they follow the order of the character record.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace morvek {
+
+constexpr std::size_t worldWordCount = 311;
+constexpr int locationCount = 76;
+
+using WorldWords = std::array<std::int32_t, worldWordCount>;
+
+// The levels of many rooms, and where the words of each begin: a level's `position` word holds
+// the room last entered (1 to rooms, 0 before the first), and the words below it the
+// `levelCleared` flags of rooms 1, 2, 3, ...
+enum class Level { castle1, castle2, mortuary1, cavern1 };
+
+struct LevelWords {
+    Level level;
+    std::size_t positionWord;
+    int rooms;
+};
+
+constexpr std::array<LevelWords, 4> levelWords{{
+    {Level::castle1, 157, 24},
+    {Level::castle2, 121, 24},
+    {Level::mortuary1, 85, 35},
+    {Level::cavern1, 13, 13},
+}};
+
+constexpr const LevelWords& wordsOf(Level level) {
+    return levelWords[static_cast<std::size_t>(level)];
+}
+
+// The word of a location's `searched` flag; location is 1 to 76.
+constexpr std::size_t searchedWord(int location) {
+    return static_cast<std::size_t>(234 - location);
+}
+
+// The word of a location's `cleared` flag; location is 1 to 76. W295 belongs to no location.
+constexpr std::size_t clearedWord(int location) {
+    return static_cast<std::size_t>(location <= 15 ? 311 - location : 310 - location);
+}
+
+// The word of a level room's `levelCleared` flag; position is 1 to the level's rooms.
+constexpr std::size_t levelClearedWord(Level level, int position) {
+    return wordsOf(level).positionWord - static_cast<std::size_t>(position);
+}
+
+} // namespace morvek

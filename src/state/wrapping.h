@@ -1,0 +1,24 @@
+// Arithmetic on the 32-bit numbers of a character, who may come from a forged file: it wraps
+// around, as the machine's own does, and is never undefined.
+#pragma once
+
+#include <cstdint>
+
+namespace morvek {
+
+constexpr std::int32_t wrappingAdd(std::int32_t left, std::int32_t right) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(left) +
+                                     static_cast<std::uint32_t>(right));
+}
+
+constexpr std::int32_t wrappingSubtract(std::int32_t left, std::int32_t right) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(left) -
+                                     static_cast<std::uint32_t>(right));
+}
+
+constexpr std::int32_t wrappingMultiply(std::int32_t left, std::int32_t right) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(left) *
+                                     static_cast<std::uint32_t>(right));
+}
+
+} // namespace morvek
