@@ -38,6 +38,17 @@ private:
     int descriptor;
 };
 
+// A directory can be opened but holds nothing to read: it counts as a file that cannot be opened.
+int openToRead(const std::string& path) {
+    const int descriptor = ::open(path.c_str(), readFlags);
+    struct stat status {};
+    if (descriptor >= 0 && (::fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode))) {
+        ::close(descriptor);
+        return -1;
+    }
+    return descriptor;
+}
+
 std::size_t readUpTo(int descriptor, std::span<char> buffer) {
     std::size_t total = 0;
     while (total < buffer.size()) {
@@ -96,7 +107,7 @@ bool isStillThere(int descriptor, const std::string& name) {
 } // namespace
 
 std::optional<std::size_t> readInto(const std::string& path, std::span<char> buffer) {
-    const File file(::open(path.c_str(), readFlags));
+    const File file(openToRead(path));
     if (!file.isOpen()) {
         return std::nullopt;
     }
@@ -104,7 +115,7 @@ std::optional<std::size_t> readInto(const std::string& path, std::span<char> buf
 }
 
 std::optional<std::string> readWhole(const std::string& path) {
-    const File file(::open(path.c_str(), readFlags));
+    const File file(openToRead(path));
     if (!file.isOpen()) {
         return std::nullopt;
     }
@@ -117,7 +128,7 @@ std::optional<std::string> readWhole(const std::string& path) {
 }
 
 bool canRead(const std::string& path) {
-    return File(::open(path.c_str(), readFlags)).isOpen();
+    return File(openToRead(path)).isOpen();
 }
 
 bool appendTo(const std::string& path, std::string_view text) {

@@ -1,0 +1,28 @@
+// The ten best scores of the board: a character's experience when he leaves the game.
+#pragma once
+
+#include <cstdint>
+
+namespace morvek {
+
+// Reads the score file into the table and leaves the number of entries in `count`; false when it
+// cannot be opened.
+bool readScores();
+
+// Enters the score in `game.scores.entry` for the player and writes the file again; the mode has
+// no effect. A file that cannot be written costs the score, with two lines on standard error.
+void updateScores(int mode);
+
+// Shows the list to the caller and writes the board's two bulletins.
+void showTopTen();
+
+// Draws so many entries of the table and writes the bulletins.
+void drawTopTen(std::int32_t count);
+
+// Takes the player's name and experience for the score about to be entered.
+void prepareScore();
+
+// Empties all ten entries of the table in memory.
+void forgetScores();
+
+} // namespace morvek
