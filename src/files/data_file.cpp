@@ -131,6 +131,13 @@ bool canRead(const std::string& path) {
     return File(openToRead(path)).isOpen();
 }
 
+void createWith(const std::string& path, std::string_view content) {
+    const File file(::open(path.c_str(), writeFlags | O_CREAT | O_EXCL, newFileMode));
+    if (file.isOpen()) {
+        writeAll(file.get(), content);
+    }
+}
+
 bool appendTo(const std::string& path, std::string_view text) {
     const File file(::open(path.c_str(), writeFlags | O_CREAT | O_APPEND, newFileMode));
     return file.isOpen() && writeAll(file.get(), text);
