@@ -20,6 +20,9 @@ inline void writeFile(const std::string& path, const std::string& content) {
 }
 
 inline std::string readFile(const std::string& path) {
+    if (std::filesystem::is_directory(path)) {
+        return {};
+    }
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
