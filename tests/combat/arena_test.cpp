@@ -4,8 +4,6 @@
 #include "combat/player_fight.h"
 #include "fighters.h"
 
-#include <cstdio>
-
 using namespace morvek;
 using namespace morvek::test;
 using testing::EndsWith;
@@ -79,8 +77,8 @@ TEST(PlayerFight, ABeatenPlayerLosesHisGoldAndTheQuickSaveTakesSlotZero) {
                          "\nsay `red`!\nsay ||`red`Press any key!\nkey\n"));
     game.roster = Roster{};
     ASSERT_TRUE(readRoster());
-    EXPECT_EQ(game.roster.slots[4].gold, 0);
-    EXPECT_EQ(game.roster.slots[0].gold, 1005);
+    EXPECT_EQ(0 + game.roster.slots[4].gold, 0); // a field of a packed record: by value
+    EXPECT_EQ(0 + game.roster.slots[0].gold, 1005);
     std::remove(game.session.characterFileName.c_str());
 }
 

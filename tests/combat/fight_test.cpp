@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <limits>
 
 using namespace morvek;
 using namespace morvek::test;
@@ -103,6 +103,7 @@ TEST(Fight, TheFourthDrawDecidesACriticalBlowOnADieOfTheWeaponAndTwenty) {
 
 TEST(Fight, OnlyTheLastOfAGroupClearsThePlaceAndCostsATurn) {
     meet("Kobold");
+    game.player.experience = std::numeric_limits<int>::max(); // a forged character's wraps around
     game.encounter.monsterCount = 2;
     game.world.currentLocation = 3;
     game.world.position(Level::castle1) = 24;
@@ -117,7 +118,8 @@ TEST(Fight, OnlyTheLastOfAGroupClearsThePlaceAndCostsATurn) {
     EXPECT_EQ(game.encounter.groupActive + game.encounter.ambushPending, 2);
     EXPECT_EQ(firstWord(), 311);
     killKobold();
-    EXPECT_EQ(game.player.experience + game.player.gold, 50 + 150);
+    EXPECT_EQ(game.player.experience, std::numeric_limits<int>::min() + 49);
+    EXPECT_EQ(game.player.gold, 150);
     EXPECT_EQ(game.player.turnsLeft, 4);
     EXPECT_EQ(game.encounter.groupActive + game.encounter.ambushPending, 0);
     EXPECT_EQ(game.encounter.monster.monsterReady, 1);

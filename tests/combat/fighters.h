@@ -4,6 +4,7 @@
 #include "support/scripted_caller.h"
 #include "support/scripted_chance.h"
 
+#include <cstdio>
 #include <gmock/gmock.h>
 
 namespace morvek::test {
@@ -13,6 +14,7 @@ inline void meet(const std::string& opponent) {
     newCall();
     game.session.characterFileName =
         testing::TempDir() + testing::UnitTest::GetInstance()->current_test_info()->name();
+    std::remove(game.session.characterFileName.c_str());
     game.player.hitPoints = 30;
     game.player.maxHitPoints = 40;
     game.player.dexterity = 15;
