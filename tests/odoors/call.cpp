@@ -39,14 +39,6 @@ std::string readToEnd(int descriptor, std::vector<std::string>& pieces) {
     return all;
 }
 
-void place(int from, int to) {
-    if (from < 0) {
-        close(to);
-    } else if (from != to) {
-        dup2(from, to);
-    }
-}
-
 [[noreturn]] void runDoor(const Arguments& arguments, const Door& door) {
     for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG", "BBSDEV_DRP"}) {
         unsetenv(name);
@@ -80,12 +72,11 @@ pid_t startDoor(const Arguments& arguments, const Door& door, int input, int out
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child == 0) {
-        if (controlling) {
-            require(login_tty(input) == 0);
-        } else {
-            place(input, STDIN_FILENO);
-            place(output, STDOUT_FILENO);
-            place(errors, STDERR_FILENO);
+        require(!controlling || login_tty(dup(input)) == 0);
+        const std::array<int, 3> streams{input, output, errors};
+        for (int i = 0; i < 3; ++i) {
+            const int stream = streams[static_cast<std::size_t>(i)];
+            require((stream < 0 ? close(i) : dup2(stream, i)) >= 0);
         }
         closefrom(3);
         runDoor(arguments, door);
@@ -129,73 +120,50 @@ Outcome callWithKeys(const Arguments& arguments, const std::string& keys, const 
 
 TerminalCall::TerminalCall(const Arguments& arguments, const Door& door, bool controlling) {
     int slave = -1;
-    require(openpty(&master_, &slave, nullptr, nullptr, nullptr) == 0);
+    require(openpty(&master, &slave, nullptr, nullptr, nullptr) == 0);
     // What is typed before the door starts must not be echoed among what it shows.
-    tcgetattr(slave, &before_);
-    before_.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    tcsetattr(slave, TCSANOW, &before_);
-    child_ = startDoor(arguments, door, slave, slave, -1, controlling);
+    tcgetattr(slave, &before);
+    before.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    tcsetattr(slave, TCSANOW, &before);
+    child = startDoor(arguments, door, slave, slave, -1, controlling);
     close(slave);
 }
 
-TerminalCall::~TerminalCall() {
-    hangUp();
-    if (child_ > 0) {
-        waitForEnd(child_);
-    }
-}
-
 void TerminalCall::type(const std::string& keys) const {
-    require(write(master_, keys.data(), keys.size()) == static_cast<ssize_t>(keys.size()));
+    require(write(master, keys.data(), keys.size()) == static_cast<ssize_t>(keys.size()));
 }
 
 std::string TerminalCall::until(const std::string& text) const {
     std::string shown;
     std::array<char, 4096> buffer;
-    pollfd end{master_, POLLIN, 0};
+    pollfd end{master, POLLIN, 0};
     ssize_t count = 1;
-    while (shown.find(text) == std::string::npos && count > 0 && poll(&end, 1, patience) == 1) {
-        count = read(master_, buffer.data(), buffer.size());
+    while (shown.find(text) == std::string::npos && count > 0 && poll(&end, 1, 5 * patience) == 1) {
+        count = read(master, buffer.data(), buffer.size());
         shown.append(buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
     }
     return shown;
 }
 
 void TerminalCall::hangUp() {
-    if (master_ >= 0) {
-        close(master_);
+    if (master >= 0) {
+        close(master);
     }
-    master_ = -1;
-}
-
-void TerminalCall::signal(int number) const {
-    kill(child_, number);
-}
-
-int TerminalCall::status() {
-    const int status = waitForEnd(child_);
-    child_ = -1;
-    return status;
+    master = -1;
 }
 
 bool TerminalCall::isRestored() const {
     termios now{};
-    return tcgetattr(master_, &now) == 0 && now.c_lflag == before_.c_lflag &&
-           now.c_iflag == before_.c_iflag && now.c_oflag == before_.c_oflag;
-}
-
-bool TerminalCall::isRaw() const {
-    termios now{};
-    return tcgetattr(master_, &now) == 0 &&
-           (now.c_lflag & static_cast<tcflag_t>(ICANON | ISIG)) == 0;
+    return tcgetattr(master, &now) == 0 && now.c_lflag == before.c_lflag &&
+           now.c_iflag == before.c_iflag && now.c_oflag == before.c_oflag;
 }
 
 Folder::Folder() {
-    require(mkdtemp(name_.data()) != nullptr);
+    require(mkdtemp(self.data()) != nullptr);
 }
 
 Folder::~Folder() {
-    require(std::system(("rm -rf " + name_).c_str()) == 0);
+    require(std::system(("rm -rf " + self).c_str()) == 0);
 }
 
 std::string Folder::write(const std::string& name, const std::string& bytes) const {

@@ -31,12 +31,11 @@ pid_t startDoor(const Arguments& arguments, const Door& door, int input, int out
 // The exit status of a child; -1 when it does not end within about a second and has to be killed.
 int waitForEnd(pid_t child);
 
-// A door whose caller sits at a pseudo-terminal.
-class TerminalCall {
-public:
-    // With a controlling terminal a hang-up comes as a signal, without one as the end of input.
+// A door whose caller sits at a pseudo-terminal. With a controlling terminal a hang-up comes as a
+// signal, without one as the end of the input.
+struct TerminalCall {
     TerminalCall(const Arguments& arguments, const Door& door, bool controlling = true);
-    ~TerminalCall();
+    ~TerminalCall() { hangUp(); }
     TerminalCall(const TerminalCall&) = delete;
     TerminalCall& operator=(const TerminalCall&) = delete;
 
@@ -46,17 +45,14 @@ public:
     std::string until(const std::string& text) const;
 
     void hangUp();
-    void signal(int number) const;
-    int status();
+    int status() const { return waitForEnd(child); }
 
     // Whether the terminal is as it was before the call.
     bool isRestored() const;
-    bool isRaw() const;
 
-private:
-    int master_ = -1;
-    pid_t child_ = -1;
-    termios before_{};
+    int master = -1;
+    pid_t child = -1;
+    termios before{};
 };
 
 // A directory of its own for one test, gone with it.
@@ -66,10 +62,10 @@ struct Folder {
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
 
-    std::string path(const std::string& name = "") const { return name_ + '/' + name; }
+    std::string path(const std::string& name = "") const { return self + '/' + name; }
     std::string write(const std::string& name, const std::string& bytes) const;
 
-    std::string name_ = "/tmp/odoors.XXXXXX";
+    std::string self = "/tmp/odoors.XXXXXX";
 };
 
 // Puts the clock of this process forward.

@@ -11,37 +11,19 @@
 using namespace odoors;
 
 TEST(ColourCodes, SetTheWholeAttributeOrNothing) {
-    const std::vector<std::pair<const char*, const char*>> cases{
-        {"red", "\033[0;31m"},
-        {"bright red", "\033[0;1;31m"},
-        {"  Bright   WHITE  ", "\033[0;1;37m"},
-        {"grey", "\033[0;37m"},
-        {"dark brown", "\033[0;33m"},
-        {"bright yellow", "\033[0;1;33m"},
-        {"flashing bright blue on white", "\033[0;1;5;34;47m"},
-        {"bright flashing blue on GREY", "\033[0;1;5;34;47m"},
-        {"magenta on black", "\033[0;35m"},
-        {"cyan on green", "\033[0;36;42m"},
-        {"bright dark green", "\033[0;32m"},
-        {"bright black", "\033[0;1;30m"},
-        {"", nullptr},
-        {"bright", nullptr},
-        {"pink", nullptr},
-        {"red bright", nullptr},
-        {"red on", nullptr},
-        {"red on bright blue", nullptr},
-        {"red blue", nullptr},
-        {"red in blue", nullptr},
-        {"on blue", nullptr},
-        {"red on blue on blue", nullptr},
-        {"reds", nullptr},
-        {"bright\tred", nullptr}};
-    for (const auto& [words, sequence] : cases) {
-        const std::optional<Attribute> attribute = readColourCode(words);
-        ASSERT_EQ(attribute.has_value(), sequence != nullptr) << words;
-        if (attribute) {
-            EXPECT_EQ(ansiSequence(*attribute), sequence) << words;
-        }
+    for (const std::string row :
+         {"red=31", "bright red=1;31", "  Bright   WHITE  =1;37", "grey=37", "dark brown=33",
+          "bright yellow=1;33", "bright dark green=32", "flashing bright blue on white=1;5;34;47",
+          "bright flashing blue on GREY=1;5;34;47", "magenta on black=35", "cyan on green=36;42",
+          "bright black=1;30"}) {
+        const std::size_t middle = row.find('=');
+        const std::optional<Attribute> attribute = readColourCode(row.substr(0, middle));
+        EXPECT_EQ(ansiSequence(attribute.value()), "\033[0;" + row.substr(middle + 1) + 'm');
+    }
+    for (const char* words :
+         {"", "bright", "pink", "red bright", "red on", "red on bright blue", "red blue",
+          "red in blue", "on blue", "red on blue on blue", "reds", "bright\tred"}) {
+        EXPECT_FALSE(readColourCode(words)) << words;
     }
 }
 
@@ -101,51 +83,54 @@ TEST_F(OutputTest, OnlyDisplayFilesSendControlBytes) {
 
 TEST_F(OutputTest, PadsToColumnWithoutAnsiGraphics) {
     ansi = 0;
-    const auto pad = [this](int column) {
-        output.take();
-        output.moveTo(7, column);
-        return output.take();
-    };
     output.showCoded("`red`ab\a");
-    EXPECT_EQ(pad(6), "   ");
-    EXPECT_EQ(pad(6), "");
-    EXPECT_EQ(pad(2), "");
+    output.moveTo(7, 6);
+    output.moveTo(7, 6);
+    output.moveTo(7, 2);
     output.erase(2);
-    EXPECT_EQ(pad(5), " ");
-    output.show("\n");
-    EXPECT_EQ(pad(6), " ");
-    output.show("\n\rx");
-    EXPECT_EQ(pad(3), " ");
-    output.showFile("\r\x1b[1;31mabc\x1b[0m");
-    EXPECT_EQ(pad(5), " ");
+    output.moveTo(7, 5);
+    output.show("\n\x80");
+    output.moveTo(7, 7);
+    EXPECT_EQ(output.take(), "ab   \b \b\b \b \n\x80 ");
+    output.showFile("\r\x1b[1;31mabc\x1b[0m\t");
+    output.moveTo(7, 10);
     output.clear();
-    EXPECT_EQ(pad(0), "");
-    output.setCharset(Charset::utf8);
-    output.show("\x80");
-    EXPECT_EQ(pad(3), " ");
+    output.moveTo(7, 3);
+    EXPECT_EQ(output.take(), "\r\x1b[1;31mabc\x1b[0m\t \f  ");
 }
 
 TEST(CharsetTest, EveryByteGoesToUtf8AndBack) {
-    iconv_t converter = iconv_open("UTF-8", "CP437");
-    ASSERT_NE(converter, reinterpret_cast<iconv_t>(-1));
+    std::string bytes;
+    std::string text;
     for (int code = 1; code < 256; ++code) {
-        char byte = static_cast<char>(code);
-        std::string expected(4, '\0');
-        char* from = &byte;
-        char* to = expected.data();
-        std::size_t fromLeft = 1;
-        std::size_t toLeft = expected.size();
-        ASSERT_EQ(iconv(converter, &from, &fromLeft, &to, &toLeft), 0U);
-        expected.resize(expected.size() - toLeft);
-        std::string text;
-        appendAsUtf8(text, byte);
-        EXPECT_EQ(text, expected) << code;
-        EXPECT_EQ(cp437FromUtf8(text), std::string(1, byte)) << code;
+        bytes += static_cast<char>(code);
+        appendAsUtf8(text, static_cast<char>(code));
     }
+    std::string expected(1024, '\0');
+    char* from = bytes.data();
+    char* to = expected.data();
+    std::size_t fromLeft = bytes.size();
+    std::size_t toLeft = expected.size();
+    const iconv_t converter = iconv_open("UTF-8", "CP437");
+    ASSERT_EQ(iconv(converter, &from, &fromLeft, &to, &toLeft), 0U);
     iconv_close(converter);
+    EXPECT_EQ(text, expected.substr(0, expected.size() - toLeft));
+    EXPECT_EQ(cp437FromUtf8(text), bytes);
     for (const char* foreign : {"Bj\x94rn", "\xe4\xbd\xa0", "a\xc3", "\xc0\x80", "\xe0\x82\x82"}) {
         EXPECT_EQ(cp437FromUtf8(foreign), foreign);
     }
+}
+
+TEST(CharsetTest, FollowsTheLocale) {
+    const auto charsetFor = [](const char* all, const char* ctype, const char* lang) {
+        setenv("LC_ALL", all, 1);
+        setenv("LC_CTYPE", ctype, 1);
+        setenv("LANG", lang, 1);
+        return charsetOfEnvironment();
+    };
+    EXPECT_EQ(charsetFor("", "", "de_DE.UTF-8"), Charset::utf8);
+    EXPECT_EQ(charsetFor("", "de_DE.utf8@euro", "C"), Charset::utf8);
+    EXPECT_EQ(charsetFor("C", "", "de_DE.UTF-8"), Charset::cp437);
 }
 
 TEST(Printf, FormatsTextsOfAnyLength) {
