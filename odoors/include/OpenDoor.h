@@ -32,7 +32,7 @@ void od_parse_cmd_line(int argc, char* argv[]);
 void od_init(void);
 
 /* Flushes, resets the colour, restores the terminal and ends the process with errorlevel. */
-OD_NORETURN void od_exit(int errorlevel, int hang_up);
+OD_NORETURN void od_exit(int errorlevel, int hangUp);
 
 /* Sets the colour of what follows by PC numbers: foreground 0..15, background 0..7. */
 void od_set_color(int foreground, int background);
@@ -46,8 +46,8 @@ void od_clr_scr(void);
 /* Formats as printf does, then obeys the colour codes between backquotes in the whole result. */
 void od_printf(const char* format, ...) OD_PRINTF_LIKE;
 
-/* Shows size bytes as they are, but for control bytes; local_echo has no meaning here. */
-void od_disp(const char* text, int size, int local_echo);
+/* Shows size bytes as they are, but for control bytes; localEcho has no meaning here. */
+void od_disp(const char* text, int size, int localEcho);
 
 /* Shows a string as it is, but for control bytes. */
 void od_disp_str(const char* text);
@@ -61,8 +61,8 @@ char od_get_key(int wait);
 /* Waits for one of the options, in either case, and returns it as it stands in them. */
 char od_get_answer(const char* options);
 
-/* Edits one line in text, which holds max_length + 1 bytes and starts as the field's content. */
-void od_input_str(char* text, int max_length, unsigned char min, unsigned char max);
+/* Edits one line in text, which holds maxLength + 1 bytes and starts as the field's content. */
+void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max);
 
 /* Shows the display file name.ans or name.asc, unless a hot key is already typed, and waits for
  * one of the hot keys, in either case; returns it as it stands in hotkeys. */

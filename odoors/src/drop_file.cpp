@@ -25,10 +25,14 @@ constexpr std::array<Kind, 1> kinds{{{"DOOR32.SYS", readDoor32}}};
     throw Refusal{path + ": " + reason};
 }
 
+[[noreturn]] void refuseUnreadable(const std::string& path) {
+    refuseFile(path, std::string("cannot be read: ") + std::strerror(errno));
+}
+
 DropFile readKind(const Kind& kind, const std::string& path) {
     const std::optional<std::string> bytes = readFile(path);
     if (!bytes) {
-        refuseFile(path, std::string("cannot be read: ") + std::strerror(errno));
+        refuseUnreadable(path);
     }
     return kind.read(DropLines(path, *bytes));
 }
@@ -74,10 +78,14 @@ std::optional<DropFile> readDropFile(const std::string& path) {
     if (isDirectory(path)) {
         return readFromDirectory(path);
     }
-    const std::string found = findFile(path).value_or(path);
+    const std::optional<std::string> found = findFile(path);
+    if (!found) {
+        errno = ENOENT;
+        refuseUnreadable(path);
+    }
     for (const Kind& kind : kinds) {
-        if (sameLetters(lastPart(found), kind.fileName)) {
-            return readKind(kind, found);
+        if (sameLetters(lastPart(*found), kind.fileName)) {
+            return readKind(kind, *found);
         }
     }
     refuseFile(path, "is no drop file of a known name");

@@ -12,6 +12,11 @@ bool isControl(char byte) {
     return static_cast<unsigned char>(byte) < ' ' || byte == 127;
 }
 
+// Whether the byte can go on with a character of UTF-8.
+bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
+}
+
 bool isDigit(char byte) {
     return byte >= '0' && byte <= '9';
 }
@@ -65,7 +70,7 @@ void KeyDecoder::feedText(char byte) {
     if (completesReturn) {
         return;
     }
-    if (isControl(byte) && utf8_.midway()) {
+    if (utf8_.midway() && !isContinuation(byte)) {
         utf8_.reset();
         keys_.push_back(otherKey);
     }

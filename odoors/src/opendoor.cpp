@@ -1,6 +1,8 @@
 // The interface in C, over the one session of this process.
 #include "OpenDoor.h"
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdarg>
 #include <cstdio>
@@ -111,21 +113,23 @@ void od_clr_scr() {
 }
 
 void od_printf(const char* format, ...) {
-    std::va_list arguments;
+    std::array<char, 1024> text;
+    va_list arguments;
     va_start(arguments, format);
-    std::va_list again;
-    va_copy(again, arguments);
-    char text[1024];
-    const int size = std::vsnprintf(text, sizeof text, format, arguments);
-    if (size >= 0 && static_cast<std::size_t>(size) < sizeof text) {
-        session().output.showCoded({text, static_cast<std::size_t>(size)});
-    } else if (size >= 0) {
-        std::string whole(static_cast<std::size_t>(size), '\0');
-        std::vsnprintf(whole.data(), whole.size() + 1, format, again);
-        session().output.showCoded(whole);
-    }
-    va_end(again);
+    // The analyzer loses sight of va_start when it looks at several files in one run.
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
+    const int length = std::vsnprintf(text.data(), text.size(), format, arguments);
     va_end(arguments);
+    const auto size = static_cast<std::size_t>(std::max(length, 0));
+    if (size < text.size()) {
+        session().output.showCoded({text.data(), size});
+        return;
+    }
+    std::string whole(size, '\0');
+    va_start(arguments, format);
+    std::vsnprintf(whole.data(), size + 1, format, arguments);
+    va_end(arguments);
+    session().output.showCoded(whole);
 }
 
 void od_disp(const char* text, int size, int) {
@@ -150,9 +154,9 @@ char od_get_answer(const char* answers) {
     return waitForChoice(orEmpty(answers));
 }
 
-void od_input_str(char* text, int max_length, unsigned char min, unsigned char max) {
-    odoors::editLine(session(), text, static_cast<std::size_t>(max_length > 0 ? max_length : 0),
-                     min, max);
+void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max) {
+    odoors::editLine(session(), text, static_cast<std::size_t>(maxLength > 0 ? maxLength : 0), min,
+                     max);
 }
 
 char od_hotkey_menu(const char* name, const char* hotkeys, int wait) {

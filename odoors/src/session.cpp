@@ -76,12 +76,13 @@ void Session::open(const Options& options) {
 // The lock lives as long as the process: the file is never closed.
 void Session::lockOutOthers(const std::string& lockFile) {
     const int descriptor = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-    if (descriptor < 0) {
-        throw Refusal{lockFile + ": cannot be opened: " + std::strerror(errno)};
+    if (descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+        return;
     }
-    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EWOULDBLOCK) {
         endWithLine("Another caller is inside. Please try again later.", otherCaller);
     }
+    throw Refusal{lockFile + ": cannot be locked: " + std::strerror(errno)};
 }
 
 void Session::detectAnsi() {

@@ -1,0 +1,193 @@
+// How a session ends by itself, and what it tells the caller about his time.
+#include <array>
+#include <csignal>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include "OpenDoor.h"
+#include "call.h"
+#include "clock.h"
+
+namespace {
+
+const Arguments plain{"-LOCAL", "-ASCII"};
+
+void waitForKey() {
+    od_get_key(1);
+}
+
+void waitForLine() {
+    std::array<char, 9> text{};
+    od_input_str(text.data(), 8, 32, 127);
+}
+
+void pollForKey() {
+    while (od_get_key(0) == 0) {
+        usleep(1000);
+    }
+}
+
+const std::vector<Door> waits{waitForKey, waitForLine, pollForKey, [] { od_get_answer("yn"); },
+                              [] { od_hotkey_menu("none", "q", 1); }};
+
+Door promptThen(const Door& rest) {
+    return [rest] {
+        od_printf("ready");
+        rest();
+        od_printf("not reached");
+    };
+}
+
+} // namespace
+
+TEST(End, LostCallerEndsEveryWaitSilently) {
+    for (const Door& wait : waits) {
+        const Outcome atOnce = callWithKeys(plain, "", promptThen(wait));
+        EXPECT_EQ(atOnce.status, 2);
+        EXPECT_EQ(atOnce.shown, "ready");
+        for (const bool controlling : {true, false}) {
+            TerminalCall call(plain, promptThen(wait), controlling);
+            EXPECT_EQ(call.until("ready"), "ready");
+            call.hangUp();
+            EXPECT_EQ(call.status(), 2);
+        }
+        for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGQUIT}) {
+            TerminalCall call(plain, promptThen(wait));
+            EXPECT_EQ(call.until("ready"), "ready");
+            kill(call.child, signal);
+            EXPECT_EQ(call.status(), 2) << signal;
+            EXPECT_TRUE(call.isRestored()) << signal;
+            EXPECT_EQ(call.until("never"), "");
+        }
+    }
+    EXPECT_EQ(callWithKeys({"-L", "-GRAPHICS"}, "", promptThen(waitForKey)).shown,
+              "\033[0;37mready\033[0m");
+}
+
+// The caller takes no more output while his input stays open: at a wait, or in mid-write.
+TEST(End, OutputAloneCanBeLost) {
+    for (const int length : {1, 200000}) {
+        std::array<int, 2> input{};
+        std::array<int, 2> output{};
+        ASSERT_TRUE(pipe(input.data()) == 0 && pipe(output.data()) == 0);
+        const Door door = [length] {
+            od_printf("%*s", length, "x");
+            od_get_key(1);
+        };
+        const pid_t child = startDoor(plain, door, input[0], output[1]);
+        close(output[1]);
+        char byte = 0;
+        EXPECT_EQ(read(output[0], &byte, 1), 1);
+        close(output[0]);
+        EXPECT_EQ(waitForEnd(child), 2) << length;
+    }
+}
+
+TEST(End, StuckDoorObeysATermination) {
+    for (const int length : {1, 1000000}) {
+        TerminalCall call(plain, promptThen([length] {
+                              od_printf("%*s", length, "x");
+                              od_get_key(0);
+                              for (volatile bool stuck = true; stuck;) {
+                              }
+                          }));
+        call.until("ready");
+        kill(call.child, SIGTERM);
+        EXPECT_EQ(call.status(), 2) << length;
+        EXPECT_TRUE(call.isRestored()) << length;
+    }
+}
+
+TEST(End, UsedUpTimeAndIdlenessAreTold) {
+    const Outcome time = callWithKeys({"-L", "-TIMELEFT", "0"}, "a", promptThen(waitForKey));
+    EXPECT_EQ(time.status, 3);
+    EXPECT_EQ(time.shown, "ready\n\rYour time is used up.\n\r");
+    TerminalCall idle({"-ASCII", "-INACTIVITY", "1", "-LOCAL"}, promptThen([] {
+                          od_get_key(1);
+                          od_get_key(1);
+                      }));
+    idle.until("ready");
+    idle.type("a");
+    EXPECT_EQ(idle.until("oodbye.\n\r"), "\n\rNo key was pressed for too long. Goodbye.\n\r");
+    EXPECT_EQ(idle.status(), 4);
+    EXPECT_TRUE(idle.isRestored());
+}
+
+TEST(End, OneCallerAtATime) {
+    const Folder folder;
+    const Arguments arguments{"-LOCAL", "-ASCII", "-ONECALLER", folder.path("lock")};
+    const Door door = [] {
+        od_printf("ready");
+        od_get_key(1);
+    };
+    TerminalCall first(arguments, door);
+    EXPECT_EQ(first.until("ready"), "ready");
+    const Outcome second = callWithKeys(arguments, "x", door);
+    EXPECT_EQ(second.status, 5);
+    EXPECT_EQ(second.shown, "Another caller is inside. Please try again later.\n\r");
+    kill(first.child, SIGKILL);
+    EXPECT_EQ(first.status(), 1000 + SIGKILL);
+    EXPECT_EQ(callWithKeys(arguments, "x", door).status, 0);
+    EXPECT_EQ(callWithKeys({"-L", "-ONECALLER", folder.path("no/lock")}, "x", door).status, 1);
+}
+
+TEST(Time, MinutesGoByAndWarningsComeOnce) {
+    const auto pass = [](long seconds) {
+        passSeconds(seconds);
+        od_get_key(1);
+        od_printf("%d ", od_control.user_timelimit);
+    };
+    const Outcome timed = callWithKeys({"-L", "-TIMELEFT", "7"}, "abcdefgh", [&] {
+        for (const long seconds : {59, 1, 60, 60, 150, 59, 20, 20}) {
+            pass(seconds);
+        }
+    });
+    EXPECT_EQ(timed.status, 3);
+    EXPECT_EQ(timed.shown,
+              "7 6 \n\rYou have at most 5 minutes left.\n\r5 4 2 "
+              "\n\rYou have at most 1 minute left.\n\r1 1 \n\rYour time is used up.\n\r");
+    const Outcome local = callWithKeys({"-L"}, "ab", [&] {
+        pass(3599);
+        pass(7200);
+    });
+    EXPECT_EQ(local.shown, "1 0 ");
+    EXPECT_EQ(local.status, 0);
+}
+
+TEST(Time, WarnsNobodyWhoBeganWithNoMore) {
+    for (const std::int64_t seconds : {300, 60}) {
+        odoors::TimeLimit limit(0, seconds, true);
+        EXPECT_EQ(limit.takeWarning(1000), 0);
+        EXPECT_EQ(limit.takeWarning((seconds - 1) * 1000), seconds == 300 ? 1 : 0);
+    }
+    odoors::TimeLimit late(0, 600, true);
+    EXPECT_EQ(late.takeWarning(570'000), 1);
+    EXPECT_EQ(late.takeWarning(580'000), 0);
+    const odoors::TimeLimit unlimited(0, 600'000'000'000'000, true);
+    EXPECT_EQ(unlimited.minutesLeft(3'600'000), 32767);
+    EXPECT_GT(unlimited.end(), 0);
+}
+
+TEST(Streams, NonblockingOnesStayAsTheyAre) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
+    ASSERT_EQ(fcntl(ends[0], F_SETFL, O_RDWR | O_NONBLOCK), 0);
+    const Door door = [] {
+        od_printf("%*s", 1000000, "x");
+        od_printf("%c", od_get_key(1));
+    };
+    const pid_t child = startDoor(plain, door, ends[0], ends[0]);
+    usleep(20000);
+    std::vector<char> shown(1000000);
+    ASSERT_EQ(recv(ends[1], shown.data(), shown.size(), MSG_WAITALL), 1000000);
+    ASSERT_EQ(write(ends[1], "k", 1), 1);
+    EXPECT_EQ(waitForEnd(child), 0);
+    EXPECT_EQ(read(ends[1], shown.data(), shown.size()), 1);
+    EXPECT_EQ(shown[0], 'k');
+    EXPECT_NE(fcntl(ends[0], F_GETFL) & O_NONBLOCK, 0);
+    EXPECT_EQ(waitForEnd(startDoor(plain, door, -1, ends[0])), 1);
+    EXPECT_EQ(waitForEnd(startDoor(plain, door, ends[0], -1)), 1);
+}

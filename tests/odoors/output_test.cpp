@@ -1,0 +1,149 @@
+#include "output.h"
+
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+#include <iconv.h>
+
+#include "OpenDoor.h"
+#include "call.h"
+
+using namespace odoors;
+
+TEST(ColourCodes, SetTheWholeAttributeOrNothing) {
+    for (const std::string row :
+         {"red=31", "bright red=1;31", "  Bright   WHITE  =1;37", "grey=37", "dark brown=33",
+          "bright yellow=1;33", "bright dark green=32", "flashing bright blue on white=1;5;34;47",
+          "bright flashing blue on GREY=1;5;34;47", "magenta on black=35", "cyan on green=36;42",
+          "bright black=1;30"}) {
+        const std::size_t middle = row.find('=');
+        const std::optional<Attribute> attribute = readColourCode(row.substr(0, middle));
+        EXPECT_EQ(ansiSequence(attribute.value()), "\033[0;" + row.substr(middle + 1) + 'm');
+    }
+    for (const char* words :
+         {"", "bright", "pink", "red bright", "red on", "red on bright blue", "red blue",
+          "red in blue", "on blue", "red on blue on blue", "reds", "bright\tred"}) {
+        EXPECT_FALSE(readColourCode(words)) << words;
+    }
+}
+
+struct OutputTest : testing::Test {
+    char ansi = 1;
+    Output output{ansi};
+
+    std::string coded(const char* text) {
+        output.showCoded(text);
+        return output.take();
+    }
+};
+
+TEST_F(OutputTest, ColourIsSentOnceBeforeTextThatNeedsIt) {
+    EXPECT_EQ(coded("a"), "\033[0;37ma");
+    EXPECT_EQ(coded("`red`"), "");
+    EXPECT_EQ(coded("`blue`b`red`c"), "\033[0;34mb\033[0;31mc");
+    EXPECT_EQ(coded("d`blue``red`e"), "de");
+    EXPECT_EQ(coded("`nonsense`f``g"), "fg");
+    EXPECT_EQ(coded("\a`green`\a"), "");
+    EXPECT_EQ(coded("h"), "\033[0;32mh");
+}
+
+TEST_F(OutputTest, OpenCodeEndsWithItsText) {
+    EXPECT_EQ(coded("a`blue"), "\033[0;37ma");
+    EXPECT_EQ(coded("red`b"), "\033[0;34mred");
+    EXPECT_EQ(coded("c`green on"), "c");
+    EXPECT_EQ(coded("`"), "");
+    EXPECT_EQ(coded("d"), "d");
+}
+
+TEST_F(OutputTest, AttributeIsKeptWithoutAnsiGraphics) {
+    ansi = 0;
+    EXPECT_EQ(coded("`bright red`a"), "a");
+    output.resetColour();
+    output.clear();
+    EXPECT_EQ(output.take(), "\f");
+    ansi = 1;
+    EXPECT_EQ(coded("b"), "\033[0;1;31mb");
+    output.setAttribute({15, 1, false});
+    output.clear();
+    output.moveTo(3, 80);
+    EXPECT_EQ(output.take(), "\033[2J\033[H\033[3;80H");
+    EXPECT_EQ(coded("c"), "\033[0;1;37;44mc");
+}
+
+TEST_F(OutputTest, OnlyDisplayFilesSendControlBytes) {
+    output.show(std::string("`red`\x1b[2J\0\t\x7f\b!\r\n\x80", 17));
+    EXPECT_EQ(output.take(), "\033[0;37m`red`[2J!\r\n\x80");
+    EXPECT_EQ(coded("\x1b[31m\a`red`x"), "[31m\033[0;31mx");
+    output.showFile("`red`\x1b[1m\t");
+    EXPECT_EQ(output.take(), "`red`\x1b[1m\t");
+    EXPECT_EQ(coded("same colour"), "\033[0;31msame colour");
+    output.showFile("plain");
+    EXPECT_EQ(coded("y"), "plainy");
+}
+
+TEST_F(OutputTest, PadsToColumnWithoutAnsiGraphics) {
+    ansi = 0;
+    output.showCoded("`red`ab\a");
+    output.moveTo(7, 6);
+    output.moveTo(7, 6);
+    output.moveTo(7, 2);
+    output.erase(2);
+    output.moveTo(7, 5);
+    output.show("\n\x80");
+    output.moveTo(7, 7);
+    EXPECT_EQ(output.take(), "ab   \b \b\b \b \n\x80 ");
+    output.showFile("\r\x1b[1;31mabc\x1b[0m\t");
+    output.moveTo(7, 10);
+    output.clear();
+    output.moveTo(7, 3);
+    EXPECT_EQ(output.take(), "\r\x1b[1;31mabc\x1b[0m\t \f  ");
+}
+
+TEST(CharsetTest, EveryByteGoesToUtf8AndBack) {
+    std::string bytes;
+    std::string text;
+    for (int code = 1; code < 256; ++code) {
+        bytes += static_cast<char>(code);
+        appendAsUtf8(text, static_cast<char>(code));
+    }
+    std::string expected(1024, '\0');
+    char* from = bytes.data();
+    char* to = expected.data();
+    std::size_t fromLeft = bytes.size();
+    std::size_t toLeft = expected.size();
+    const iconv_t converter = iconv_open("UTF-8", "CP437");
+    ASSERT_EQ(iconv(converter, &from, &fromLeft, &to, &toLeft), 0U);
+    iconv_close(converter);
+    EXPECT_EQ(text, expected.substr(0, expected.size() - toLeft));
+    EXPECT_EQ(cp437FromUtf8(text), bytes);
+    for (const char* foreign : {"Bj\x94rn", "\xe4\xbd\xa0", "a\xc3", "\xc0\x80", "\xe0\x82\x82"}) {
+        EXPECT_EQ(cp437FromUtf8(foreign), foreign);
+    }
+}
+
+TEST(CharsetTest, FollowsTheLocale) {
+    const auto charsetFor = [](const char* all, const char* ctype, const char* lang) {
+        setenv("LC_ALL", all, 1);
+        setenv("LC_CTYPE", ctype, 1);
+        setenv("LANG", lang, 1);
+        return charsetOfEnvironment();
+    };
+    EXPECT_EQ(charsetFor("", "", "de_DE.UTF-8"), Charset::utf8);
+    EXPECT_EQ(charsetFor("", "de_DE.utf8@euro", "C"), Charset::utf8);
+    EXPECT_EQ(charsetFor("C", "", "de_DE.UTF-8"), Charset::cp437);
+}
+
+TEST(Printf, FormatsTextsOfAnyLength) {
+    for (const int length : {0, 1, 1022, 1023, 1024, 1025, 100000}) {
+        const std::string filler(static_cast<std::size_t>(length), 'x');
+        const Outcome outcome = callWithKeys({"-LOCAL", "-GRAPHICS"}, "", [&] {
+            od_printf("`red`%s%s", filler.c_str(), "`blue`y");
+            od_disp("`z`\0?", 5, 1);
+            od_disp("ignored", -1, 0);
+            od_disp_str("`");
+        });
+        const std::string red = length > 0 ? "\033[0;31m" + filler : "";
+        EXPECT_EQ(outcome.shown, red + "\033[0;34my`z`?`\033[0m") << length;
+        EXPECT_EQ(outcome.writes.size(), 1U);
+    }
+}

@@ -1,0 +1,93 @@
+// A caller at a real terminal.
+#include <chrono>
+#include <csignal>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "OpenDoor.h"
+#include "call.h"
+
+namespace {
+
+void tellKeys() {
+    od_printf("ready");
+    for (;;) {
+        const char key = od_get_key(1);
+        if (key == 'q') {
+            return;
+        }
+        od_printf("<%d>", key);
+    }
+}
+
+} // namespace
+
+TEST(Terminal, IsRawDuringTheCallAndRestoredAfterIt) {
+    TerminalCall call({"-ASCII", "-LOCAL"}, tellKeys);
+    EXPECT_EQ(call.until("ready"), "ready");
+    call.type("\x03\x1a\x13\r\n\x04");
+    EXPECT_EQ(call.until("<4>"), "<3><26><19><13><4>");
+    kill(call.child, SIGTSTP);
+    call.type("q");
+    EXPECT_EQ(call.status(), 0);
+    EXPECT_TRUE(call.isRestored());
+}
+
+TEST(Terminal, IsRestoredAfterACrash) {
+    for (const Door& crash : {Door(std::abort), Door([] { std::exit(7); })}) {
+        TerminalCall call({"-ASCII", "-LOCAL"}, [&] {
+            od_printf("ready");
+            od_get_key(1);
+            crash();
+        });
+        call.until("ready");
+        call.type("x");
+        EXPECT_GT(call.status(), 2);
+        EXPECT_TRUE(call.isRestored());
+    }
+}
+
+TEST(Terminal, EscapeIsAKeyOnlyWhenNothingFollowsAtOnce) {
+    TerminalCall call({"-ASCII", "-LOCAL"}, tellKeys);
+    call.until("ready");
+    call.type("\033[A");
+    EXPECT_EQ(call.until(">"), "<127>");
+    call.type("\033");
+    EXPECT_EQ(call.until(">"), "<27>");
+    call.type("[A");
+    EXPECT_EQ(call.until("<65>"), "<91><65>");
+    call.type("\033OP!");
+    EXPECT_EQ(call.until("<33>"), "<127><33>");
+}
+
+TEST(Terminal, IsAskedForAnsiGraphics) {
+    const auto door = [] {
+        od_printf("hello");
+        od_autodetect(1);
+        od_printf("`red`%d", od_control.user_ansi);
+        tellKeys();
+    };
+    TerminalCall answering({}, door);
+    answering.type("a");
+    EXPECT_EQ(answering.until("\033[6n"), "hello\033[6n");
+    answering.type("b\033\033[1;");
+    answering.type("1Rc");
+    EXPECT_EQ(answering.until("<99>"), "\033[0;31m1ready<97><98><27><99>");
+
+    // An answer that comes too late is no key either.
+    TerminalCall silent({"-LOCAL"}, door);
+    const auto start = std::chrono::steady_clock::now();
+    silent.until("\033[6n");
+    silent.type("a");
+    EXPECT_EQ(silent.until("<97>"), "0ready<97>");
+    const auto waited = std::chrono::steady_clock::now() - start;
+    EXPECT_GT(waited, std::chrono::milliseconds(900));
+    EXPECT_LT(waited, std::chrono::milliseconds(1900));
+    silent.type("\033[1;6Rb");
+    EXPECT_EQ(silent.until(">"), "<98>");
+
+    TerminalCall told({"-LOCAL", "-GRAPHICS"}, door);
+    EXPECT_EQ(told.until("ready"), "\033[0;37mhello\033[0;31m1ready");
+    EXPECT_EQ(callWithKeys({"-LOCAL"}, "", door).shown, "hello0ready");
+}
