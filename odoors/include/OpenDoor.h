@@ -16,10 +16,10 @@ extern "C" {
 #endif
 
 typedef struct {
-    char user_name[36];  /* the caller's name as the board knows it; may be empty */
-    char user_ansi;      /* 1: the caller has ANSI graphics */
-    int user_timelimit;  /* whole minutes the caller has left, at most 32767 */
-    int od_node;         /* the board's node number, 1 when it named none */
+    char user_name[36]; /* the caller's name as the board knows it; may be empty */
+    char user_ansi;     /* 1: the caller has ANSI graphics */
+    int user_timelimit; /* whole minutes the caller has left, at most 32767 */
+    int od_node;        /* the board's node number, 1 when it named none */
 } tODControl;
 
 /* What the library knows of the caller; valid from od_init on. */

@@ -131,6 +131,13 @@ bool canRead(const std::string& path) {
     return File(openToRead(path)).isOpen();
 }
 
+void createWith(const std::string& path, std::string_view content) {
+    const File file(::open(path.c_str(), writeFlags | O_CREAT | O_EXCL, newFileMode));
+    if (file.isOpen()) {
+        writeAll(file.get(), content);
+    }
+}
+
 bool appendTo(const std::string& path, std::string_view text) {
     const File file(::open(path.c_str(), writeFlags | O_CREAT | O_APPEND, newFileMode));
     return file.isOpen() && writeAll(file.get(), text);
@@ -138,13 +145,13 @@ bool appendTo(const std::string& path, std::string_view text) {
 
 Replacement::Replacement(const std::string& path)
     : target(followLinks(path)), temporaryName(target + ".new") {
-    const bool exists = ::access(target.c_str(), F_OK) == 0;
-    if (exists) {
-        inPlace = ::open(target.c_str(), writeFlags);
-        struct stat status {};
-        if (inPlace < 0 || ::fstat(inPlace, &status) != 0 || !S_ISREG(status.st_mode)) {
-            return; // not ours to write; or a device, which is written as it stands
-        }
+    inPlace = ::open(target.c_str(), writeFlags);
+    if (inPlace < 0 && errno != ENOENT) {
+        return; // not ours to write
+    }
+    struct stat status {};
+    if (inPlace >= 0 && (::fstat(inPlace, &status) != 0 || !S_ISREG(status.st_mode))) {
+        return; // a device is written as it stands
     }
     openTemporary();
 }

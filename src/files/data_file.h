@@ -23,6 +23,9 @@ std::optional<std::string> readWhole(const std::string& path);
 // Whether the file can be opened for reading.
 bool canRead(const std::string& path);
 
+// Creates the file with this content; does nothing when there is such a file.
+void createWith(const std::string& path, std::string_view content);
+
 // Appends the text in one write, creating the file; false when it cannot be opened.
 bool appendTo(const std::string& path, std::string_view text);
 

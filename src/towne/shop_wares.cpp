@@ -11,8 +11,8 @@ constexpr const char* plain = "You don't have enough gold.\n\r\n\r";
 constexpr const char* redTight = "`red`You don't have enough gold.\n\r";
 constexpr const char* tight = "You don't have enough gold.\n\r";
 
-constexpr const char* soldRed = "`red`Sold!\n\r\n\r";
-constexpr const char* soldPlain = "Sold!\n\r\n\r";
+constexpr const char* inRed = "`red`Sold!\n\r\n\r";
+constexpr const char* inPlain = "Sold!\n\r\n\r";
 
 } // namespace
 
@@ -34,12 +34,12 @@ constexpr Shop weapons{
     .nothingToSell = "`red`You can't sell your own fists.\n\r\n\r",
     .refusesUnknown = false,
     .wares = {{
-        {"Club",      1250,   1250,   1250,  1249,  1225, "Club",    line, red,   soldRed},
-        {"Dagger",    1500,   1500,   1500,  1499,  1450, "Dagger",  line, red,   soldPlain},
-        {"Javelin",  11000,  11000,  11000, 10999,  1900, "Javelin", line, plain, soldPlain},
-        {"Mace",     12500,  12500,  12500, 12499, 12250, "Mace",    line, plain, soldPlain},
-        {"Sickle",   15000,  15000,  15000, 14999, 14500, "Sickle",  line, plain, soldPlain},
-        {"Spear",   110000, 110000, 110000, 10999, 19000, "Spear",   line, plain, soldPlain},
+        {"Club",      1250,   1250,   1250,  1249,  1225, "Club",    line, red,   inRed},
+        {"Dagger",    1500,   1500,   1500,  1499,  1450, "Dagger",  line, red,   inPlain},
+        {"Javelin",  11000,  11000,  11000, 10999,  1900, "Javelin", line, plain, inPlain},
+        {"Mace",     12500,  12500,  12500, 12499, 12250, "Mace",    line, plain, inPlain},
+        {"Sickle",   15000,  15000,  15000, 14999, 14500, "Sickle",  line, plain, inPlain},
+        {"Spear",   110000, 110000, 110000, 10999, 19000, "Spear",   line, plain, inPlain},
     }},
 };
 
@@ -58,12 +58,12 @@ constexpr Shop armours{
     .nothingToSell = "`red`You can't sell your own `bright white`T-shirt`red`.\n\r\n\r",
     .refusesUnknown = true,
     .wares = {{
-        {"Cloth",         1250,  1250,    250,  1249,  1225, "Cloth",       lines, red,      soldRed},
-        {"Feyweave",      1500,  1500,   1500,  1499,  1450, "Leather",     line,  redTight, soldRed},
-        {"Starweave",    11000,  1000,  11000, 10999,  1900, "Hide",        line,  tight,    soldRed},
-        {"Leather",      12500, 12500,  12500, 12499, 12250, "Leather",     line,  tight,    soldRed},
-        {"Feyleather",   15000, 15000,  15000, 14999, 14500, "Feyleather",  line,  tight,    soldRed},
-        {"Starleather", 110000, 10000, 110000, 10999, 19000, "Starleather", line,  tight,    soldRed},
+        {"Cloth",         1250,  1250,    250,  1249,  1225, "Cloth",       lines, red, inRed},
+        {"Feyweave",      1500,  1500,   1500,  1499,  1450, "Leather",     line, redTight, inRed},
+        {"Starweave",    11000,  1000,  11000, 10999,  1900, "Hide",        line, tight, inRed},
+        {"Leather",      12500, 12500,  12500, 12499, 12250, "Leather",     line, tight, inRed},
+        {"Feyleather",   15000, 15000,  15000, 14999, 14500, "Feyleather",  line, tight, inRed},
+        {"Starleather", 110000, 10000, 110000, 10999, 19000, "Starleather", line, tight, inRed},
     }},
 };
 // clang-format on

@@ -1,0 +1,118 @@
+#include "caller.h"
+
+#include <cstdlib>
+
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "text.h"
+
+namespace odoors {
+
+namespace {
+
+constexpr std::size_t longestName = 35;
+constexpr std::int64_t secondsPerMinute = 60;
+constexpr std::int64_t usualMinutes = 60;
+constexpr std::int64_t usualInactivity = 300;
+
+std::string loginName() {
+    for (const char* variable : {"LOGNAME", "USER"}) {
+        const char* name = std::getenv(variable);
+        if (name != nullptr && *name != 0) {
+            return name;
+        }
+    }
+    const passwd* entry = getpwuid(getuid());
+    return entry != nullptr ? entry->pw_name : "";
+}
+
+bool isOpenSocket(int descriptor) {
+    struct stat status {};
+    return descriptor > 0 && fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode);
+}
+
+// Boards name sockets that are none, and sockets beside a terminal that they have set up for the
+// door: then the caller is at standard input and output.
+Route actualRoute(const Options& options, const std::optional<DropFile>& file,
+                  const Streams& streams) {
+    if (options.standardStreams || options.local) {
+        return Route::standardStreams;
+    }
+    Route route = options.handle ? Route::socket : file ? file->route : Route::standardStreams;
+    if (route == Route::socket) {
+        const int descriptor = options.handle ? *options.handle : file->socket;
+        if (streams.inputIsTerminal || !isOpenSocket(descriptor)) {
+            route = Route::standardStreams;
+        }
+    }
+    return route;
+}
+
+void checkRoute(Route route, const Streams& streams) {
+    if (route == Route::socket) {
+        throw Refusal{"a caller on a socket cannot be served by this build; use -STDIO"};
+    }
+    if (route == Route::unreachable) {
+        throw Refusal{"no way to the caller: a serial line is not served; use -STDIO"};
+    }
+    if (!streams.open) {
+        throw Refusal{"no way to the caller: standard input or output is closed"};
+    }
+}
+
+// Names that come from the command line and the login are in the character set of the terminal.
+std::string nameOf(const Options& options, const std::optional<DropFile>& file, Charset charset) {
+    if (options.userName || !file) {
+        const std::string name = options.userName ? *options.userName
+                                 : options.handle ? std::string()
+                                                  : loginName();
+        return charset == Charset::utf8 ? cp437FromUtf8(name) : name;
+    }
+    const std::string& first = options.realName ? file->realName : file->alias;
+    const std::string& second = options.realName ? file->alias : file->realName;
+    return first.empty() ? second : first;
+}
+
+} // namespace
+
+std::optional<DropFile> findDropFile(const Options& options, const Streams& streams) {
+    if (options.local) {
+        return std::nullopt;
+    }
+    if (options.dropFile) {
+        std::optional<DropFile> file = readDropFile(*options.dropFile);
+        if (!file) {
+            throw Refusal{*options.dropFile + ": holds no drop file"};
+        }
+        return file;
+    }
+    if (options.handle) {
+        return std::nullopt;
+    }
+    std::optional<DropFile> file = readDropFile(".");
+    if (!file && !streams.inputIsTerminal) {
+        throw Refusal{"no drop file here and no terminal; -HELP tells how to name the caller"};
+    }
+    return file;
+}
+
+Caller resolveCaller(const Options& options, const std::optional<DropFile>& file,
+                     const Streams& streams) {
+    checkRoute(actualRoute(options, file, streams), streams);
+    const bool local = !file && !options.handle;
+    Caller caller;
+    caller.charset = options.charset.value_or(local ? charsetOfEnvironment() : Charset::cp437);
+    caller.name = nameOf(options, file, caller.charset).substr(0, longestName);
+    caller.node = options.node.value_or(file ? file->node : 1);
+    caller.timed = options.minutesLeft || file;
+    const std::int64_t minutes = options.minutesLeft.value_or(usualMinutes);
+    caller.secondsLeft =
+        file && !options.minutesLeft ? file->secondsLeft : minutes * secondsPerMinute;
+    caller.ansi = options.ansi ? options.ansi : file ? file->ansi : std::nullopt;
+    caller.inactivitySeconds = options.inactivitySeconds.value_or(local ? 0 : usualInactivity);
+    return caller;
+}
+
+} // namespace odoors

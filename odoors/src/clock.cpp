@@ -1,0 +1,49 @@
+#include "clock.h"
+
+#include <algorithm>
+#include <array>
+#include <ctime>
+
+namespace odoors {
+
+namespace {
+
+constexpr std::int64_t secondsPerMinute = 60;
+constexpr Milliseconds perSecond = 1000;
+constexpr std::int64_t mostMinutesShown = 32767;
+constexpr std::array warnings{1, 5};
+
+} // namespace
+
+Milliseconds presentMoment() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<Milliseconds>(now.tv_sec) * perSecond + now.tv_nsec / 1'000'000;
+}
+
+TimeLimit::TimeLimit(Milliseconds start, std::int64_t seconds, bool enforced)
+    : start_(start), seconds_(std::max<std::int64_t>(0, seconds)), enforced_(enforced) {}
+
+int TimeLimit::minutesLeft(Milliseconds now) const {
+    const std::int64_t passed = (now - start_) / (secondsPerMinute * perSecond);
+    const std::int64_t left = seconds_ / secondsPerMinute - passed;
+    return static_cast<int>(std::clamp<std::int64_t>(left, 0, mostMinutesShown));
+}
+
+Milliseconds TimeLimit::end() const {
+    return enforced_ ? start_ + seconds_ * perSecond : never;
+}
+
+int TimeLimit::takeWarning(Milliseconds now) {
+    for (const int minutes : warnings) {
+        const std::int64_t seconds = minutes * secondsPerMinute;
+        const bool given = lastWarning_ != 0 && lastWarning_ <= minutes;
+        if (enforced_ && !given && seconds_ > seconds && end() - now <= seconds * perSecond) {
+            lastWarning_ = minutes;
+            return minutes;
+        }
+    }
+    return 0;
+}
+
+} // namespace odoors

@@ -1,0 +1,44 @@
+#ifndef ODOORS_CLOCK_H
+#define ODOORS_CLOCK_H
+
+#include <cstdint>
+#include <limits>
+
+namespace odoors {
+
+// A moment or a span in milliseconds; moments count from an arbitrary start.
+using Milliseconds = std::int64_t;
+
+constexpr Milliseconds never = std::numeric_limits<Milliseconds>::max();
+
+// The present moment on a clock that nobody can set.
+Milliseconds presentMoment();
+
+// The time that one caller has: how much is left, and what he must be told about it.
+class TimeLimit {
+public:
+    TimeLimit() = default;
+
+    // A caller who has that many seconds from start on; unless enforced they only count down.
+    TimeLimit(Milliseconds start, std::int64_t seconds, bool enforced);
+
+    // The whole minutes to show: one less for every whole minute that has passed, 0 to 32767.
+    int minutesLeft(Milliseconds now) const;
+
+    // When the time is used up; never when it is not enforced.
+    Milliseconds end() const;
+
+    // The warning that is due, as the minutes (5 or 1) that are at most left; 0 for none. Each is
+    // due once, and only for a caller who began with more.
+    int takeWarning(Milliseconds now);
+
+private:
+    Milliseconds start_ = 0;
+    std::int64_t seconds_ = 0;
+    bool enforced_ = false;
+    int lastWarning_ = 0;
+};
+
+} // namespace odoors
+
+#endif

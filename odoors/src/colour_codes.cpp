@@ -1,0 +1,105 @@
+#include "colour_codes.h"
+
+#include <array>
+
+#include "text.h"
+
+namespace odoors {
+
+namespace {
+
+struct ColourName {
+    std::string_view word;
+    int number;
+};
+
+constexpr int brightBit = 8;
+
+constexpr std::array<ColourName, 10> colourNames{{{"black", 0},
+                                                  {"blue", 1},
+                                                  {"green", 2},
+                                                  {"cyan", 3},
+                                                  {"red", 4},
+                                                  {"magenta", 5},
+                                                  {"brown", 6},
+                                                  {"yellow", 6},
+                                                  {"white", 7},
+                                                  {"grey", 7}}};
+
+// The ANSI digit of each PC colour.
+constexpr std::string_view ansiDigits = "04261537";
+
+std::optional<int> colourNumber(std::string_view word) {
+    for (const ColourName& name : colourNames) {
+        if (sameLetters(name.word, word)) {
+            return name.number;
+        }
+    }
+    return std::nullopt;
+}
+
+// Takes the next word off the front of the text; empty at its end.
+std::string_view takeWord(std::string_view& text) {
+    text.remove_prefix(std::min(text.size(), text.find_first_not_of(' ')));
+    const std::string_view word = text.substr(0, text.find(' '));
+    text.remove_prefix(word.size());
+    return word;
+}
+
+// Whether the word is one that stands before the foreground; notes what it says.
+bool readModifier(std::string_view word, Attribute& attribute, int& brightness) {
+    if (sameLetters(word, "bright")) {
+        brightness = brightBit;
+    } else if (sameLetters(word, "dark")) {
+        brightness = 0;
+    } else if (sameLetters(word, "flashing")) {
+        attribute.flashing = true;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+std::optional<Attribute> readColourCode(std::string_view words) {
+    Attribute attribute;
+    int brightness = 0;
+    std::string_view word = takeWord(words);
+    while (readModifier(word, attribute, brightness)) {
+        word = takeWord(words);
+    }
+    const std::optional<int> foreground = colourNumber(word);
+    if (!foreground) {
+        return std::nullopt;
+    }
+    attribute.foreground = *foreground + brightness;
+    word = takeWord(words);
+    if (word.empty()) {
+        return attribute;
+    }
+    const std::optional<int> background = colourNumber(takeWord(words));
+    if (!sameLetters(word, "on") || !background || !takeWord(words).empty()) {
+        return std::nullopt;
+    }
+    attribute.background = *background;
+    return attribute;
+}
+
+std::string ansiSequence(const Attribute& attribute) {
+    const auto digit = [](int colour) { return ansiDigits[static_cast<unsigned>(colour % 8)]; };
+    std::string sequence = "\033[0";
+    if (attribute.foreground >= brightBit) {
+        sequence += ";1";
+    }
+    if (attribute.flashing) {
+        sequence += ";5";
+    }
+    sequence.append(";3") += digit(attribute.foreground);
+    if (attribute.background != 0) {
+        sequence.append(";4") += digit(attribute.background);
+    }
+    return sequence + 'm';
+}
+
+} // namespace odoors

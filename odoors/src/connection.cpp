@@ -1,0 +1,81 @@
+#include "connection.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <limits>
+
+#include <poll.h>
+#include <unistd.h>
+
+#include "terminal.h"
+
+namespace odoors {
+
+namespace {
+
+constexpr std::size_t chunk = 4096;
+
+// Whether a failed read or write is worth another try.
+bool isPassing(int error) {
+    return error == EINTR || error == EAGAIN || error == EWOULDBLOCK;
+}
+
+} // namespace
+
+Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
+    if (lost_) {
+        return Event::lost;
+    }
+    // The output is watched too, since a caller may go away without closing the input.
+    std::array<pollfd, 2> ends{{{input_, POLLIN, 0}, {output_, 0, 0}}};
+    const Milliseconds longest = std::numeric_limits<int>::max();
+    const int wait = static_cast<int>(std::clamp<Milliseconds>(patience, 0, longest));
+    if (poll(ends.data(), ends.size(), wait) < 0) {
+        return errno == EINTR ? Event::nothing : lose();
+    }
+    if (ends[0].revents != 0) {
+        std::array<char, chunk> buffer;
+        const ssize_t count = ::read(input_, buffer.data(), buffer.size());
+        if (count > 0) {
+            bytes.append(buffer.data(), static_cast<std::size_t>(count));
+            return Event::bytes;
+        }
+        return count < 0 && isPassing(errno) ? Event::nothing : lose();
+    }
+    return (ends[1].revents & (POLLERR | POLLHUP | POLLNVAL)) != 0 ? lose() : Event::nothing;
+}
+
+bool Connection::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(output_, bytes.data(), bytes.size());
+        if (count >= 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        } else if (sessionSignalled() || !isPassing(errno)) {
+            lost_ = true;
+            return false;
+        } else if (errno != EINTR) {
+            pollfd end{output_, POLLOUT, 0};
+            poll(&end, 1, -1);
+        }
+    }
+    return true;
+}
+
+void Connection::writeAtParting(std::string_view bytes) const {
+    pollfd end{output_, POLLOUT, 0};
+    if (!bytes.empty() && poll(&end, 1, 0) == 1 && (end.revents & POLLOUT) != 0) {
+        [[maybe_unused]] const ssize_t count = ::write(output_, bytes.data(), bytes.size());
+    }
+}
+
+bool Connection::isTerminal() const {
+    return isatty(input_) == 1 && isatty(output_) == 1;
+}
+
+Connection::Event Connection::lose() {
+    lost_ = true;
+    return Event::lost;
+}
+
+} // namespace odoors

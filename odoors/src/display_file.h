@@ -1,0 +1,15 @@
+#ifndef ODOORS_DISPLAY_FILE_H
+#define ODOORS_DISPLAY_FILE_H
+
+#include <string>
+
+namespace odoors {
+
+// The bytes to show for a display file: name.ans for a caller with ANSI graphics when there is
+// one, else name.asc, in any letter case, without the description record that follows byte 26.
+// Empty when there is no such file.
+std::string readDisplayFile(const std::string& name, bool ansi);
+
+} // namespace odoors
+
+#endif

@@ -1,0 +1,70 @@
+#include "files.h"
+
+#include <array>
+#include <cstdio>
+#include <memory>
+
+#include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "text.h"
+
+namespace odoors {
+
+namespace {
+
+constexpr std::size_t chunk = 4096;
+
+struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+    void operator()(DIR* directory) const { closedir(directory); }
+};
+
+} // namespace
+
+std::optional<std::string> findFile(const std::string& path) {
+    if (access(path.c_str(), F_OK) == 0) {
+        return path;
+    }
+    const std::string name = lastPart(path);
+    const std::string folder = path.substr(0, path.size() - name.size());
+    const std::unique_ptr<DIR, Closer> directory(opendir(folder.empty() ? "." : folder.c_str()));
+    std::optional<std::string> best;
+    const dirent* entry = nullptr;
+    while (directory && (entry = readdir(directory.get())) != nullptr) {
+        const std::string candidate = folder + entry->d_name;
+        if (sameLetters(entry->d_name, name) && (!best || candidate < *best)) {
+            best = candidate;
+        }
+    }
+    return best;
+}
+
+std::optional<std::string> readFile(const std::string& path) {
+    const std::unique_ptr<std::FILE, Closer> file(std::fopen(path.c_str(), "rbe"));
+    if (!file) {
+        return std::nullopt;
+    }
+    std::string bytes;
+    std::array<char, chunk> buffer;
+    std::size_t count = 0;
+    while ((count = std::fread(buffer.data(), 1, buffer.size(), file.get())) > 0) {
+        bytes.append(buffer.data(), count);
+    }
+    if (std::ferror(file.get()) != 0) {
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+bool isDirectory(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+std::string lastPart(const std::string& path) {
+    return path.substr(path.rfind('/') + 1);
+}
+
+} // namespace odoors

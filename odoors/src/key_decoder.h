@@ -1,0 +1,77 @@
+// Keys out of the bytes that a terminal sends:
+//
+//     CR, LF, CR LF, CR NUL         one key, Return (13)
+//     8, 127                        one key, backspace (8)
+//     ESC [ ... final, ESC O ...    one key that no menu has (otherKey): an arrow, a function key.
+//                                   Up to the final byte (64 to 126); the Linux console's
+//                                   ESC [ [ A has one byte more. A control byte breaks a sequence
+//                                   off and is a key after it.
+//     any other ESC                 a key of its own, 27
+//     NUL                           no key
+//
+// From a terminal that shows UTF-8 a character comes as its CP437 byte, or as otherKey when CP437
+// has none.
+#ifndef ODOORS_KEY_DECODER_H
+#define ODOORS_KEY_DECODER_H
+
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "charset.h"
+
+namespace odoors {
+
+constexpr char returnKey = 13;
+constexpr char backspaceKey = 8;
+constexpr char escapeKey = 27;
+constexpr char otherKey = 127; // free, since a delete is a backspace
+
+class KeyDecoder {
+public:
+    void setCharset(Charset charset) { charset_ = charset; }
+
+    // Takes what the terminal sent.
+    void feed(std::string_view bytes);
+
+    // Whether the last byte was an escape, so that what follows at once decides what it is.
+    bool escapePending() const { return state_ == State::escape; }
+
+    // Nothing followed the escape at once: it is a key of its own.
+    void settleEscape();
+
+    // The input is at its end: an escape is a key, a sequence that is cut short is none.
+    void finish() { settleEscape(); }
+
+    // Takes the next key; 0 when there is none.
+    char take();
+
+    // The next key, left where it is; 0 when there is none.
+    char peek() const { return keys_.empty() ? '\0' : keys_.front(); }
+
+    // From now on one report of the cursor's position is no key.
+    void expectCursorReport() { reportExpected_ = true; }
+
+    // Whether that report has come.
+    bool cursorReportSeen() const { return reportSeen_; }
+
+private:
+    enum class State { text, afterReturn, escape, sequence, consoleSequence };
+
+    void feedText(char byte);
+    void feedSequence(char byte);
+    void feedUtf8(char byte);
+    void endSequence();
+
+    std::deque<char> keys_;
+    Charset charset_ = Charset::cp437;
+    Utf8Reader utf8_;
+    State state_ = State::text;
+    std::string sequence_; // the bytes after the escape
+    bool reportExpected_ = false;
+    bool reportSeen_ = false;
+};
+
+} // namespace odoors
+
+#endif

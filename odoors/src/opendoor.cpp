@@ -1,0 +1,165 @@
+// The interface in C, over the one session of this process.
+#include "OpenDoor.h"
+
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "display_file.h"
+#include "line_input.h"
+#include "options.h"
+#include "session.h"
+#include "text.h"
+
+using odoors::Attribute;
+using odoors::Session;
+
+tODControl od_control;
+
+namespace {
+
+odoors::Options options;
+bool opened = false;
+
+Session& session() {
+    static Session theSession;
+    return theSession;
+}
+
+[[noreturn]] void refuse(const odoors::Refusal& refusal, const char* more) {
+    // A board may have closed the other end of standard error.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::fprintf(stderr, "%s\n%s", refusal.reason.c_str(), more);
+    std::exit(1);
+}
+
+std::string_view orEmpty(const char* text) {
+    return text != nullptr ? text : "";
+}
+
+// The key as it stands among the keys, in either case; 0 when it is none of them.
+char choose(std::string_view keys, char key) {
+    for (const char choice : keys) {
+        if (key != 0 && odoors::sameLetter(choice, key)) {
+            return choice;
+        }
+    }
+    return 0;
+}
+
+char waitForChoice(std::string_view keys) {
+    char choice = 0;
+    while (choice == 0) {
+        choice = choose(keys, session().waitForKey());
+    }
+    return choice;
+}
+
+char choiceIfThere(std::string_view keys) {
+    char key = 0;
+    char choice = 0;
+    while (choice == 0 && (key = session().keyIfThere()) != 0) {
+        choice = choose(keys, key);
+    }
+    return choice;
+}
+
+} // namespace
+
+void od_parse_cmd_line(int argc, char* argv[]) {
+    try {
+        options =
+            odoors::readOptions({argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)});
+    } catch (const odoors::Refusal& refusal) {
+        refuse(refusal, odoors::usage);
+    }
+    if (options.help) {
+        std::fputs(odoors::usage, stdout);
+        std::exit(0);
+    }
+}
+
+void od_init() {
+    if (opened) {
+        return;
+    }
+    try {
+        session().open(options);
+        opened = true;
+    } catch (const odoors::Refusal& refusal) {
+        refuse(refusal, "");
+    }
+}
+
+void od_exit(int errorlevel, int) {
+    session().finish(errorlevel);
+}
+
+void od_set_color(int foreground, int background) {
+    session().output.setAttribute({foreground & 15, background & 7, false});
+}
+
+void od_autodetect(int) {
+    session().detectAnsi();
+}
+
+void od_clr_scr() {
+    session().output.clear();
+}
+
+void od_printf(const char* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    std::va_list again;
+    va_copy(again, arguments);
+    char text[1024];
+    const int size = std::vsnprintf(text, sizeof text, format, arguments);
+    if (size >= 0 && static_cast<std::size_t>(size) < sizeof text) {
+        session().output.showCoded({text, static_cast<std::size_t>(size)});
+    } else if (size >= 0) {
+        std::string whole(static_cast<std::size_t>(size), '\0');
+        std::vsnprintf(whole.data(), whole.size() + 1, format, again);
+        session().output.showCoded(whole);
+    }
+    va_end(again);
+    va_end(arguments);
+}
+
+void od_disp(const char* text, int size, int) {
+    if (text != nullptr && size > 0) {
+        session().output.show({text, static_cast<std::size_t>(size)});
+    }
+}
+
+void od_disp_str(const char* text) {
+    session().output.show(orEmpty(text));
+}
+
+void od_set_cursor(int row, int column) {
+    session().output.moveTo(row, column);
+}
+
+char od_get_key(int wait) {
+    return wait != 0 ? session().waitForKey() : session().keyIfThere();
+}
+
+char od_get_answer(const char* answers) {
+    return waitForChoice(orEmpty(answers));
+}
+
+void od_input_str(char* text, int max_length, unsigned char min, unsigned char max) {
+    odoors::editLine(session(), text, static_cast<std::size_t>(max_length > 0 ? max_length : 0),
+                     min, max);
+}
+
+char od_hotkey_menu(const char* name, const char* hotkeys, int wait) {
+    const std::string_view keys = orEmpty(hotkeys);
+    if (choose(keys, session().typedAhead()) == 0) {
+        session().output.showFile(
+            odoors::readDisplayFile(std::string(orEmpty(name)), session().ansi()));
+    }
+    return wait != 0 ? waitForChoice(keys) : choiceIfThere(keys);
+}

@@ -1,0 +1,39 @@
+#ifndef ODOORS_OPTIONS_H
+#define ODOORS_OPTIONS_H
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "charset.h"
+
+namespace odoors {
+
+// What the command line asks for; what it leaves open is none.
+struct Options {
+    std::optional<std::string> dropFile;
+    bool local = false;
+    std::optional<std::string> userName;
+    bool realName = false;
+    std::optional<std::int64_t> minutesLeft;
+    std::optional<int> node;
+    std::optional<int> handle;
+    bool standardStreams = false;
+    std::optional<bool> ansi;
+    std::optional<Charset> charset; // none: what the terminal seems to show
+    std::optional<std::int64_t> inactivitySeconds;
+    std::optional<std::string> lockFile;
+    bool help = false;
+};
+
+// Reads the arguments after the program's name. Throws a Refusal for an option that is unknown or
+// wants a value that is not there or makes no sense; nothing after -HELP is looked at.
+Options readOptions(std::span<const char* const> arguments);
+
+// The options, a line each.
+extern const char* const usage;
+
+} // namespace odoors
+
+#endif

@@ -1,0 +1,126 @@
+#include "output.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace odoors {
+
+namespace {
+
+constexpr char escape = 27;
+constexpr char deleteByte = 127;
+constexpr char codeMark = '`';
+constexpr int tabWidth = 8;
+constexpr int widestScreen = 255;
+
+bool isControl(char byte) {
+    return static_cast<unsigned char>(byte) < ' ' || byte == deleteByte;
+}
+
+} // namespace
+
+void Output::show(std::string_view text) {
+    for (const char byte : text) {
+        if (!isControl(byte) || byte == '\r' || byte == '\n') {
+            sendAttribute();
+            put(byte);
+        }
+    }
+}
+
+void Output::showCoded(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t open = std::min(text.size(), text.find(codeMark));
+        show(text.substr(0, open));
+        text.remove_prefix(std::min(text.size(), open + 1));
+        const std::size_t close = std::min(text.size(), text.find(codeMark));
+        attribute_ = readColourCode(text.substr(0, close)).value_or(attribute_);
+        text.remove_prefix(std::min(text.size(), close + 1));
+    }
+}
+
+void Output::showFile(std::string_view bytes) {
+    if (bytes.empty()) {
+        return;
+    }
+    sendAttribute();
+    for (const char byte : bytes) {
+        put(byte);
+    }
+    inSequence_ = false;
+    if (bytes.find(escape) != std::string_view::npos) {
+        terminalAttribute_.reset();
+    }
+}
+
+void Output::erase(int characters) {
+    for (; characters > 0; --characters) {
+        sendAttribute();
+        for (const char byte : {'\b', ' ', '\b'}) {
+            put(byte);
+        }
+    }
+}
+
+void Output::clear() {
+    bytes_ += ansi() ? "\033[2J\033[H" : "\f";
+    column_ = 0;
+}
+
+void Output::moveTo(int row, int column) {
+    row = std::clamp(row, 1, widestScreen);
+    column = std::clamp(column, 1, widestScreen);
+    if (ansi()) {
+        bytes_ += "\033[" + std::to_string(row) + ';' + std::to_string(column) + 'H';
+        column_ = column - 1;
+        return;
+    }
+    if (column_ < column - 1) {
+        show(std::string(static_cast<std::size_t>(column - 1 - column_), ' '));
+    }
+}
+
+void Output::resetColour() {
+    if (ansi()) {
+        bytes_ += "\033[0m";
+        terminalAttribute_.reset();
+    }
+}
+
+std::string Output::take() {
+    return std::exchange(bytes_, {});
+}
+
+void Output::sendAttribute() {
+    if (ansi() && terminalAttribute_ != attribute_) {
+        bytes_ += ansiSequence(attribute_);
+        terminalAttribute_ = attribute_;
+    }
+}
+
+void Output::put(char byte) {
+    if (charset_ == Charset::utf8) {
+        appendAsUtf8(bytes_, byte);
+    } else {
+        bytes_ += byte;
+    }
+    followColumn(byte);
+}
+
+void Output::followColumn(char byte) {
+    if (inSequence_) {
+        inSequence_ = byte == '[' || byte == ';' || (byte >= '0' && byte <= '9');
+    } else if (byte == escape) {
+        inSequence_ = true;
+    } else if (byte == '\r' || byte == '\f') {
+        column_ = 0;
+    } else if (byte == '\b') {
+        column_ = std::max(0, column_ - 1);
+    } else if (byte == '\t') {
+        column_ += tabWidth - column_ % tabWidth;
+    } else if (!isControl(byte)) {
+        ++column_;
+    }
+}
+
+} // namespace odoors

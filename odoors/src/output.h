@@ -1,0 +1,75 @@
+#ifndef ODOORS_OUTPUT_H
+#define ODOORS_OUTPUT_H
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "charset.h"
+#include "colour_codes.h"
+
+namespace odoors {
+
+// What the caller is to be shown next: collects bytes for his terminal until they are taken.
+//
+// A colour change costs nothing until text follows it; then the whole attribute goes out as one
+// ANSI sequence, unless the terminal has it already. Without ANSI graphics the attribute is kept
+// all the same, since ANSI graphics may come on during the session.
+class Output {
+public:
+    // The flag is looked at whenever it matters: 1 means that the caller has ANSI graphics.
+    explicit Output(const char& ansiFlag) : ansiFlag_(ansiFlag) {}
+
+    void setCharset(Charset charset) { charset_ = charset; }
+
+    // Sets the colour of what follows.
+    void setAttribute(const Attribute& attribute) { attribute_ = attribute; }
+
+    // Shows a text as it is, but for control bytes other than CR and LF, which are dropped.
+    void show(std::string_view text);
+
+    // Shows a text and obeys the colour codes in it; a code that is left open ends with the text.
+    void showCoded(std::string_view text);
+
+    // Shows the bytes of a display file as they are, escape sequences and all.
+    void showFile(std::string_view bytes);
+
+    // Takes the last characters off the screen.
+    void erase(int characters);
+
+    // Clears the screen and moves home.
+    void clear();
+
+    // Moves to a row and a column, both from 1; without ANSI graphics it pads to the column.
+    void moveTo(int row, int column);
+
+    // Adds a control sequence that moves nothing and colours nothing.
+    void control(std::string_view sequence) { bytes_ += sequence; }
+
+    // Gives the terminal its own colour back.
+    void resetColour();
+
+    // The column that the cursor is in, from 0.
+    int column() const { return column_; }
+
+    // What has been collected; nothing is left.
+    std::string take();
+
+private:
+    bool ansi() const { return ansiFlag_ == 1; }
+    void sendAttribute();
+    void put(char byte);
+    void followColumn(char byte);
+
+    const char& ansiFlag_;
+    Charset charset_ = Charset::cp437;
+    Attribute attribute_;
+    std::optional<Attribute> terminalAttribute_; // none: nobody knows
+    int column_ = 0;
+    bool inSequence_ = false;
+    std::string bytes_;
+};
+
+} // namespace odoors
+
+#endif

@@ -1,0 +1,109 @@
+#include "terminal.h"
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+
+#include <sys/time.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace odoors {
+
+namespace {
+
+constexpr std::array endingSignals{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+constexpr std::array crashSignals{SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV};
+
+// A signal that comes just before a blocking call would not break it, so it is repeated a few
+// times; whoever has not ended then is stuck.
+constexpr suseconds_t repeatMicroseconds = 100'000;
+constexpr int repeats = 5;
+
+termios found{};
+volatile std::sig_atomic_t rawDescriptor = -1;
+volatile std::sig_atomic_t signalsSeen = 0;
+volatile std::sig_atomic_t endingStatus = 0;
+
+void onEndingSignal(int) {
+    if (signalsSeen == 0) {
+        const itimerval repeat{{0, repeatMicroseconds}, {0, repeatMicroseconds}};
+        setitimer(ITIMER_REAL, &repeat, nullptr);
+    }
+    signalsSeen = signalsSeen + 1;
+    if (signalsSeen > repeats) {
+        restoreTerminal();
+        _exit(endingStatus);
+    }
+}
+
+// The terminal must not stay raw behind a program that failed.
+void onCrash(int signal) {
+    restoreTerminal();
+    raise(signal);
+}
+
+void handle(int signal, void (*handler)(int), int flags) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    action.sa_flags = flags;
+    sigemptyset(&action.sa_mask);
+    sigaction(signal, &action, nullptr);
+}
+
+} // namespace
+
+void makeTerminalRaw(int descriptor) {
+    if (tcgetattr(descriptor, &found) != 0) {
+        return;
+    }
+    termios raw = found;
+    raw.c_iflag &= ~static_cast<tcflag_t>(IGNBRK | BRKINT | PARMRK | ISTRIP | INLCR | IGNCR |
+                                          ICRNL | IXON | IXOFF);
+    raw.c_oflag &= ~static_cast<tcflag_t>(OPOST);
+    raw.c_lflag &= ~static_cast<tcflag_t>(ECHO | ECHONL | ICANON | ISIG | IEXTEN);
+    raw.c_cc[VMIN] = 1;
+    raw.c_cc[VTIME] = 0;
+    rawDescriptor = descriptor;
+    std::atexit(restoreTerminal);
+    tcsetattr(descriptor, TCSANOW, &raw);
+}
+
+void restoreTerminal() {
+    const int descriptor = rawDescriptor;
+    if (descriptor < 0) {
+        return;
+    }
+    rawDescriptor = -1;
+    // A process in the background would be stopped here rather than end.
+    handle(SIGTTOU, SIG_IGN, 0);
+    tcsetattr(descriptor, TCSANOW, &found);
+}
+
+void watchSignals(int status) {
+    endingStatus = status;
+    sigset_t unblocked;
+    sigemptyset(&unblocked);
+    sigaddset(&unblocked, SIGALRM);
+    handle(SIGALRM, onEndingSignal, 0);
+    for (const int signal : endingSignals) {
+        handle(signal, onEndingSignal, 0);
+        sigaddset(&unblocked, signal);
+    }
+    sigprocmask(SIG_UNBLOCK, &unblocked, nullptr);
+    for (const int signal : crashSignals) {
+        struct sigaction present {};
+        sigaction(signal, nullptr, &present);
+        if (present.sa_handler == SIG_DFL) {
+            handle(signal, onCrash, static_cast<int>(SA_RESETHAND));
+        }
+    }
+    handle(SIGTSTP, SIG_IGN, 0);
+    handle(SIGPIPE, SIG_IGN, 0);
+}
+
+bool sessionSignalled() {
+    return signalsSeen > 0;
+}
+
+} // namespace odoors

@@ -1,0 +1,25 @@
+#ifndef ODOORS_TERMINAL_H
+#define ODOORS_TERMINAL_H
+
+namespace odoors {
+
+// Puts the terminal behind the descriptor into raw mode, so that every key comes at once, unechoed
+// and as it is, until restoreTerminal(), the end of the process or its crash. Keys already typed
+// are kept. Does nothing for what is no terminal.
+void makeTerminalRaw(int descriptor);
+
+// Gives the terminal back as it was found; may be called at any time and from a signal handler.
+void restoreTerminal();
+
+// From now on a signal that ends the session (a hang-up, an interrupt, a termination) is noted and
+// breaks every wait; a process that does not end by itself soon after is ended with the status.
+// A caller who goes away raises no signal when he is written to, and no stop leaves the terminal
+// raw.
+void watchSignals(int status);
+
+// Whether such a signal has come.
+bool sessionSignalled();
+
+} // namespace odoors
+
+#endif

@@ -1,0 +1,31 @@
+#ifndef ODOORS_TEXT_H
+#define ODOORS_TEXT_H
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace odoors {
+
+// Why the session cannot begin, as one line for the operator; ends the program with status 1.
+struct Refusal {
+    std::string reason;
+};
+
+// The text without the blanks and control bytes at its end.
+std::string_view withoutTrailingBlanks(std::string_view text);
+
+// Whether both texts are the same but for the case of their letters A to Z.
+bool sameLetters(std::string_view one, std::string_view other);
+
+// Whether both keys or characters are the same but for the case of a letter A to Z.
+bool sameLetter(char one, char other);
+
+// The whole number that the text is, blanks around it allowed, held within ±10^13; none when the
+// text is anything else.
+std::optional<std::int64_t> readNumber(std::string_view text);
+
+} // namespace odoors
+
+#endif

@@ -1,0 +1,61 @@
+#include "door/door_session.h"
+
+#include "door/configuration.h"
+#include "door/screen.h"
+#include "door/title_menu.h"
+#include "state/game_state.h"
+
+#include <array>
+#include <cstdio>
+#include <ctime>
+#include <unistd.h>
+
+namespace morvek {
+namespace {
+
+constexpr int brightWhite = 15;
+constexpr int black = 0;
+
+// The day of the call is the day it began, also when it passes midnight.
+void takeDateStamp() {
+    const std::time_t now = std::time(nullptr);
+    std::array<char, 16> stamp{};
+    if (const std::tm* local = std::localtime(&now)) {
+        std::strftime(stamp.data(), stamp.size(), "%m%d%y", local);
+    }
+    game.session.dateStamp = stamp.data();
+}
+
+// A directory that is not there is no reason to stop: the game then lives where it was started.
+void enterGameDirectory() {
+    if (::chdir(game.session.gameDirectory.c_str()) != 0) {
+        return;
+    }
+}
+
+} // namespace
+
+void takeDisplayName() {
+    game.session.displayUserName = userName().empty() ? "Default" : userName();
+}
+
+int runDoor(int argc, char* argv[]) {
+    readCommandLine(argc, argv);
+    if (!readConfiguration()) {
+        std::fprintf(stderr, "morvek: %s: a line is longer than 253 characters\n",
+                     configurationFileName);
+        return 1;
+    }
+    openSession();
+    // A record holds no longer a name; whoever has one is known by its beginning everywhere.
+    limitUserName(TextSlot::capacity);
+    setColour(brightWhite, black);
+    takeDateStamp();
+    takeDisplayName();
+    detectTerminal();
+    clearAnsiOnly();
+    enterGameDirectory();
+    titleMenu();
+}
+
+} // namespace morvek

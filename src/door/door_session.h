@@ -1,0 +1,13 @@
+#pragma once
+
+namespace morvek {
+
+// The program: opens the session, prepares the game and runs the title, which ends the process.
+// Returns only when the configuration cannot be used: with the process's status 1, before the
+// caller is connected.
+int runDoor(int argc, char* argv[]);
+
+// Takes the name to display from the toolkit: the caller's, or "Default" when it is empty.
+void takeDisplayName();
+
+} // namespace morvek

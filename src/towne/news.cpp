@@ -1,0 +1,61 @@
+#include "towne/news.h"
+
+#include "door/screen.h"
+#include "files/data_file.h"
+#include "state/game_state.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace morvek {
+namespace {
+
+constexpr std::size_t longestPiece = 49;
+constexpr std::string_view firstLine = "It's a new day!\n\r";
+
+std::string newsFileName() {
+    return game.session.dateStamp + ".txt";
+}
+
+// A file that is there but cannot be read keeps what it holds.
+void beginDay(const std::string& path) {
+    if (!canRead(path)) {
+        createWith(path, firstLine);
+    }
+}
+
+std::size_t pieceLength(std::string_view text) {
+    const std::size_t lineEnd = text.find('\n');
+    const std::size_t line = lineEnd == std::string_view::npos ? text.size() : lineEnd + 1;
+    return std::min(line, longestPiece);
+}
+
+} // namespace
+
+void newsJoined() {
+    const std::string path = newsFileName();
+    beginDay(path);
+    appendTo(path, std::string(userName()) + " joined the game.\n\r");
+}
+
+void showNews() {
+    const std::string path = newsFileName();
+    beginDay(path);
+    const std::optional<std::string> news = readWhole(path);
+    if (!news) {
+        return;
+    }
+    clearScreen();
+    say("\n\r`red`News for today`bright red`:\n\r\n\r");
+    say("`bright white`");
+    for (std::string_view rest = *news; !rest.empty();) {
+        const std::size_t length = pieceLength(rest);
+        show(rest.substr(0, length));
+        say("\n\r");
+        rest.remove_prefix(length);
+    }
+    pressAnyKey();
+}
+
+} // namespace morvek

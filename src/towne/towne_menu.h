@@ -1,0 +1,8 @@
+#pragma once
+
+namespace morvek {
+
+// Towne, the hub: runs until the caller quits or the player has no hit points left.
+void towneMenu();
+
+} // namespace morvek

@@ -1,0 +1,45 @@
+#include "door/configuration.h"
+
+#include "state/game_state.h"
+#include "support/temporary_directory.h"
+
+using namespace morvek;
+using namespace morvek::test;
+
+class Configuration : public InTemporaryDirectory {
+protected:
+    static std::string read(const std::string& content) {
+        game = GameState{};
+        writeFile("morvek.cfg", content);
+        if (!readConfiguration()) {
+            return "too long";
+        }
+        return game.session.hostName + "|" + game.session.gameDirectory;
+    }
+};
+
+TEST_F(Configuration, LinesAreTakenAsTheyAreAndMayBeMissing) {
+    EXPECT_EQ(read("free\nThe Board\n/games\n"), "The Board|/games");
+    EXPECT_EQ(read("free\n The Board \r\n/games"), " The Board \r|/games");
+    EXPECT_EQ(read("free\nThe Board\n"), "The Board|");
+    EXPECT_EQ(read("free"), "|");
+    EXPECT_EQ(read(""), "|");
+    EXPECT_EQ(read("\n\n# no comment"), "|# no comment");
+    std::filesystem::remove("morvek.cfg");
+    EXPECT_TRUE(readConfiguration());
+}
+
+TEST_F(Configuration, ALineOf254CharactersIsTooLongInEveryPlace) {
+    const std::string longest(253, 'x');
+    EXPECT_EQ(read(longest + "\n" + longest + "\n" + longest + "\n"), longest + "|" + longest);
+    EXPECT_EQ(read(longest + "\n" + longest + "\n" + longest), longest + "|" + longest);
+    for (int line = 0; line < 3; ++line) {
+        std::string text;
+        for (int before = 0; before < line; ++before) {
+            text += longest + "\n";
+        }
+        EXPECT_EQ(read(text + longest + "x"), "too long") << line;
+        EXPECT_EQ(read(text + longest + "x\nb\nc\n"), "too long") << line;
+    }
+    EXPECT_EQ(read("a\nb\nc\n" + longest + longest), "b|c") << "the fourth line is nobody's";
+}

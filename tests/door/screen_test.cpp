@@ -1,0 +1,40 @@
+#include "door/screen.h"
+
+#include "support/scripted_caller.h"
+
+#include <gmock/gmock.h>
+
+using namespace morvek;
+using namespace morvek::test;
+
+TEST(Screen, SaysTextsOfAnyLengthWhole) {
+    newCall();
+    for (const std::size_t length : {511U, 512U, 2000U}) {
+        caller.type("");
+        say("<%s>", std::string(length, 'x').c_str());
+        EXPECT_EQ(caller.seen, "<" + std::string(length, 'x') + ">");
+    }
+}
+
+TEST(Screen, ShowsMoneyWithoutDecimals) {
+    EXPECT_EQ(moneyText(0.5), "0");
+    EXPECT_EQ(moneyText(-6000), "-6000");
+    EXPECT_EQ(moneyText(12345678901.0), "12345678901");
+    EXPECT_EQ(moneyText(1e308).size(), 309U);
+}
+
+TEST(Screen, ReadsNumbersAsStrtolWithinAnInt) {
+    EXPECT_EQ(typedNumber(" 12x"), 12);
+    EXPECT_EQ(typedNumber("-3"), -3);
+    EXPECT_EQ(typedNumber("none"), 0);
+    EXPECT_EQ(typedNumber("99999999999"), INT32_MAX);
+    EXPECT_EQ(typedNumber("-99999999999999999999"), INT32_MIN);
+}
+
+TEST(Screen, OffersAFieldsOldContent) {
+    newCall();
+    caller.type("\r\b7\r8\r");
+    EXPECT_EQ(askLine(8, 32, 127, "120"), "120");
+    EXPECT_EQ(askLine(8, 32, 127, "120"), "127");
+    EXPECT_EQ(askLine(8, 32, 127, "120"), "8");
+}

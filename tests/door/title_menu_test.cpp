@@ -1,0 +1,98 @@
+// From the start of the program to its end, as the scripted caller sees it.
+#include "door/title_menu.h"
+
+#include "door/door_session.h"
+#include "door/screen.h"
+#include "state/game_state.h"
+#include "support/temporary_directory.h"
+
+using namespace morvek;
+using namespace morvek::test;
+
+class Title : public InTemporaryDirectory {
+protected:
+    // Plays a whole call with these keys and returns the status it ended with.
+    static int play(const std::string& keys) {
+        caller.type(keys);
+        char name[] = "morvek";
+        char* arguments[] = {name, nullptr};
+        try {
+            return runDoor(1, arguments);
+        } catch (const CallEnded& end) {
+            return end.status;
+        }
+    }
+    static constexpr const char* version =
+        "say `red`Morvek v`bright red`0`red`.`bright red`6`red`.`bright red`9a|\n"
+        "say `red`By: `bright red`The Morvek developers|\n"
+        "say |\n"
+        "say `red`Hosted by`bright red`: `bright white`The `blue`Board\n"
+        "say |\n"
+        "say ||\n"
+        "menu intmenu SHQ\n";
+};
+
+TEST_F(Title, StartsInOrderAndQuits) {
+    std::filesystem::create_directory("data");
+    writeFile("morvek.cfg", "free\nThe `blue`Board\ndata\n");
+    EXPECT_EQ(play("q"), 0);
+    EXPECT_EQ(caller.screen(), "options morvek\ninit\ncolour 15 0\nautodetect 1\nclear\nclear\n" +
+                                   std::string(version) + "say `bright white`Quit Game||\n");
+    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), directory / "data"));
+    EXPECT_EQ(game.session.dateStamp, "111526");
+}
+
+TEST_F(Title, WithoutAnsiOnlyTheTitleItselfBeginsOnANewLine) {
+    newCall(false);
+    writeFile("morvek.cfg", "\nThe `blue`Board\n/no/such/place\n");
+    EXPECT_EQ(play("xQ"), 0);
+    EXPECT_EQ(caller.screen(), "options morvek\ninit\ncolour 15 0\nautodetect 1\nsay ||\n" +
+                                   std::string(version) + "say `bright white`Quit Game||\n");
+    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), directory));
+}
+
+TEST_F(Title, ATooLongConfigurationEndsBeforeTheCallerIsConnected) {
+    writeFile("morvek.cfg", std::string(254, 'x'));
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(play(""), 1);
+    const std::string complaint = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(complaint.begin(), complaint.end(), '\n'), 1);
+    EXPECT_EQ(caller.screen(), "options morvek\n");
+}
+
+TEST_F(Title, ANewCallerIsCreatedSavedAndFoundAgain) {
+    EXPECT_EQ(play("SArwen\ry3kqkkQ"), 0);
+    EXPECT_EQ(readFile("111526.txt"), "It's a new day!\n\rAlice joined the game.\n\r");
+    EXPECT_EQ(readFile("morchars.dat").size(), 75000U);
+    EXPECT_EQ(readFile("morchars.dat")[56], 0) << "off-line after the quit";
+    EXPECT_TRUE(caller.saw("Top 10 Scores List is empty.\n\r\n\r`red`Press any key!"));
+
+    newCall();
+    EXPECT_THROW(play("Sk"), OutOfKeys);
+    EXPECT_FALSE(caller.saw("Creating"));
+    EXPECT_TRUE(caller.saw("Arwen"));
+    EXPECT_EQ(readFile("morchars.dat")[56], 1) << "a dropped call stays marked";
+    EXPECT_EQ(game.session.inGame, 1);
+    EXPECT_EQ(game.player.turnsLeft, 30);
+    EXPECT_EQ(game.world.currentLocation, 0);
+}
+
+TEST_F(Title, StartingAgainInOneCallAsksAndChecksANewNameLikeTheFirst) {
+    newCall(true, "Thomas the Rhymer of Erceldoune");
+    game.session.nameChecked = 1;
+    EXPECT_EQ(play("STom\ry1kqkkSkqkkhkQ"), 0);
+    EXPECT_EQ(userName(), "Thomas the Rhym");
+    EXPECT_EQ(game.session.displayUserName, "Thomas the Rhym");
+    EXPECT_TRUE(caller.saw("correct?"));
+    EXPECT_EQ(std::count(caller.calls.begin(), caller.calls.end(), "menu clasmenu 12345678"), 1)
+        << "his slot is found under the name as it was cut";
+    EXPECT_TRUE(game.player.name.empty());
+    EXPECT_TRUE(readFile("111526.txt").ends_with("Thomas the Rhym joined the game.\n\r"));
+}
+
+TEST_F(Title, AnEmptyUserNameMakesNoNews) {
+    newCall(true, "");
+    EXPECT_EQ(play("STom\ry1kqkkQ"), 0);
+    EXPECT_EQ(game.session.displayUserName, "Default");
+    EXPECT_FALSE(std::filesystem::exists("111526.txt"));
+}

@@ -1,0 +1,100 @@
+// Replacing a file whole, in every place where a file can stand.
+#include "files/data_file.h"
+#include "support/temporary_directory.h"
+
+#include <sys/stat.h>
+
+using namespace morvek;
+using namespace morvek::test;
+namespace fs = std::filesystem;
+
+class DataFile : public InTemporaryDirectory {
+protected:
+    static std::size_t filesHere() {
+        return static_cast<std::size_t>(
+            std::distance(fs::directory_iterator("."), fs::directory_iterator()));
+    }
+};
+
+TEST_F(DataFile, IsReplacedByAnotherFileAndKeepsItsMode) {
+    EXPECT_TRUE(replaceFile("data", "first"));
+    const fs::path kept = "kept";
+    fs::create_hard_link("data", kept); // the old content lives on under its other name
+    ASSERT_EQ(::chmod("data", 0640), 0);
+    EXPECT_TRUE(replaceFile("data", "second"));
+    EXPECT_EQ(readFile("data"), "second");
+    EXPECT_EQ(readFile(kept), "first");
+    struct stat status {};
+    ASSERT_EQ(::stat("data", &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+    EXPECT_EQ(filesHere(), 2U) << "no temporary file stays behind";
+}
+
+TEST_F(DataFile, ALinkIsFollowedAlsoToAFileNotThereYet) {
+    fs::create_directories("store/deep");
+    fs::create_symlink("deep/two", "store/one");
+    fs::create_symlink("store/one", "data");
+    EXPECT_TRUE(replaceFile("data", "through both"));
+    EXPECT_EQ(readFile("store/deep/two"), "through both");
+    EXPECT_TRUE(fs::is_symlink("data"));
+    EXPECT_TRUE(replaceFile("data", "again"));
+    EXPECT_EQ(readFile("store/deep/two"), "again");
+    fs::create_symlink("circle", "circle");
+    EXPECT_FALSE(replaceFile("circle", "never"));
+}
+
+TEST_F(DataFile, WhereNoTemporaryFileCanBeTheFileIsWrittenInPlace) {
+    fs::create_directory("locked");
+    writeFile("locked/data", "a longer content");
+    ASSERT_EQ(::chmod("locked/data", 0666), 0);
+    ASSERT_EQ(::chmod(".", 0755), 0);
+    ASSERT_EQ(::chmod("locked", 0555), 0);
+    const AsNobody nobody;
+    EXPECT_TRUE(replaceFile("locked/data", "short"));
+    EXPECT_EQ(readFile("locked/data"), "short");
+    EXPECT_FALSE(replaceFile("locked/other", "nothing"));
+    EXPECT_FALSE(fs::exists("locked/other"));
+}
+
+TEST_F(DataFile, WhatCannotBeWrittenIsLeftAlone) {
+    fs::create_directory("directory");
+    EXPECT_FALSE(replaceFile("directory", "nothing"));
+    EXPECT_FALSE(replaceFile("nowhere/data", "nothing"));
+    ASSERT_EQ(::mkfifo("pipe", 0666), 0);
+    EXPECT_FALSE(replaceFile("pipe", "nothing")); // and does not wait for a reader
+    EXPECT_TRUE(readWhole("pipe")->empty());
+    writeFile("readonly", "kept");
+    ASSERT_EQ(::chmod("readonly", 0444), 0);
+    ASSERT_EQ(::chmod(".", 0777), 0);
+    const AsNobody nobody;
+    EXPECT_FALSE(replaceFile("readonly", "nothing")) << "though the directory could be written";
+    EXPECT_EQ(readFile("readonly"), "kept");
+    EXPECT_FALSE(fs::exists("readonly.new"));
+}
+
+TEST_F(DataFile, AFailedWriteLeavesTheOldContent) {
+    writeFile("data", "kept");
+    EXPECT_FALSE(replaceFile("/dev/full", "lost"));
+    {
+        Replacement abandoned("data"); // a call that ends between opening and writing
+        EXPECT_TRUE(abandoned.isOpen());
+    }
+    EXPECT_EQ(readFile("data"), "kept");
+    EXPECT_EQ(filesHere(), 1U);
+    writeFile("data.new", "left behind by a call that was killed, longer than what comes");
+    EXPECT_TRUE(replaceFile("data", "new"));
+    EXPECT_EQ(readFile("data"), "new");
+    EXPECT_EQ(filesHere(), 1U);
+}
+
+TEST_F(DataFile, AShortFileFillsOnlyTheBeginningOfTheBuffer) {
+    writeFile("data", "abc");
+    std::string buffer = "123456";
+    EXPECT_EQ(readInto("data", buffer), 3U);
+    EXPECT_EQ(buffer, "abc456");
+    EXPECT_EQ(readInto("missing", buffer), std::nullopt);
+    EXPECT_EQ(readInto(".", buffer), std::nullopt) << "a directory holds nothing to read";
+    EXPECT_TRUE(appendTo("data", "def"));
+    createWith("data", "not now");
+    EXPECT_EQ(readWhole("data"), "abcdef");
+}
