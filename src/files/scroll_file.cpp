@@ -8,13 +8,13 @@
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace morvek {
 namespace {
 
-// O_NONBLOCK keeps a pipe that stands in the file's place from holding up the game.
+// O_NONBLOCK keeps a pipe that stands in the file's place from holding up the game; it can be
+// neither read nor written at a position, so such a board lives in memory.
 constexpr int openFlags = O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
 constexpr mode_t newFileMode = 0666;
 
@@ -46,21 +46,6 @@ void overlay(const TextSlot& slot, std::string& text) {
     }
 }
 
-// Empties the file, where O_TRUNC asks for it, only once it is known for a regular one.
-int openRegular(int flags) {
-    const int descriptor = ::open(scrollFileName, flags & ~O_TRUNC, newFileMode);
-    struct stat status {};
-    if (descriptor < 0) {
-        return descriptor;
-    }
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
-        ((flags & O_TRUNC) != 0 && ::ftruncate(descriptor, 0) != 0)) {
-        ::close(descriptor);
-        return -1;
-    }
-    return descriptor;
-}
-
 } // namespace
 
 ScrollBytes scrollBytes(const Scroll& board) {
@@ -89,7 +74,7 @@ ScrollFile ScrollFile::emptied() {
     return ScrollFile(openFlags | O_CREAT | O_TRUNC);
 }
 
-ScrollFile::ScrollFile(int flags) : descriptor(openRegular(flags)) {}
+ScrollFile::ScrollFile(int flags) : descriptor(::open(scrollFileName, flags, newFileMode)) {}
 
 ScrollFile::~ScrollFile() {
     if (isOpen()) {

@@ -38,8 +38,8 @@ ScrollBytes scrollBytes(const Scroll& board);
 // Reads as many bytes as there are, at most 480, over the board.
 void overlayScroll(std::span<const char> bytes, Scroll& board);
 
-// The board's file, open for reading and writing as long as this lives. What is no regular file
-// counts as one that cannot be opened. On a file that is not open nothing is read or written.
+// The board's file, open for reading and writing as long as this lives. On a file that is not open
+// nothing is read or written.
 class ScrollFile {
 public:
     // Opens the file that there is.
