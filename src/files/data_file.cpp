@@ -92,7 +92,7 @@ std::string followLinks(std::string path) {
             break;
         }
         std::string next(text.data(), static_cast<std::size_t>(length));
-        path = next.front() == '/' ? std::move(next) : directoryOf(path) + next;
+        path = next.front() == '/' ? std::move(next) : directoryOf(path).append(next);
     }
     return path;
 }
