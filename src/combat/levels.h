@@ -1,0 +1,26 @@
+// Levels and the experience that they need.
+#pragma once
+
+#include <cstdint>
+
+namespace morvek {
+
+// The levels from which the table knows a need.
+constexpr std::int32_t firstLevel = 1;
+constexpr std::int32_t lastLevelWithNeed = 29;
+
+// All the experience needed to rise from that level, 1 to 29, to the next.
+std::int32_t experienceToRise(std::int32_t level);
+
+// Raises the player by a level, with his gains, and shows them. From level 7 on nobody rises; a
+// player there, or now there, reads that future levels are to come.
+void levelUp();
+
+// The gains of a level: each rolls 3d6 and keeps the roll in the player's gain of that name and in
+// `lastRoll`, without adding it.
+void rollHitPointGain();
+void rollStrengthGain();
+void rollDexterityGain();
+void rollIntelligenceGain();
+
+} // namespace morvek

@@ -1,0 +1,78 @@
+// The rules of a fight against another player: rounds of the arena, until one is beaten. The
+// beaten player's money on hand goes to the attacker, out of the roster in memory; then the quick
+// save writes the attacker into slot 0 of the file, whoever owns that slot. A beaten attacker
+// loses nothing.
+
+#include "combat/player_fight.h"
+
+#include "characters/character_file.h"
+#include "combat/arena.h"
+#include "combat/fight.h"
+#include "combat/opponent.h"
+#include "door/screen.h"
+#include "state/game_state.h"
+#include "towne/status_screen.h"
+
+namespace morvek {
+namespace {
+
+// The beaten player's record, or null when there is no such slot.
+PlayerRecord* targetRecord() {
+    const std::int32_t slot = game.session.targetSlot;
+    if (slot < 0 || slot >= static_cast<std::int32_t>(slotCount)) {
+        return nullptr;
+    }
+    return &game.roster.slots[static_cast<std::size_t>(slot)];
+}
+
+void takeGold(PlayerRecord& beaten) {
+    const double taken = beaten.gold;
+    game.player.gold += taken;
+    beaten.gold = 0.0;
+    say("`red`You took `bright white`");
+    showMoney(taken);
+    say(" `bright red`gold `red`from `bright white`");
+    show(game.encounter.monster.name);
+    say("`red`!");
+    saveQuick();
+}
+
+void winAgainstPlayer() {
+    const std::string& name = game.encounter.monster.name;
+    say("`red`The player `bright white`");
+    show(name);
+    say(" `red`has been beaten!\n\r\n\r");
+    PlayerRecord* beaten = targetRecord();
+    if (beaten != nullptr && beaten->gold > 0) {
+        takeGold(*beaten);
+    } else {
+        sayOf(name, "`red`'s pockets are `bright white`empty`red`.");
+    }
+    say("\n\r\n\r`red`Press any key!");
+    waitForKey();
+}
+
+void attackPlayer() {
+    arenaAttack(winAgainstPlayer);
+}
+
+} // namespace
+
+void fightPlayer() {
+    while (game.encounter.monster.hitPoints > 0 && game.player.hitPoints > 0) {
+        drawArena();
+        switch (menu("command", "ayr")) {
+        case 'a':
+            rollPlayerCombatValues();
+            arenaRound(attackPlayer);
+            break;
+        case 'y':
+            showStatus();
+            break;
+        default:
+            leaveArena();
+        }
+    }
+}
+
+} // namespace morvek

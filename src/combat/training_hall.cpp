@@ -1,0 +1,48 @@
+#include "combat/training_hall.h"
+
+#include "combat/admission.h"
+#include "combat/question_trainer.h"
+#include "combat/trainer_fight.h"
+#include "door/screen.h"
+#include "state/game_state.h"
+
+namespace morvek {
+namespace {
+
+void drawHall() {
+    clearScreen();
+    say("`red`Training Hall\n\r");
+    say("`bright white`----------------------------------\n\r\n\r");
+    say("`red`Q`bright red`)`bright white`uestion Trainer\n\r");
+    say("`red`T`bright red`)`bright white`rain me!\n\r");
+    say("`red`R`bright red`)`bright white`eturn to Towne\n\r");
+}
+
+void train() {
+    if (admittedToTraining()) {
+        game.session.inTraining = 1;
+        trainingFight();
+    }
+}
+
+} // namespace
+
+void trainingHall() {
+    game.session.inTraining = 0;
+    while (true) {
+        drawHall();
+        switch (menu("training", "qtr")) {
+        case 'q':
+            questionTrainer();
+            break;
+        case 't':
+            train();
+            break;
+        default:
+            say("`bright white`Return to Towne!");
+            return;
+        }
+    }
+}
+
+} // namespace morvek
