@@ -18,7 +18,7 @@ struct PriceLine {
     const char* name;
     double price, offeredFrom, taken;
     double poorAt; // the most gold with which the ware's key finds a shortage
-    const char* shortage;
+    const char *beforeShortage, *afterShortage;
     double salePrice;
     const char *nameInSale, *sold;
 };
@@ -33,35 +33,29 @@ struct PriceList {
     std::vector<PriceLine> lines;
 };
 
-constexpr const char* redShort = "|`red`You don't have enough gold.||";
-constexpr const char* plainShort = "|You don't have enough gold.||";
-constexpr const char* clothShort = "||`red`You don't have enough gold.||";
-constexpr const char* feyShort = "|`red`You don't have enough gold.|";
-constexpr const char* tightShort = "|You don't have enough gold.|";
-constexpr const char* redSold = "`red`Sold!||";
-constexpr const char* plainSold = "Sold!||";
+const std::string tooPoor = "You don't have enough gold.";
 
 // clang-format off
 const PriceList weapons{
     "`red`Weapons in Stock|", buyWeapon, sellWeapon, &Player::weaponNumber, &Player::weapon,
     "Fists", "||`bright white`Thank you!||", {
-    {"Club", 1250, 1250, 1250, 1249, redShort, 1225, "Club", redSold},
-    {"Dagger", 1500, 1500, 1500, 1499, redShort, 1450, "Dagger", plainSold},
-    {"Javelin", 11000, 11000, 11000, 10999, plainShort, 1900, "Javelin", plainSold},
-    {"Mace", 12500, 12500, 12500, 12499, plainShort, 12250, "Mace", plainSold},
-    {"Sickle", 15000, 15000, 15000, 14999, plainShort, 14500, "Sickle", plainSold},
-    {"Spear", 110000, 110000, 110000, 10999, plainShort, 19000, "Spear", plainSold},
+    {"Club", 1250, 1250, 1250, 1249, "|`red`", "||", 1225, "Club", "`red`Sold!||"},
+    {"Dagger", 1500, 1500, 1500, 1499, "|`red`", "||", 1450, "Dagger", "Sold!||"},
+    {"Javelin", 11000, 11000, 11000, 10999, "|", "||", 1900, "Javelin", "Sold!||"},
+    {"Mace", 12500, 12500, 12500, 12499, "|", "||", 12250, "Mace", "Sold!||"},
+    {"Sickle", 15000, 15000, 15000, 14999, "|", "||", 14500, "Sickle", "Sold!||"},
+    {"Spear", 110000, 110000, 110000, 10999, "|", "||", 19000, "Spear", "Sold!||"},
 }};
 
 const PriceList armours{
     "`red`Armour in Stock|", buyArmour, sellArmour, &Player::armourNumber, &Player::armour,
     "T-Shirt", "Thank you!||", {
-    {"Cloth", 1250, 1250, 250, 1249, clothShort, 1225, "Cloth", redSold},
-    {"Feyweave", 1500, 1500, 1500, 1499, feyShort, 1450, "Leather", redSold},
-    {"Starweave", 11000, 1000, 11000, 999, tightShort, 1900, "Hide", redSold},
-    {"Leather", 12500, 12500, 12500, 12499, tightShort, 12250, "Leather", redSold},
-    {"Feyleather", 15000, 15000, 15000, 14999, tightShort, 14500, "Feyleather", redSold},
-    {"Starleather", 110000, 10000, 110000, 9999, tightShort, 19000, "Starleather", redSold},
+    {"Cloth", 1250, 1250, 250, 1249, "||`red`", "||", 1225, "Cloth", "`red`Sold!||"},
+    {"Feyweave", 1500, 1500, 1500, 1499, "|`red`", "|", 1450, "Leather", "`red`Sold!||"},
+    {"Starweave", 11000, 1000, 11000, 999, "|", "|", 1900, "Hide", "`red`Sold!||"},
+    {"Leather", 12500, 12500, 12500, 12499, "|", "|", 12250, "Leather", "`red`Sold!||"},
+    {"Feyleather", 15000, 15000, 15000, 14999, "|", "|", 14500, "Feyleather", "`red`Sold!||"},
+    {"Starleather", 110000, 10000, 110000, 9999, "|", "|", 19000, "Starleather", "`red`Sold!||"},
 }};
 // clang-format on
 
@@ -98,7 +92,8 @@ TEST(Shops, SellAndBuyByThePriceList) {
             EXPECT_EQ(game.player.*shop.number, key - '0');
             EXPECT_EQ(game.player.*shop.item, line.name);
             EXPECT_THAT(saidInBuying(shop, line.offeredFrom - 1, {key}), Not(HasSubstr(" for ")));
-            EXPECT_EQ(saidInBuying(shop, line.poorAt, {key}), line.shortage + anyKey) << line.name;
+            EXPECT_EQ(saidInBuying(shop, line.poorAt, {key}),
+                      line.beforeShortage + tooPoor + line.afterShortage + anyKey);
 
             const std::string offer = "||`bright white`" + moneyText(line.salePrice) +
                                       " `red`gold pieces.||`red`Do you wish to sell your "
@@ -116,20 +111,18 @@ TEST(Shops, SellAndBuyByThePriceList) {
 }
 
 TEST(Shops, ADeclinedWeaponRunsOnIntoDearerOnes) {
-    struct Case {
-        double gold;
-        char key;
-        const char* shortage; // of a later section
-    };
     const std::string tooBad = "That's too bad.||" + anyKey;
-    for (const auto& [gold, key, shortage] :
-         {Case{1300, '1', redShort}, Case{1500, '1', plainShort}, Case{12499, '3', plainShort},
-          Case{14999, '4', plainShort}, Case{15000, '1', ""}, Case{200000, '6', ""}}) {
-        const std::string end = *shortage == '\0' ? "" : shortage + anyKey;
+    const auto declined = [&](double gold, char key, const std::string& shortage) {
         EXPECT_THAT(saidInBuying(weapons, gold, {key, 'n', ' '}),
-                    testing::EndsWith(yesNo + "||`bright white`" + tooBad + end));
+                    testing::EndsWith(yesNo + "||`bright white`" + tooBad + shortage));
         EXPECT_EQ(game.player.gold, gold);
+    };
+    declined(1300, '1', "|`red`" + tooPoor + "||" + anyKey);
+    for (const auto& [gold, key] : {std::pair{1500, '1'}, {12499, '3'}, {14999, '4'}}) {
+        declined(gold, key, "|" + tooPoor + "||" + anyKey);
     }
+    declined(15000, '1', "");
+    declined(200000, '6', "");
     EXPECT_THAT(saidInBuying(armours, 1300, "1n"), testing::EndsWith(yesNo + "||`red`" + tooBad));
     EXPECT_EQ(saidInBuying(weapons, 11000, "6"), "") << "beyond the limit, below the price";
     EXPECT_EQ(saidInBuying(weapons, 109999, "6"), "");

@@ -92,7 +92,7 @@ TEST_F(Tavern, TheBarSavesTheCharacterOnTheWayOut) {
     // clang-format on
     game.roster = Roster{};
     ASSERT_TRUE(readRoster());
-    EXPECT_EQ(game.roster.slots[0].gold, 50);
+    EXPECT_DOUBLE_EQ(game.roster.slots[0].gold, 50);
 }
 
 TEST_F(Tavern, ARoomEndsTheGameButSavesNothing) {
