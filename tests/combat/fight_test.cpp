@@ -1,0 +1,184 @@
+// Rounds in the world: what each draw decides, what a kill brings, and what a round shows.
+#include "combat/fight.h"
+#include "fighters.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+using namespace morvek;
+using namespace morvek::test;
+using testing::ElementsAre;
+using testing::EndsWith;
+
+namespace {
+
+void killKobold() {
+    game.encounter.monster.hitPoints = 1;
+    caller.type("xx");
+    playerAttack();
+}
+
+// The first world word that is set, or 311.
+auto firstWord() {
+    return std::ranges::find(game.world.words, 1) - game.world.words.begin();
+}
+
+} // namespace
+
+TEST(Fight, WeaponAndArmourRollTheDieOfTheirNumberLowerNumberFirst) {
+    newCall();
+    Player& player = game.player;
+    const std::vector<std::array<int, 3>> dice{{3, 1, 1}, {4, 2, 2}, {4, 4, 3}, {6, 5, 4},
+                                               {6, 7, 5}, {8, 9, 6}, {8, 10, 7}};
+    for (const auto& [die, weaponPlus, armourPlus] : dice) {
+        ++player.weaponNumber;
+        ++player.armourNumber;
+        chance.script({2 * die - 1, die});
+        rollPlayerCombatValues();
+        EXPECT_EQ(player.weaponDamage, die + weaponPlus) << player.weaponNumber;
+        EXPECT_EQ(player.armourValue, 1 + armourPlus) << player.weaponNumber;
+        EXPECT_THAT(chance.seededBefore, ElementsAre(0, 1));
+    }
+    player.armourNumber = 2;
+    chance.script({3, 0});
+    rollPlayerCombatValues();
+    EXPECT_EQ(player.armourValue, 6);
+}
+
+// Ties go to the player in the first strike, and to whoever strikes in a blow.
+TEST(Fight, ThePlayerStrikesFirstAndTheMonsterStrikesBack) {
+    meet("Kobold");
+    caller.type("x");
+    game.player.armourValue = 2;
+    chance.script({7, 27, 13, 9, 3, 23, 7});
+    fightRound();
+    EXPECT_EQ(caller.screen(),
+              "say `red`Your HP`bright red`: `bright white`\n"
+              "show 30\nsay `red`/`bright white`\nshow 40\nsay |\n"
+              "say `bright white`\nshow Kobold\nsay 's `red`HP`bright red`: `bright white`\n"
+              "show 10\nsay `red`/`bright white`\nshow 10\nsay ||\n"
+              "say `red`You attack first!|\n"
+              "say |\nsay `red`You hit `bright white`\nshow Kobold\n"
+              "say  `red`for`bright white` \nshow 6\nsay  `red`points!||\n"
+              "say `bright white`\nshow Kobold\nsay  `red`hit you for `bright white`\nshow 4\n"
+              "say  `red`points!||\nsay `red`Press any key!\nkey\n");
+    EXPECT_EQ(game.encounter.monster.hitPoints, 4);
+    EXPECT_EQ(game.player.hitPoints, 26);
+    game.world.playerDead = 1;
+    caller.type("");
+    fightRound();
+    EXPECT_THAT(caller.screen(), testing::StartsWith("show 26\nsay `red`/"));
+    EXPECT_THAT(caller.screen(), EndsWith("first!|\n"));
+}
+
+TEST(Fight, AQuickerMonsterStrikesFirstAndAMissMakesAllItsDraws) {
+    meet("Thirty letters are one too many");
+    game.encounter.monster.initiative = 16;
+    caller.type("x");
+    chance.script({6, 7, 5, 6, 27});
+    fightRound();
+    const std::string name = "say `bright white`\nshow Thirty letters are one too ma\n";
+    EXPECT_THAT(caller.screen(), EndsWith(name + "say  `red`attacks first.||\n" + name +
+                                          "say  `red`Missed!||\nsay |`red`You Missed!||\n"
+                                          "say `red`Press any key!\nkey\n"));
+    EXPECT_EQ(chance.drawn, 7);
+    EXPECT_EQ(game.player.turnsLeft, 5);
+}
+
+TEST(Fight, TheFourthDrawDecidesACriticalBlowOnADieOfTheWeaponAndTwenty) {
+    meet("Kobold");
+    game.encounter.monster.hitPoints = 20;
+    chance.script({0, 0, 6, 37, 0, 0, 6, 38, 0, 0, 13, 29, 99});
+    playerAttack();
+    EXPECT_EQ(game.encounter.monster.hitPoints, 13);
+    playerAttack();
+    EXPECT_EQ(game.encounter.monster.hitPoints, 3) << "7, and half of it rounded down";
+    EXPECT_TRUE(caller.saw("`red`You critically hit `bright white`Kobold"));
+    game.player.weaponDamage = 0; // fists before any armed round
+    playerAttack();
+    EXPECT_EQ(game.encounter.monster.hitPoints, 2);
+    EXPECT_EQ(chance.drawn, 12);
+}
+
+TEST(Fight, OnlyTheLastOfAGroupClearsThePlaceAndCostsATurn) {
+    meet("Kobold");
+    game.player.experience = std::numeric_limits<int>::max(); // a forged character's wraps around
+    game.encounter.monsterCount = 2;
+    game.world.currentLocation = 3;
+    game.world.position(Level::castle1) = 24;
+    game.world.position(Level::mortuary1) = 36; // outside its level
+    killKobold();
+    EXPECT_THAT(caller.screen(),
+                EndsWith("say `bright white`\nshow Kobold\nsay  `red`has been slained!||\n"
+                         "say `red`You earned `bright white`\nshow 25\n"
+                         "say  `red`experience and `bright white`\nshow 75\n"
+                         "say  `red`gold`red`.||\nsay `red`Press any key!\nkey\n"));
+    EXPECT_EQ(game.player.turnsLeft, 5);
+    EXPECT_EQ(game.encounter.groupActive + game.encounter.ambushPending, 2);
+    EXPECT_EQ(firstWord(), 311);
+    killKobold();
+    EXPECT_EQ(game.player.experience, std::numeric_limits<int>::min() + 49);
+    EXPECT_EQ(game.player.gold, 150);
+    EXPECT_EQ(game.player.turnsLeft, 4);
+    EXPECT_EQ(game.encounter.groupActive + game.encounter.ambushPending, 0);
+    EXPECT_EQ(game.encounter.monster.monsterReady, 1);
+    EXPECT_EQ(firstWord(), 133) << "the castle's room 24";
+    EXPECT_EQ(std::ranges::count(game.world.words, 1), 2) << "and where he stands";
+}
+
+TEST(Fight, AKillAtFortySixClearsFortySevenAndOneOutsideTheWorldNothing) {
+    for (const auto& [location, word] :
+         {std::pair{1, 310}, {46, 263}, {47, 263}, {76, 234}, {0, 311}, {77, 311}}) {
+        meet("Kobold");
+        game.world.currentLocation = location;
+        killKobold();
+        EXPECT_EQ(firstWord(), word) << location;
+    }
+}
+
+TEST(Fight, AMissWithoutAGroupCostsATurnAndTheLastTurnEndsTheVisit) {
+    meet("Kobold");
+    game.encounter.monsterCount = 0;
+    game.player.turnsLeft = 2;
+    chance.script({0, 1, 0, 0, 0, 1});
+    playerAttack();
+    EXPECT_EQ(game.world.leavingWorld, 0);
+    caller.type("x");
+    playerAttack();
+    EXPECT_EQ(caller.screen(), "say |`red`You Missed!||\n"
+                               "say ||`bright white`You are out of turns for today.|\n"
+                               "say `red`Come back tomorrow...\nsay ||\n"
+                               "say `red`Press any key!\nkey\n");
+    EXPECT_EQ(game.world.leavingWorld, 1);
+}
+
+TEST(Fight, ArmourWearsTheMonstersDieDownAndIsWornItself) {
+    const std::vector<std::array<int, 4>> cases{
+        {10, 4, 6, 4}, {10, 12, 10, 2}, {5, 4, 1, 3}, {6, 6, 6, 6}};
+    for (const auto& [die, armour, dieAfter, armourAfter] : cases) {
+        meet("Kobold");
+        game.encounter.monster.damage = die;
+        game.player.armourValue = armour;
+        chance.script({0, 0, 2 * dieAfter - 1});
+        monsterAttack();
+        EXPECT_EQ(game.encounter.monster.damage, dieAfter);
+        EXPECT_EQ(game.player.armourValue, armourAfter);
+        EXPECT_EQ(game.player.hitPoints, 30 - dieAfter) << "the blow is of the worn die";
+    }
+}
+
+TEST(Fight, DeathEmptiesTheMonsterAndIsSavedAtOnce) {
+    meet("Kobold");
+    game.encounter.monster.initiative = 16;
+    game.player.hitPoints = 6;
+    chance.script({0, 0, 5});
+    fightRound();
+    EXPECT_THAT(caller.screen(), EndsWith("show Kobold\nsay  `red`has killed you!||\n"))
+        << "no key, and no blow of the dead";
+    EXPECT_EQ(leftOfOpponent(), 0);
+    EXPECT_EQ(game.encounter.monster.hitPoints + game.player.hitPoints, 0);
+    EXPECT_EQ(game.world.playerDead, 1);
+    EXPECT_EQ(game.roster.slots[0].hitPoints, 40) << "the healed save stores him whole";
+    EXPECT_EQ(std::remove(game.session.characterFileName.c_str()), 0);
+}
