@@ -116,6 +116,7 @@ TEST_F(DropFiles, AreOverruledByOptions) {
     EXPECT_EQ(caller.node, 9);
     EXPECT_EQ(caller.ansi, false);
     EXPECT_EQ(caller.inactivitySeconds, 2);
+    EXPECT_EQ(resolveCaller({}, {}, {}).inactivitySeconds, 0);
     EXPECT_EQ(callerWith("-USERNAME=").name, "");
     EXPECT_EQ(callerWith("-STDIO", fileWith(7, " ")).name, "Alice Doe");
     EXPECT_EQ(callerWith("-REALNAME", fileWith(6, "")).name, "Ace");
@@ -123,21 +124,22 @@ TEST_F(DropFiles, AreOverruledByOptions) {
 }
 
 TEST_F(DropFiles, AreRefusedByLine) {
-    std::string start = folder.path("door32.sys");
-    start += ": line ";
+    const auto reason = [this](std::size_t line, const char* what) {
+        const std::string start = folder.path("door32.sys") + ": line ";
+        return start + std::to_string(line) + what;
+    };
     const std::string whole = fileWith();
     for (std::size_t length = 0; length < whole.size() - 2; ++length) {
         const std::string cut = whole.substr(0, length);
-        const auto lines = std::count(cut.begin(), cut.end(), '\n');
-        const auto missing = lines + (length > 0 && cut.back() != '\n' ? 2 : 1);
-        const std::string reason = " is missing; 11 lines are needed";
-        EXPECT_EQ(refusalOf([&] { read(cut); }),
-                  missing > 11 ? "" : start + std::to_string(missing) + reason);
+        const auto ended = static_cast<std::size_t>(std::count(cut.begin(), cut.end(), '\n'));
+        const std::size_t lines = ended + (cut.empty() || cut.back() == '\n' ? 0 : 1);
+        const std::string expected = reason(lines + 1, " is missing; 11 lines are needed");
+        EXPECT_EQ(refusalOf([&] { read(cut); }), lines < 11 ? expected : "") << length;
     }
     for (const std::size_t line : {1U, 2U, 9U, 10U, 11U}) {
         for (const char* text : {"", "x", "1x", "-", "1 2", "0x1", "1.5"}) {
             EXPECT_EQ(refusalOf([&] { read(fileWith(line, text)); }),
-                      start + std::to_string(line) + " is no number");
+                      reason(line, " is no number"));
         }
     }
 }

@@ -188,6 +188,9 @@ TEST(Streams, NonblockingOnesStayAsTheyAre) {
     EXPECT_EQ(read(ends[1], shown.data(), shown.size()), 1);
     EXPECT_EQ(shown[0], 'k');
     EXPECT_NE(fcntl(ends[0], F_GETFL) & O_NONBLOCK, 0);
+    // No file that the door opens takes the place of a closed standard error.
+    const Door opening = [] { od_exit(open("/dev/null", O_RDONLY), 0); };
+    EXPECT_EQ(waitForEnd(startDoor(plain, opening, ends[0], ends[0])), 3);
     EXPECT_EQ(waitForEnd(startDoor(plain, door, -1, ends[0])), 1);
     EXPECT_EQ(waitForEnd(startDoor(plain, door, ends[0], -1)), 1);
 }

@@ -44,14 +44,15 @@ TEST(LineInput, StartsWithTheTextInTheBuffer) {
 }
 
 TEST(Keys, AreChosenInEitherCase) {
-    const Outcome outcome = callWithKeys(plain, "xY\033[nN1S", [] {
+    const Outcome outcome = callWithKeys(plain, "xY\033[nN1S\033", [] {
         od_printf("<%c>", od_get_answer("yn"));
         od_printf("<%c>", od_get_answer("YN"));
         od_printf("<%d>", od_get_key(1));
         od_printf("<%c>", od_get_key(0));
-        od_printf("<%d>", od_get_key(0) == 0);
+        od_printf("<%d>", od_get_key(1));
+        od_get_key(1);
     });
-    EXPECT_EQ(outcome.shown, "<y><N><49><S>");
+    EXPECT_EQ(outcome.shown, "<y><N><49><S><27>");
     EXPECT_EQ(outcome.status, 2);
 }
 

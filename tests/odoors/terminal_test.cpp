@@ -24,7 +24,7 @@ void tellKeys() {
 } // namespace
 
 TEST(Terminal, IsRawDuringTheCallAndRestoredAfterIt) {
-    TerminalCall call({"-ASCII", "-LOCAL"}, tellKeys);
+    TerminalCall call({"-ASCII", "-LOCAL"}, tellKeys, false);
     EXPECT_EQ(call.until("ready"), "ready");
     call.type("\x03\x1a\x13\r\n\x04");
     EXPECT_EQ(call.until("<4>"), "<3><26><19><13><4>");
