@@ -1,43 +1,16 @@
 #include "call.h"
 
-#include <array>
-#include <csignal>
-#include <cstdio>
 #include <cstdlib>
-#include <fstream>
+#include <ctime>
 
-#include <poll.h>
-#include <pty.h>
-#include <sys/socket.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
-#include <utmp.h>
 
 #include "OpenDoor.h"
 
 namespace {
 
-constexpr int patience = 1400; // milliseconds
 long secondsAhead = 0;
-
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
-
-std::string readToEnd(int descriptor, std::vector<std::string>& pieces) {
-    std::string all;
-    std::vector<char> buffer(1 << 18);
-    ssize_t count = 0;
-    while ((count = read(descriptor, buffer.data(), buffer.size())) > 0) {
-        pieces.emplace_back(buffer.data(), static_cast<std::size_t>(count));
-        all += pieces.back();
-    }
-    close(descriptor);
-    return all;
-}
 
 [[noreturn]] void runDoor(const Arguments& arguments, const Door& door) {
     for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG", "BBSDEV_DRP"}) {
@@ -67,106 +40,6 @@ void passSeconds(long seconds) {
     secondsAhead += seconds;
 }
 
-pid_t startDoor(const Arguments& arguments, const Door& door, int input, int output, int errors,
-                bool controlling) {
-    std::fflush(nullptr);
-    const pid_t child = fork();
-    if (child == 0) {
-        require(!controlling || login_tty(dup(input)) == 0);
-        const std::array<int, 3> streams{input, output, errors};
-        for (int i = 0; i < 3; ++i) {
-            const int stream = streams[static_cast<std::size_t>(i)];
-            require((stream < 0 ? close(i) : dup2(stream, i)) >= 0);
-        }
-        closefrom(3);
-        runDoor(arguments, door);
-    }
-    return child;
-}
-
-int waitForEnd(pid_t child) {
-    int status = 0;
-    for (int waited = 0; waitpid(child, &status, WNOHANG) == 0; ++waited) {
-        if (waited == patience) {
-            kill(child, SIGKILL);
-            waitpid(child, &status, 0);
-            return -1;
-        }
-        usleep(1000);
-    }
-    return WIFSIGNALED(status) ? 1000 + WTERMSIG(status) : WEXITSTATUS(status);
-}
-
-Outcome callWithKeys(const Arguments& arguments, const std::string& keys, const Door& door) {
-    std::array<int, 2> input{};
-    std::array<int, 2> output{};
-    std::array<int, 2> errors{};
-    // Packets keep the door's writes apart.
-    require(pipe(input.data()) == 0 && pipe(errors.data()) == 0 &&
-            socketpair(AF_UNIX, SOCK_SEQPACKET, 0, output.data()) == 0 &&
-            write(input[1], keys.data(), keys.size()) == static_cast<ssize_t>(keys.size()));
-    close(input[1]);
-    const pid_t child = startDoor(arguments, door, input[0], output[1], errors[1]);
-    for (const int descriptor : {input[0], output[1], errors[1]}) {
-        close(descriptor);
-    }
-    Outcome outcome;
-    std::vector<std::string> ignored;
-    outcome.shown = readToEnd(output[0], outcome.writes);
-    outcome.complaints = readToEnd(errors[0], ignored);
-    outcome.status = waitForEnd(child);
-    return outcome;
-}
-
-TerminalCall::TerminalCall(const Arguments& arguments, const Door& door, bool controlling) {
-    int slave = -1;
-    require(openpty(&master, &slave, nullptr, nullptr, nullptr) == 0);
-    // What is typed before the door starts must not be echoed among what it shows.
-    tcgetattr(slave, &before);
-    before.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    tcsetattr(slave, TCSANOW, &before);
-    child = startDoor(arguments, door, slave, slave, -1, controlling);
-    close(slave);
-}
-
-void TerminalCall::type(const std::string& keys) const {
-    require(write(master, keys.data(), keys.size()) == static_cast<ssize_t>(keys.size()));
-}
-
-std::string TerminalCall::until(const std::string& text) const {
-    std::string shown;
-    std::array<char, 4096> buffer;
-    pollfd end{master, POLLIN, 0};
-    ssize_t count = 1;
-    while (shown.find(text) == std::string::npos && count > 0 && poll(&end, 1, 5 * patience) == 1) {
-        count = read(master, buffer.data(), buffer.size());
-        shown.append(buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
-    }
-    return shown;
-}
-
-void TerminalCall::hangUp() {
-    if (master >= 0) {
-        close(master);
-    }
-    master = -1;
-}
-
-bool TerminalCall::isRestored() const {
-    termios now{};
-    return tcgetattr(master, &now) == 0 && now.c_lflag == before.c_lflag &&
-           now.c_iflag == before.c_iflag && now.c_oflag == before.c_oflag;
-}
-
-Folder::Folder() {
-    require(mkdtemp(self.data()) != nullptr);
-}
-
-Folder::~Folder() {
-    require(std::system(("rm -rf " + self).c_str()) == 0);
-}
-
-std::string Folder::write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path(name), std::ios::binary) << bytes;
-    return path(name);
+Child doorChild(const Arguments& arguments, const Door& door) {
+    return [=] { runDoor(arguments, door); };
 }

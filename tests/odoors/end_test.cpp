@@ -49,13 +49,13 @@ TEST(End, LostCallerEndsEveryWaitSilently) {
         EXPECT_EQ(atOnce.status, 2);
         EXPECT_EQ(atOnce.shown, "ready");
         for (const bool controlling : {true, false}) {
-            TerminalCall call(plain, promptThen(wait), controlling);
+            DoorCall call(plain, promptThen(wait), controlling);
             EXPECT_EQ(call.until("ready"), "ready");
             call.hangUp();
             EXPECT_EQ(call.status(), 2);
         }
         for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGQUIT}) {
-            TerminalCall call(plain, promptThen(wait));
+            DoorCall call(plain, promptThen(wait));
             EXPECT_EQ(call.until("ready"), "ready");
             kill(call.child, signal);
             EXPECT_EQ(call.status(), 2) << signal;
@@ -77,7 +77,7 @@ TEST(End, OutputAloneCanBeLost) {
             od_printf("%*s", length, "x");
             od_get_key(1);
         };
-        const pid_t child = startDoor(plain, door, input[0], output[1]);
+        const pid_t child = startChild(doorChild(plain, door), input[0], output[1]);
         close(output[1]);
         char byte = 0;
         EXPECT_EQ(read(output[0], &byte, 1), 1);
@@ -88,12 +88,12 @@ TEST(End, OutputAloneCanBeLost) {
 
 TEST(End, StuckDoorObeysATermination) {
     for (const int length : {1, 1000000}) {
-        TerminalCall call(plain, promptThen([length] {
-                              od_printf("%*s", length, "x");
-                              od_get_key(0);
-                              for (volatile bool stuck = true; stuck;) {
-                              }
-                          }));
+        DoorCall call(plain, promptThen([length] {
+                          od_printf("%*s", length, "x");
+                          od_get_key(0);
+                          for (volatile bool stuck = true; stuck;) {
+                          }
+                      }));
         call.until("ready");
         kill(call.child, SIGTERM);
         EXPECT_EQ(call.status(), 2) << length;
@@ -105,10 +105,10 @@ TEST(End, UsedUpTimeAndIdlenessAreTold) {
     const Outcome time = callWithKeys({"-L", "-TIMELEFT", "0"}, "a", promptThen(waitForKey));
     EXPECT_EQ(time.status, 3);
     EXPECT_EQ(time.shown, "ready\n\rYour time is used up.\n\r");
-    TerminalCall idle({"-ASCII", "-INACTIVITY", "1", "-LOCAL"}, promptThen([] {
-                          od_get_key(1);
-                          od_get_key(1);
-                      }));
+    DoorCall idle({"-ASCII", "-INACTIVITY", "1", "-LOCAL"}, promptThen([] {
+                      od_get_key(1);
+                      od_get_key(1);
+                  }));
     idle.until("ready");
     idle.type("a");
     EXPECT_EQ(idle.until("oodbye.\n\r"), "\n\rNo key was pressed for too long. Goodbye.\n\r");
@@ -123,7 +123,7 @@ TEST(End, OneCallerAtATime) {
         od_printf("ready");
         od_get_key(1);
     };
-    TerminalCall first(arguments, door);
+    DoorCall first(arguments, door);
     EXPECT_EQ(first.until("ready"), "ready");
     const Outcome second = callWithKeys(arguments, "x", door);
     EXPECT_EQ(second.status, 5);
@@ -179,7 +179,7 @@ TEST(Streams, NonblockingOnesStayAsTheyAre) {
         od_printf("%*s", 1000000, "x");
         od_printf("%c", od_get_key(1));
     };
-    const pid_t child = startDoor(plain, door, ends[0], ends[0]);
+    const pid_t child = startChild(doorChild(plain, door), ends[0], ends[0]);
     usleep(20000);
     std::vector<char> shown(1000000);
     ASSERT_EQ(recv(ends[1], shown.data(), shown.size(), MSG_WAITALL), 1000000);
@@ -190,7 +190,7 @@ TEST(Streams, NonblockingOnesStayAsTheyAre) {
     EXPECT_NE(fcntl(ends[0], F_GETFL) & O_NONBLOCK, 0);
     // No file that the door opens takes the place of a closed standard error.
     const Door opening = [] { od_exit(open("/dev/null", O_RDONLY), 0); };
-    EXPECT_EQ(waitForEnd(startDoor(plain, opening, ends[0], ends[0])), 3);
-    EXPECT_EQ(waitForEnd(startDoor(plain, door, -1, ends[0])), 1);
-    EXPECT_EQ(waitForEnd(startDoor(plain, door, ends[0], -1)), 1);
+    EXPECT_EQ(waitForEnd(startChild(doorChild(plain, opening), ends[0], ends[0])), 3);
+    EXPECT_EQ(waitForEnd(startChild(doorChild(plain, door), -1, ends[0])), 1);
+    EXPECT_EQ(waitForEnd(startChild(doorChild(plain, door), ends[0], -1)), 1);
 }

@@ -24,7 +24,7 @@ void tellKeys() {
 } // namespace
 
 TEST(Terminal, IsRawDuringTheCallAndRestoredAfterIt) {
-    TerminalCall call({"-ASCII", "-LOCAL"}, tellKeys, false);
+    DoorCall call({"-ASCII", "-LOCAL"}, tellKeys, false);
     EXPECT_EQ(call.until("ready"), "ready");
     call.type("\x03\x1a\x13\r\n\x04");
     EXPECT_EQ(call.until("<4>"), "<3><26><19><13><4>");
@@ -36,7 +36,7 @@ TEST(Terminal, IsRawDuringTheCallAndRestoredAfterIt) {
 
 TEST(Terminal, IsRestoredAfterACrash) {
     for (const Door& crash : {Door(std::abort), Door([] { std::exit(7); })}) {
-        TerminalCall call({"-ASCII", "-LOCAL"}, [&] {
+        DoorCall call({"-ASCII", "-LOCAL"}, [&] {
             od_printf("ready");
             od_get_key(1);
             crash();
@@ -49,7 +49,7 @@ TEST(Terminal, IsRestoredAfterACrash) {
 }
 
 TEST(Terminal, EscapeIsAKeyOnlyWhenNothingFollowsAtOnce) {
-    TerminalCall call({"-ASCII", "-LOCAL"}, tellKeys);
+    DoorCall call({"-ASCII", "-LOCAL"}, tellKeys);
     call.until("ready");
     call.type("\033[A");
     EXPECT_EQ(call.until(">"), "<127>");
@@ -68,7 +68,7 @@ TEST(Terminal, IsAskedForAnsiGraphics) {
         od_printf("`red`%d", od_control.user_ansi);
         tellKeys();
     };
-    TerminalCall answering({}, door);
+    DoorCall answering({}, door);
     answering.type("a");
     EXPECT_EQ(answering.until("\033[6n"), "hello\033[6n");
     answering.type("b\033\033[1;");
@@ -76,7 +76,7 @@ TEST(Terminal, IsAskedForAnsiGraphics) {
     EXPECT_EQ(answering.until("<99>"), "\033[0;31m1ready<97><98><27><99>");
 
     // An answer that comes too late is no key either.
-    TerminalCall silent({"-LOCAL"}, door);
+    DoorCall silent({"-LOCAL"}, door);
     const auto start = std::chrono::steady_clock::now();
     silent.until("\033[6n");
     silent.type("a");
@@ -87,7 +87,7 @@ TEST(Terminal, IsAskedForAnsiGraphics) {
     silent.type("\033[1;6Rb");
     EXPECT_EQ(silent.until(">"), "<98>");
 
-    TerminalCall told({"-LOCAL", "-GRAPHICS"}, door);
+    DoorCall told({"-LOCAL", "-GRAPHICS"}, door);
     EXPECT_EQ(told.until("ready"), "\033[0;37mhello\033[0;31m1ready");
     EXPECT_EQ(callWithKeys({"-LOCAL"}, "", door).shown, "hello0ready");
 }

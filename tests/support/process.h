@@ -1,0 +1,67 @@
+// Whole calls in a process of their own: the caller's end of one.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+#include <termios.h>
+
+// What a child does; it never comes back.
+using Child = std::function<void()>;
+
+// How a call went: the exit status (1000 and more: the signal that ended it) and what came out.
+struct Outcome {
+    int status = -1;
+    std::string shown;
+    std::string complaints;
+    std::vector<std::string> writes;
+};
+
+// Runs a child whose caller typed all his keys beforehand and is then gone.
+Outcome runWithKeys(const Child& child, const std::string& keys);
+
+// Starts a child on these streams, -1 for a closed one; a terminal may become its own.
+pid_t startChild(const Child& child, int input, int output, int errors = -1,
+                 bool controlling = false);
+
+// The exit status of a child; -1 when it does not end within about a second and has to be killed.
+int waitForEnd(pid_t child);
+
+// A child whose caller sits at a pseudo-terminal. With a controlling terminal a hang-up comes as a
+// signal, without one as the end of the input.
+struct TerminalCall {
+    explicit TerminalCall(const Child& doing, bool controlling = true);
+    ~TerminalCall() { hangUp(); }
+    TerminalCall(const TerminalCall&) = delete;
+    TerminalCall& operator=(const TerminalCall&) = delete;
+
+    void type(const std::string& keys) const;
+
+    // Waits until the text has been shown; all that was shown since the last time.
+    std::string until(const std::string& text) const;
+
+    void hangUp();
+    int status() const { return waitForEnd(child); }
+
+    // Whether the terminal is as it was before the call.
+    bool isRestored() const;
+
+    int master = -1;
+    pid_t child = -1;
+    termios before{};
+};
+
+// A directory of its own for one test, gone with it.
+struct Folder {
+    Folder();
+    ~Folder();
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    std::string path(const std::string& name = "") const { return self + '/' + name; }
+    std::string write(const std::string& name, const std::string& bytes) const;
+
+    std::string self = "/tmp/morvek.XXXXXX";
+};
