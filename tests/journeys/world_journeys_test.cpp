@@ -1,0 +1,146 @@
+// Walks and fights as callers have them: out of Towne, through the world, and home again.
+#include "../world/walkers.h"
+#include "world/world_entry.h"
+
+#include <cstdio>
+
+using namespace morvek;
+using namespace morvek::test;
+using testing::EndsWith;
+using testing::HasSubstr;
+
+namespace {
+
+std::string times(int count, const std::string& keys) {
+    std::string all;
+    for (int i = 0; i < count; ++i) {
+        all += keys;
+    }
+    return all;
+}
+
+void goOut(const std::string& keys) {
+    caller.type(keys);
+    enterWorld();
+    EXPECT_EQ(caller.keys, "") << "keys not asked for";
+}
+
+} // namespace
+
+// A group of three fought to the end costs one turn, and then the way is free.
+TEST(WorldJourney, AGroupOfThree) {
+    beginCall();
+    game.world.currentLocation = 2;
+    chance.script({2});
+    goOut("axaxax4f");
+    EXPECT_THAT(screens(), HasSubstr("encountered `bright red`}<3>{ `bright white`}<Kobold"));
+    EXPECT_THAT(screens(), HasSubstr("encountered `bright red`}<1>{ `bright white`}<Kobold"));
+    EXPECT_EQ(game.player.turnsLeft, 29);
+    EXPECT_EQ(game.player.experience, 3);
+    EXPECT_EQ(game.world.cleared(2), 1);
+    EXPECT_EQ(game.world.currentLocation, 3);
+}
+
+// Death ends all visits without a word, and is saved with full hit points.
+TEST(WorldJourney, ADeath) {
+    beginCall(true);
+    game.session.characterFileName = testing::TempDir() + "morvek_journey.dat";
+    game.world.currentLocation = 2;
+    game.world.cleared(4) = 0;
+    game.player.hitPoints = 1;
+    game.player.dexterity = 0;
+    goOut("47a");
+    EXPECT_THAT(screens(), EndsWith("{ `red`has killed you!||}"));
+    EXPECT_EQ(game.world.playerDead, 1);
+    EXPECT_EQ(game.world.leavingWorld, 0);
+    EXPECT_EQ(game.roster.slots[0].hitPoints, 25);
+    EXPECT_EQ(std::remove(game.session.characterFileName.c_str()), 0);
+}
+
+// Who flees comes home through the location he fled from, when its number is the higher, and
+// resumes at the one before it.
+TEST(WorldJourney, AFlightAndTheResumption) {
+    beginCall(true);
+    game.world.cleared(3) = 0;
+    goOut("84f");
+    EXPECT_EQ(timesShown("Forest 1"), 1);
+    EXPECT_EQ(timesShown("Forest 3"), 2);
+    EXPECT_THAT(screens(), EndsWith("<1>{`red`/`bright white`}<1>")) << "met, and gone on home";
+    goOut("4axf");
+    EXPECT_THAT(screens(), HasSubstr("{`red`Forest 2|}{|}{`red`Directions"));
+    EXPECT_THAT(screens(), EndsWith("[clear]{||}{`red`Forest 3|}")) << "seen, and gone on home";
+
+    beginCall(true);
+    game.world.currentLocation = 12;
+    goOut("178f");
+    EXPECT_EQ(game.world.previousLocation, 7) << "the late trail leads to where he was last";
+    for (const int location : {40, 77, 2'000'000'000}) { // where nobody comes out
+        game.world.previousLocation = location;
+        goOut("");
+        EXPECT_TRUE(caller.calls.empty()) << location;
+        game.world.leavingWorld = 1;
+    }
+}
+
+// An ambush finds its monsters in a cleared room and, when he flees, where he comes out next.
+TEST(WorldJourney, AnAmbushInAClearedRoom) {
+    beginCall(true);
+    game.world.currentLocation = 9;
+    game.world.searched(9) = 0;
+    game.world.previousLocation = 10;
+    game.encounter.monster.monsterReady = 1; // as after a group slain here
+    chance.script({0, 0, 0, 0, 1, 2});
+    goOut("sxaxf");
+    EXPECT_THAT(screens(), HasSubstr("encountered `bright red`}<3>")) << "rolled anew";
+    EXPECT_EQ(game.encounter.ambushPending, 1);
+    goOut("axax3f");
+    EXPECT_THAT(screens(), HasSubstr("encountered `bright red`}<2>"));
+    EXPECT_EQ(game.encounter.ambushPending, 0);
+    EXPECT_EQ(game.world.currentLocation, 11);
+}
+
+// The last turn, far out: both messages once, also by one who heard them before, and nothing else
+// on the way home.
+TEST(WorldJourney, ExhaustionFarFromHome) {
+    beginCall(true);
+    game.player.turnsLeft = 1;
+    game.world.exhaustedShown = 1;
+    game.world.cleared(4) = 0;
+    goOut(times(100, "82") + "847axxx");
+    EXPECT_THAT(screens(), EndsWith("[key]{||`bright white`You are out of turns for today.|}"
+                                    "{`red`Come back tomorrow...}{||}{`red`Press any key!}[key]"
+                                    "{|}{`red`You are `bright white`exhausted`red`.||}"
+                                    "{`red`Press any key!}[key]"));
+    EXPECT_EQ(game.world.previousLocation, 3);
+}
+
+// Through both levels of the castle to its last room, where a guard is slain.
+TEST(WorldJourney, TheCastleToItsLastRoom) {
+    beginCall(true);
+    game.player.hitPoints = 1000;
+    game.world.currentLocation = 43;
+    game.world.levelCleared(Level::castle2, 24) = 0;
+    goOut("6e848866687872d242622661422x" + times(47, "ax") + "82f");
+    EXPECT_EQ(timesSaid("`red`Congratulations!!!"), 1) << "not when he comes again";
+    EXPECT_THAT(screens(), HasSubstr("{`red`Castle Level 2|}{|}{`red`Congratulations!!!}"
+                                     "{`red`You found `bright red`Morvek`red`!||}"
+                                     "{`red`Press any key!}[key]{|}{`red`You've encountered"));
+    EXPECT_EQ(game.world.levelCleared(Level::castle2, 24), 1);
+    EXPECT_EQ(game.world.position(Level::castle1), 22);
+    EXPECT_EQ(game.world.position(Level::castle2), 1);
+    EXPECT_EQ(game.world.previousLocation, 56);
+}
+
+// A day's thirty turns at the one location that never counts as cleared.
+TEST(WorldJourney, ADaysThirtyTurns) {
+    beginCall(true);
+    game.world.currentLocation = 46;
+    game.world.cleared(46) = 0;
+    game.world.cleared(47) = 0;
+    goOut(times(29, "ax28") + "axxx");
+    EXPECT_EQ(timesShown("Cedar River 45"), 29);
+    EXPECT_EQ(game.player.turnsLeft, 0);
+    EXPECT_EQ(game.player.experience, 30);
+    EXPECT_EQ(game.world.cleared(46), 0);
+    EXPECT_EQ(game.world.cleared(47), 1);
+}
