@@ -6,11 +6,20 @@
 
 #include "characters/character_file.h"
 #include "characters/player_list.h"
+#include "combat/player_fight.h"
 #include "door/screen.h"
 #include "state/game_state.h"
+#include "towne/bank.h"
+#include "towne/health_shrine.h"
+#include "towne/player_attack.h"
 #include "towne/player_reset.h"
 #include "towne/scores.h"
+#include "towne/shop.h"
 #include "towne/status_screen.h"
+#include "towne/tavern.h"
+#include "world/world_entry.h"
+
+#include <array>
 
 namespace morvek {
 namespace {
@@ -42,6 +51,42 @@ void listPlayers() {
 void attackPlayer() {
     loadRoster();
     showPlayerList();
+    if (game.world.playerDead == 0 && attackAnotherPlayer()) {
+        fightPlayer();
+    }
+}
+
+// Who was sent back from inside the world resumes where he last left a place.
+void goOut() {
+    if (game.player.turnsLeft <= 0) {
+        say("\n\r\n\r`bright white`You are out of turns for today.\n\r");
+        say("`red`Come back tomorrow...");
+        say("\n\r\n\r");
+        pressAnyKey();
+        return;
+    }
+    World& world = game.world;
+    if (world.currentLocation <= 0) {
+        world.currentLocation = 1;
+    }
+    if (world.leavingWorld != 0) {
+        world.currentLocation = world.previousLocation;
+        game.encounter.monster.hitPoints = 0;
+        world.leavingWorld = 0;
+    }
+    enterWorld();
+}
+
+void enter(void (*place)()) {
+    say("\n\r");
+    place();
+}
+
+// A room at the inn keeps the caller out of the tavern for the rest of his game.
+void tavern() {
+    if (game.session.roomRented == 0) {
+        visitTavern();
+    }
 }
 
 void status() {
@@ -75,6 +120,34 @@ void quit() {
     pressAnyKey();
 }
 
+struct Choice {
+    char key;
+    void (*visit)();
+};
+
+// "m" stands among the keys, but nothing is behind it.
+constexpr std::array<Choice, 11> choices{{
+    {'f', goOut},
+    {'h', [] { enter(healthShrine); }},
+    {'w', [] { enter(weaponShop); }},
+    {'a', [] { enter(armourShop); }},
+    {'m', [] { say("\n\r"); }},
+    {'b', [] { enter(visitBank); }},
+    {'t', [] { enter(tavern); }},
+    {'l', listPlayers},
+    {'y', status},
+    {'o', showUsersOnline},
+    {'p', attackPlayer},
+}};
+
+void visitChosen(char key) {
+    for (const Choice& choice : choices) {
+        if (choice.key == key) {
+            choice.visit();
+        }
+    }
+}
+
 } // namespace
 
 void towneMenu() {
@@ -83,28 +156,12 @@ void towneMenu() {
     }
     while (game.player.hitPoints > 0) {
         clearScreen();
-        switch (menu("townmenu", "fhwambtlyoqp")) {
-        case 'l':
-            listPlayers();
-            break;
-        case 'p':
-            attackPlayer();
-            break;
-        case 'o':
-            showUsersOnline();
-            break;
-        case 'y':
-            status();
-            break;
-        case 'm':
-            say("\n\r");
-            break;
-        case 'q':
+        const char key = menu("townmenu", "fhwambtlyoqp");
+        if (key == 'q') {
             quit();
             return;
-        default:
-            break;
         }
+        visitChosen(key);
     }
 }
 
