@@ -7,14 +7,17 @@
 namespace morvek {
 namespace {
 
+enum class Copied { bothWays, whenRead, whenWritten };
+
 // A run of stored words: from a record's byte offset on, the words first, first - 1, ..., last.
 struct WordRun {
     std::size_t offset;
     std::size_t first;
     std::size_t last;
+    Copied copied = Copied::bothWays;
 };
 
-constexpr std::array<WordRun, 10> writtenRuns{{
+constexpr std::array<WordRun, 11> wordRuns{{
     {272, 233, 205},
     {392, 204, 158},
     {580, 310, 296},
@@ -23,25 +26,13 @@ constexpr std::array<WordRun, 10> writtenRuns{{
     {888, 156, 122},
     {1028, 120, 86},
     {1168, 84, 50},
-    {1308, 84, 50},
+    {1168, 48, 14, Copied::whenRead},
+    {1308, 84, 50, Copied::whenWritten},
     {1448, 12, 0},
 }};
 
 // The healed save stores only the `searched` flags: the first two runs.
 constexpr std::size_t healedRuns = 2;
-
-constexpr std::array<WordRun, 10> readRuns{{
-    {272, 233, 205},
-    {392, 204, 158},
-    {580, 310, 296},
-    {640, 294, 281},
-    {700, 280, 234},
-    {888, 156, 122},
-    {1028, 120, 86},
-    {1168, 84, 50},
-    {1168, 48, 14},
-    {1448, 12, 0},
-}};
 
 constexpr std::size_t firstStored(const WordRun& run) {
     return (run.offset - offsetof(PlayerRecord, worldState)) / sizeof(std::int32_t);
@@ -49,15 +40,16 @@ constexpr std::size_t firstStored(const WordRun& run) {
 
 void storeWords(PlayerRecord& slot, std::span<const WordRun> runs) {
     for (const WordRun& run : runs) {
-        for (std::size_t i = 0; i <= run.first - run.last; ++i) {
+        for (std::size_t i = 0; run.copied != Copied::whenRead && i <= run.first - run.last; ++i) {
             slot.worldState[firstStored(run) + i] = game.world.words[run.first - i];
         }
     }
 }
 
 void restoreWords(const PlayerRecord& slot) {
-    for (const WordRun& run : readRuns) {
-        for (std::size_t i = 0; i <= run.first - run.last; ++i) {
+    for (const WordRun& run : wordRuns) {
+        for (std::size_t i = 0; run.copied != Copied::whenWritten && i <= run.first - run.last;
+             ++i) {
             game.world.words[run.first - i] = slot.worldState[firstStored(run) + i];
         }
     }
@@ -102,9 +94,9 @@ void storePlayer(PlayerRecord& slot, StoreKind kind) {
     slot.currentLocation = game.world.currentLocation;
     if (kind == StoreKind::healed) {
         slot.hitPoints = player.maxHitPoints;
-        storeWords(slot, std::span(writtenRuns).first(healedRuns));
+        storeWords(slot, std::span(wordRuns).first(healedRuns));
     } else {
-        storeWords(slot, writtenRuns);
+        storeWords(slot, wordRuns);
     }
 }
 
