@@ -115,7 +115,7 @@ std::string keysListed(std::string_view text) {
 
 // The lines of the text, which must fit the screen and hold nothing that moves the cursor.
 std::vector<std::string> linesThatFit(const Menu& menu, const std::string& text) {
-    const auto lines = splitLines(text);
+    auto lines = splitLines(text);
     EXPECT_LE(lines.size(), menu.lines);
     for (const auto& line : lines) {
         EXPECT_LE(line.size(), 79u) << line;
