@@ -6,14 +6,17 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "clock.h"
 #include "text.h"
 
 namespace odoors {
 
 namespace {
 
+// By this variable of the environment boards name the BBSDEV.DRP of the call.
+constexpr const char* bbsdevVariable = "BBSDEV_DRP";
+
 constexpr std::size_t longestName = 35;
-constexpr std::int64_t secondsPerMinute = 60;
 constexpr std::int64_t usualMinutes = 60;
 constexpr std::int64_t usualInactivity = 300;
 
@@ -33,6 +36,10 @@ bool isOpenSocket(int descriptor) {
     return descriptor > 0 && fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode);
 }
 
+int socketOf(const Options& options, const std::optional<DropFile>& file) {
+    return options.handle ? *options.handle : file->socket;
+}
+
 // Boards name sockets that are none, and sockets beside a terminal that they have set up for the
 // door: then the caller is at standard input and output.
 Route actualRoute(const Options& options, const std::optional<DropFile>& file,
@@ -41,23 +48,18 @@ Route actualRoute(const Options& options, const std::optional<DropFile>& file,
         return Route::standardStreams;
     }
     Route route = options.handle ? Route::socket : file ? file->route : Route::standardStreams;
-    if (route == Route::socket) {
-        const int descriptor = options.handle ? *options.handle : file->socket;
-        if (streams.inputIsTerminal || !isOpenSocket(descriptor)) {
-            route = Route::standardStreams;
-        }
+    if (route == Route::socket &&
+        (streams.inputIsTerminal || !isOpenSocket(socketOf(options, file)))) {
+        route = Route::standardStreams;
     }
     return route;
 }
 
 void checkRoute(Route route, const Streams& streams) {
-    if (route == Route::socket) {
-        throw Refusal{"a caller on a socket cannot be served by this build; use -STDIO"};
-    }
     if (route == Route::unreachable) {
         throw Refusal{"no way to the caller: a serial line is not served; use -STDIO"};
     }
-    if (!streams.open) {
+    if (route == Route::standardStreams && !streams.open) {
         throw Refusal{"no way to the caller: standard input or output is closed"};
     }
 }
@@ -81,8 +83,9 @@ std::optional<DropFile> findDropFile(const Options& options, const Streams& stre
     if (options.local) {
         return std::nullopt;
     }
+    const int node = options.node.value_or(1);
     if (options.dropFile) {
-        std::optional<DropFile> file = readDropFile(*options.dropFile);
+        std::optional<DropFile> file = readDropFile(*options.dropFile, node);
         if (!file) {
             throw Refusal{*options.dropFile + ": holds no drop file"};
         }
@@ -91,7 +94,11 @@ std::optional<DropFile> findDropFile(const Options& options, const Streams& stre
     if (options.handle) {
         return std::nullopt;
     }
-    std::optional<DropFile> file = readDropFile(".");
+    const char* named = std::getenv(bbsdevVariable);
+    if (named != nullptr && *named != 0) {
+        return readBbsdevFile(named);
+    }
+    std::optional<DropFile> file = readDropFile(".", node);
     if (!file && !streams.inputIsTerminal) {
         throw Refusal{"no drop file here and no terminal; -HELP tells how to name the caller"};
     }
@@ -100,10 +107,17 @@ std::optional<DropFile> findDropFile(const Options& options, const Streams& stre
 
 Caller resolveCaller(const Options& options, const std::optional<DropFile>& file,
                      const Streams& streams) {
-    checkRoute(actualRoute(options, file, streams), streams);
+    const Route route = actualRoute(options, file, streams);
+    checkRoute(route, streams);
     const bool local = !file && !options.handle;
     Caller caller;
-    caller.charset = options.charset.value_or(local ? charsetOfEnvironment() : Charset::cp437);
+    if (route == Route::socket) {
+        caller.socket = socketOf(options, file);
+    }
+    const std::optional<Charset> told = options.charset ? options.charset
+                                        : file          ? file->charset
+                                                        : std::nullopt;
+    caller.charset = told.value_or(local ? charsetOfEnvironment() : Charset::cp437);
     caller.name = nameOf(options, file, caller.charset).substr(0, longestName);
     caller.node = options.node.value_or(file ? file->node : 1);
     caller.timed = options.minutesLeft || file;

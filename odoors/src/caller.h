@@ -14,7 +14,8 @@ namespace odoors {
 // Who the caller is, how he is reached and what he may do: the drop file, the options, which win
 // over it, and what is usual where neither says anything.
 struct Caller {
-    std::string name; // CP437, at most 35 bytes
+    std::string name;          // CP437, at most 35 bytes
+    std::optional<int> socket; // none: he is at standard input and output
     int node = 1;
     std::int64_t secondsLeft = 0;
     bool timed = false;       // whether the session ends when they are used up

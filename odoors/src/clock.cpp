@@ -8,7 +8,6 @@ namespace odoors {
 
 namespace {
 
-constexpr std::int64_t secondsPerMinute = 60;
 constexpr Milliseconds perSecond = 1000;
 constexpr std::int64_t mostMinutesShown = 32767;
 constexpr std::array warnings{1, 5};
@@ -19,6 +18,12 @@ Milliseconds presentMoment() {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
     return static_cast<Milliseconds>(now.tv_sec) * perSecond + now.tv_nsec / 1'000'000;
+}
+
+std::int64_t calendarSecond() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return now.tv_sec;
 }
 
 TimeLimit::TimeLimit(Milliseconds start, std::int64_t seconds, bool enforced)

@@ -9,10 +9,15 @@ namespace odoors {
 // A moment or a span in milliseconds; moments count from an arbitrary start.
 using Milliseconds = std::int64_t;
 
+constexpr std::int64_t secondsPerMinute = 60;
+
 constexpr Milliseconds never = std::numeric_limits<Milliseconds>::max();
 
 // The present moment on a clock that nobody can set.
 Milliseconds presentMoment();
+
+// The present second on the calendar's clock, counted from the start of 1970 in UTC.
+std::int64_t calendarSecond();
 
 // The time that one caller has: how much is left, and what he must be told about it.
 class TimeLimit {

@@ -23,6 +23,9 @@ bool isPassing(int error) {
 
 } // namespace
 
+Connection::Connection(int socket)
+    : input_(socket), output_(socket), telnet_(std::make_unique<Telnet>()) {}
+
 Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
     if (lost_) {
         return Event::lost;
@@ -38,15 +41,34 @@ Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
         std::array<char, chunk> buffer;
         const ssize_t count = ::read(input_, buffer.data(), buffer.size());
         if (count > 0) {
-            bytes.append(buffer.data(), static_cast<std::size_t>(count));
-            return Event::bytes;
+            return receive({buffer.data(), static_cast<std::size_t>(count)}, bytes);
         }
         return count < 0 && isPassing(errno) ? Event::nothing : lose();
     }
     return (ends[1].revents & (POLLERR | POLLHUP | POLLNVAL)) != 0 ? lose() : Event::nothing;
 }
 
+Connection::Event Connection::receive(std::string_view fromLine, std::string& bytes) {
+    if (!telnet_) {
+        bytes += fromLine;
+        return Event::bytes;
+    }
+    const std::size_t before = bytes.size();
+    telnet_->receive(fromLine, bytes);
+    writeRaw(telnet_->takeForLine());
+    return bytes.size() > before ? Event::bytes : lost_ ? Event::lost : Event::nothing;
+}
+
+std::string Connection::forLine(std::string_view bytes) {
+    telnet_->send(bytes);
+    return telnet_->takeForLine();
+}
+
 bool Connection::write(std::string_view bytes) {
+    return telnet_ ? writeRaw(forLine(bytes)) : writeRaw(bytes);
+}
+
+bool Connection::writeRaw(std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = ::write(output_, bytes.data(), bytes.size());
         if (count >= 0) {
@@ -62,15 +84,15 @@ bool Connection::write(std::string_view bytes) {
     return true;
 }
 
-void Connection::writeAtParting(std::string_view bytes) const {
+void Connection::writeAtParting(std::string_view bytes) {
     pollfd end{output_, POLLOUT, 0};
     if (!bytes.empty() && poll(&end, 1, 0) == 1 && (end.revents & POLLOUT) != 0) {
         [[maybe_unused]] const ssize_t count = ::write(output_, bytes.data(), bytes.size());
     }
 }
 
-bool Connection::isTerminal() const {
-    return isatty(input_) == 1 && isatty(output_) == 1;
+bool Connection::canBeAsked() const {
+    return telnet_ || (isatty(input_) == 1 && isatty(output_) == 1);
 }
 
 Connection::Event Connection::lose() {

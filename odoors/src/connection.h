@@ -1,10 +1,12 @@
 #ifndef ODOORS_CONNECTION_H
 #define ODOORS_CONNECTION_H
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "clock.h"
+#include "telnet.h"
 
 namespace odoors {
 
@@ -12,8 +14,11 @@ namespace odoors {
 // they may be pipes, terminals or files, may be shared and may be nonblocking.
 class Connection {
 public:
+    // The caller is at standard input and output.
     Connection() = default;
-    Connection(int input, int output) : input_(input), output_(output) {}
+
+    // The caller has a telnet program at the other end of the socket.
+    explicit Connection(int socket);
 
     enum class Event { bytes, nothing, lost };
 
@@ -25,19 +30,23 @@ public:
     bool write(std::string_view bytes);
 
     // Sends what the caller can take without a wait; whether he got it does not matter.
-    void writeAtParting(std::string_view bytes) const;
+    void writeAtParting(std::string_view bytes);
 
     // Whether the caller is gone or has no more to send.
     bool lost() const { return lost_; }
 
-    // Whether there is a terminal at both ends, which can be asked what it is.
-    bool isTerminal() const;
+    // Whether there is a terminal to be asked what it is: here, or behind a socket.
+    bool canBeAsked() const;
 
 private:
     Event lose();
+    Event receive(std::string_view fromLine, std::string& bytes);
+    std::string forLine(std::string_view bytes);
+    bool writeRaw(std::string_view bytes);
 
     int input_ = 0;
     int output_ = 1;
+    std::unique_ptr<Telnet> telnet_; // none: the bytes are the caller's own
     bool lost_ = false;
 };
 

@@ -1,7 +1,6 @@
 #include "door32.h"
 
-#include <algorithm>
-#include <limits>
+#include "clock.h"
 
 namespace odoors {
 
@@ -9,17 +8,10 @@ namespace {
 
 enum CommType : std::int64_t { local = 0, socketComm = 2 };
 
-constexpr std::int64_t secondsPerMinute = 60;
-
 Route routeOf(std::int64_t commType) {
     return commType == local        ? Route::standardStreams
            : commType == socketComm ? Route::socket
                                     : Route::unreachable;
-}
-
-int toInt(std::int64_t number) {
-    return static_cast<int>(std::clamp<std::int64_t>(number, std::numeric_limits<int>::min(),
-                                                     std::numeric_limits<int>::max()));
 }
 
 } // namespace
@@ -29,12 +21,12 @@ DropFile readDoor32(const DropLines& lines) {
     const bool inSeconds = lines.text(4).starts_with("WWIV");
     DropFile file;
     file.route = routeOf(lines.number(1));
-    file.socket = toInt(lines.number(2));
+    file.socket = lines.smallNumber(2);
     file.realName = lines.text(6);
     file.alias = lines.text(7);
     file.secondsLeft = lines.number(9) * (inSeconds ? 1 : secondsPerMinute);
     file.ansi = lines.number(10) >= 1;
-    file.node = toInt(lines.number(11));
+    file.node = lines.smallNumber(11);
     return file;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text.h"
+
 namespace odoors {
 
 namespace {
@@ -15,10 +17,6 @@ bool isControl(char byte) {
 // Whether the byte can go on with a character of UTF-8.
 bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
-}
-
-bool isDigit(char byte) {
-    return byte >= '0' && byte <= '9';
 }
 
 // Whether the sequence is "[ row ; column R".

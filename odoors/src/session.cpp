@@ -56,10 +56,13 @@ void Session::open(const Options& options) {
     const std::optional<DropFile> file = findDropFile(options, streams);
     const Caller caller = resolveCaller(options, file, streams);
     watchSignals(connectionLost);
+    if (caller.socket) {
+        connection_ = Connection(*caller.socket);
+    }
     std::snprintf(od_control.user_name, sizeof od_control.user_name, "%s", caller.name.c_str());
     od_control.od_node = caller.node;
     od_control.user_ansi = caller.ansi.value_or(false) ? 1 : 0;
-    ansiSettled_ = caller.ansi.has_value() || !connection_.isTerminal();
+    ansiSettled_ = caller.ansi.has_value() || !connection_.canBeAsked();
     output.setCharset(caller.charset);
     keys_.setCharset(caller.charset);
     if (caller.inactivitySeconds > 0) {

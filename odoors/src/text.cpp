@@ -30,6 +30,10 @@ bool sameLetters(std::string_view one, std::string_view other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(), sameLetter);
 }
 
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
 std::optional<std::int64_t> readNumber(std::string_view text) {
     text = withoutTrailingBlanks(text);
     while (!text.empty() && text.front() == ' ') {
@@ -44,7 +48,7 @@ std::optional<std::int64_t> readNumber(std::string_view text) {
     }
     std::int64_t number = 0;
     for (const char c : text) {
-        if (c < '0' || c > '9') {
+        if (!isDigit(c)) {
             return std::nullopt;
         }
         number = std::min(largestNumber, number * 10 + (c - '0'));

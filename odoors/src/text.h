@@ -22,6 +22,9 @@ bool sameLetters(std::string_view one, std::string_view other);
 // Whether both keys or characters are the same but for the case of a letter A to Z.
 bool sameLetter(char one, char other);
 
+// Whether the character is one of 0 to 9.
+bool isDigit(char c);
+
 // The whole number that the text is, blanks around it allowed, held within ±10^13; none when the
 // text is anything else.
 std::optional<std::int64_t> readNumber(std::string_view text);

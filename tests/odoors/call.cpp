@@ -13,7 +13,7 @@ namespace {
 long secondsAhead = 0;
 
 [[noreturn]] void runDoor(const Arguments& arguments, const Door& door) {
-    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG", "BBSDEV_DRP"}) {
+    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
         unsetenv(name);
     }
     setenv("LOGNAME", "newcomer", 1);

@@ -6,7 +6,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include "OpenDoor.h"
 #include "call.h"
 #include "text.h"
 
@@ -32,30 +31,6 @@ std::string refusalOf(const Door& action) {
     }
     return "";
 }
-
-// A DOOR32.SYS with another text in one of its lines.
-std::string fileWith(std::size_t line = 3, const std::string& text = "38400") {
-    std::vector<std::string> lines{"0",   "-1", "38400", "Board 1", "7", "Alice Doe \t",
-                                   "Ace", "50", "45",    "1",       "3"};
-    lines[line - 1] = text;
-    std::string bytes;
-    for (const std::string& each : lines) {
-        bytes += each + "\r\n";
-    }
-    return bytes;
-}
-
-struct DropFiles : testing::Test {
-    Folder folder;
-
-    DropFile read(const std::string& bytes) const {
-        return readDropFile(folder.write("door32.sys", bytes)).value();
-    }
-
-    Caller callerWith(const std::string& options, const std::string& bytes = fileWith()) const {
-        return resolveCaller(optionsOf(options), read(bytes), {});
-    }
-};
 
 } // namespace
 
@@ -92,98 +67,48 @@ TEST(OptionsTest, WrongOnesAreRefused) {
     EXPECT_EQ(help.shown, usage);
 }
 
-TEST_F(DropFiles, HoldTheCaller) {
-    std::string unixFile = fileWith();
-    std::erase(unixFile, '\r');
-    for (const std::string& bytes : {fileWith(), unixFile.substr(0, unixFile.size() - 1)}) {
-        const Caller caller = callerWith("-STDIO", bytes);
-        EXPECT_EQ(caller.name, "Ace");
-        EXPECT_EQ(caller.secondsLeft, 2700);
-        EXPECT_EQ(caller.ansi, true);
-        EXPECT_EQ(caller.node, 3);
-        EXPECT_EQ(caller.inactivitySeconds, 300);
-    }
-    EXPECT_EQ(read(fileWith(4, "WWIV v5")).secondsLeft, 45);
-    EXPECT_EQ(read(fileWith(9, "99999999999999999999")).secondsLeft, 600'000'000'000'000);
-    EXPECT_EQ(read(fileWith(10, "0")).ansi, false);
-    EXPECT_EQ(read(fileWith(10, "4")).ansi, true);
-}
-
-TEST_F(DropFiles, AreOverruledByOptions) {
-    const Caller caller = callerWith("-TIMELEFT 7 -N9 -ASCII -INACTIVITY=2 -REALNAME");
-    EXPECT_EQ(caller.name, "Alice Doe");
-    EXPECT_EQ(caller.secondsLeft, 420);
-    EXPECT_EQ(caller.node, 9);
-    EXPECT_EQ(caller.ansi, false);
-    EXPECT_EQ(caller.inactivitySeconds, 2);
-    EXPECT_EQ(resolveCaller({}, {}, {}).inactivitySeconds, 0);
-    EXPECT_EQ(callerWith("-USERNAME=").name, "");
-    EXPECT_EQ(callerWith("-STDIO", fileWith(7, " ")).name, "Alice Doe");
-    EXPECT_EQ(callerWith("-REALNAME", fileWith(6, "")).name, "Ace");
-    EXPECT_EQ(callerWith("-STDIO", fileWith(7, std::string(40, 'x'))).name, std::string(35, 'x'));
-}
-
-TEST_F(DropFiles, AreRefusedByLine) {
-    const auto reason = [this](std::size_t line, const char* what) {
-        const std::string start = folder.path("door32.sys") + ": line ";
-        return start + std::to_string(line) + what;
-    };
-    const std::string whole = fileWith();
-    for (std::size_t length = 0; length < whole.size() - 2; ++length) {
-        const std::string cut = whole.substr(0, length);
-        const auto ended = static_cast<std::size_t>(std::count(cut.begin(), cut.end(), '\n'));
-        const std::size_t lines = ended + (cut.empty() || cut.back() == '\n' ? 0 : 1);
-        const std::string expected = reason(lines + 1, " is missing; 11 lines are needed");
-        EXPECT_EQ(refusalOf([&] { read(cut); }), lines < 11 ? expected : "") << length;
-    }
-    for (const std::size_t line : {1U, 2U, 9U, 10U, 11U}) {
-        for (const char* text : {"", "x", "1x", "-", "1 2", "0x1", "1.5"}) {
-            EXPECT_EQ(refusalOf([&] { read(fileWith(line, text)); }),
-                      reason(line, " is no number"));
-        }
-    }
-}
-
-TEST_F(DropFiles, SayHowTheCallerIsReallyReached) {
+TEST(CallerTest, IsReachedAsHeReallyCanBe) {
     std::array<int, 2> sockets{};
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, sockets.data()), 0);
-    const auto isReached = [](Route route, int handle, const char* option, bool terminal) {
+    const auto way = [](Route route, int handle, const char* option, Streams streams) {
         DropFile file;
         file.route = route;
         file.socket = handle;
-        const Options options = optionsOf(option);
-        return refusalOf([&] { resolveCaller(options, file, {true, terminal, terminal}); }).empty();
+        std::string reached;
+        const std::string refusal = refusalOf([&] {
+            const Caller caller = resolveCaller(optionsOf(option), file, streams);
+            reached = caller.socket ? std::to_string(*caller.socket) : "streams";
+        });
+        return refusal.empty() ? reached : "refused";
     };
+    const Streams nothing{true, false, false};
+    const Streams terminal{true, true, true};
+    const Streams closed{false, false, false};
+    const std::string socket = std::to_string(sockets[0]);
     for (const int handle : {-1, 0, 1000, dup(STDERR_FILENO)}) {
-        EXPECT_TRUE(isReached(Route::socket, handle, "", false)) << handle;
+        EXPECT_EQ(way(Route::socket, handle, "", nothing), "streams") << handle;
+        EXPECT_EQ(way(Route::socket, handle, "", closed), "refused") << handle;
     }
-    EXPECT_TRUE(isReached(Route::socket, sockets[0], "", true));
-    EXPECT_TRUE(isReached(Route::socket, sockets[0], "-STDIO", false));
-    EXPECT_FALSE(isReached(Route::socket, sockets[0], "", false));
-    EXPECT_FALSE(isReached(Route::unreachable, 0, "", false));
-    EXPECT_TRUE(isReached(Route::unreachable, 0, "-H0", false));
+    for (const Route route : {Route::socket, Route::unreachable}) {
+        EXPECT_EQ(way(route, sockets[0], "-STDIO", nothing), "streams");
+        EXPECT_EQ(way(route, sockets[1], ("-SOCKET " + socket).c_str(), nothing), socket);
+        EXPECT_EQ(way(route, sockets[1], "-H0", nothing), "streams");
+    }
+    EXPECT_EQ(way(Route::socket, sockets[0], "", terminal), "streams");
+    EXPECT_EQ(way(Route::socket, sockets[0], "", closed), socket);
+    EXPECT_EQ(way(Route::standardStreams, sockets[0], "", nothing), "streams");
+    EXPECT_EQ(way(Route::unreachable, sockets[0], "", nothing), "refused");
     close(sockets[0]);
     close(sockets[1]);
 }
 
-TEST_F(DropFiles, AreFoundInAnyLetterCase) {
-    const Door showName = [] {
-        od_printf("%s,%d", od_control.user_name, od_control.user_timelimit);
-    };
-    const std::string file = folder.write("door32.Sys", fileWith(9, "40000"));
-    for (const std::string& path : {folder.path(), file, folder.path("DOOR32.SYS")}) {
-        EXPECT_EQ(callWithKeys({"-D", path}, "", showName).shown, "\033[0;37mAce,32767\033[0m");
-    }
-    EXPECT_EQ(callWithKeys({"-D" + folder.path(), "-L"}, "", showName).shown, "newcomer,60");
-    ASSERT_EQ(chdir(folder.path().c_str()), 0);
-    EXPECT_EQ(callWithKeys({"-ASCII"}, "", showName).shown, "Ace,32767");
-    unlink(file.c_str());
-    for (const Arguments& arguments :
-         {Arguments{}, {"-D", folder.path()}, {"-D", file}, {"-D", "/dev/null"}}) {
-        const Outcome outcome = callWithKeys(arguments, "", showName);
-        EXPECT_EQ(outcome.status, 1);
-        EXPECT_EQ(outcome.shown, "");
-        EXPECT_EQ(std::count(outcome.complaints.begin(), outcome.complaints.end(), '\n'), 1);
-    }
-    ASSERT_EQ(chdir("/"), 0);
+TEST(CallerTest, IsOverruledByOptions) {
+    const DropFile file;
+    EXPECT_EQ(resolveCaller({}, file, {}).inactivitySeconds, 300);
+    EXPECT_EQ(resolveCaller(optionsOf("-INACTIVITY=2"), file, {}).inactivitySeconds, 2);
+    EXPECT_EQ(resolveCaller({}, {}, {}).inactivitySeconds, 0);
+    DropFile named;
+    named.alias = "Ace";
+    EXPECT_EQ(resolveCaller(optionsOf("-USERNAME="), named, {}).name, "");
+    EXPECT_EQ(resolveCaller(optionsOf("-REALNAME"), named, {}).name, "Ace");
 }
