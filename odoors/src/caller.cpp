@@ -114,10 +114,8 @@ Caller resolveCaller(const Options& options, const std::optional<DropFile>& file
     if (route == Route::socket) {
         caller.socket = socketOf(options, file);
     }
-    const std::optional<Charset> told = options.charset ? options.charset
-                                        : file          ? file->charset
-                                                        : std::nullopt;
-    caller.charset = told.value_or(local ? charsetOfEnvironment() : Charset::cp437);
+    const Charset usual = local ? charsetOfEnvironment() : Charset::cp437;
+    caller.charset = options.charset.value_or(file ? file->charset.value_or(usual) : usual);
     caller.name = nameOf(options, file, caller.charset).substr(0, longestName);
     caller.node = options.node.value_or(file ? file->node : 1);
     caller.timed = options.minutesLeft || file;

@@ -21,7 +21,7 @@ run("${CMAKE_COMMAND}" -S "${SOURCE}" -B "${game}" -G "${GENERATOR}"
 run("${CMAKE_COMMAND}" --build "${game}" --target morvek)
 
 file(WRITE "${game}/keys" "hxq")
-execute_process(COMMAND "${game}/src/morvek" -LOCAL WORKING_DIRECTORY "${game}" TIMEOUT 10
+execute_process(COMMAND "${game}/morvek" -LOCAL WORKING_DIRECTORY "${game}" TIMEOUT 10
                 INPUT_FILE "${game}/keys" OUTPUT_VARIABLE shown RESULT_VARIABLE status)
 if(NOT status EQUAL 0 OR NOT shown MATCHES "Quit Game")
   message(FATAL_ERROR "The program ended with status ${status} and had shown:\n${shown}")
