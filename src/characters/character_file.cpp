@@ -19,6 +19,11 @@ std::span<char> rosterBytes() {
     return {reinterpret_cast<char*>(game.roster.slots.data()), sizeof game.roster.slots};
 }
 
+// A file that cannot be read is not written either: the roster in memory is not what it holds.
+Replacement openToSave() {
+    return Replacement(game.session.characterFileName, Needs::readingAndWriting);
+}
+
 void writeRoster(Replacement& file) {
     const std::span<char> bytes = rosterBytes();
     file.replace({bytes.data(), bytes.size()});
@@ -92,7 +97,7 @@ void loadPlayer() {
 
 void savePlayer() {
     game.session.doorUserName = userName();
-    Replacement file(game.session.characterFileName);
+    Replacement file = openToSave();
     if (!file.isOpen()) {
         return;
     }
@@ -108,7 +113,7 @@ void savePlayer() {
 
 void savePlayerHealed() {
     game.session.doorUserName = userName();
-    Replacement file(game.session.characterFileName);
+    Replacement file = openToSave();
     if (!file.isOpen()) {
         return;
     }
@@ -126,7 +131,7 @@ void savePlayerHealed() {
 }
 
 void saveQuick() {
-    Replacement file(game.session.characterFileName);
+    Replacement file = openToSave();
     if (!file.isOpen()) {
         return;
     }

@@ -14,8 +14,8 @@ namespace morvek {
 // the roster as it was.
 bool readRoster();
 
-// Whether the roster in memory is the file's now: finds the caller's character in slots 0 to 48,
-// gives it a new day's turns when the day has changed, or has a new character created and saved.
+// Reads the file and finds the caller's character in slots 0 to 48, giving it a new day's turns
+// when the day has changed; or has a new character created and saved.
 void loadPlayer();
 
 // Saves the player into the first of slots 0 to 48 that is the caller's own or free.

@@ -2,7 +2,7 @@
 
 namespace morvek {
 
-// The training hall: its menu, until the player returns to Towne.
+// The training hall: its menu, until the player leaves it.
 void trainingHall();
 
 } // namespace morvek

@@ -16,6 +16,7 @@ namespace {
 // O_NONBLOCK keeps a pipe that stands in a file's place from holding up the game.
 constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
 constexpr int writeFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
+constexpr int readWriteFlags = O_RDWR | O_CLOEXEC | O_NONBLOCK;
 constexpr mode_t newFileMode = 0666;
 
 // Links followed before a chain of them counts as a circle.
@@ -143,9 +144,9 @@ bool appendTo(const std::string& path, std::string_view text) {
     return file.isOpen() && writeAll(file.get(), text);
 }
 
-Replacement::Replacement(const std::string& path)
+Replacement::Replacement(const std::string& path, Needs needs)
     : target(followLinks(path)), temporaryName(target + ".new") {
-    inPlace = ::open(target.c_str(), writeFlags);
+    inPlace = ::open(target.c_str(), needs == Needs::writing ? writeFlags : readWriteFlags);
     if (inPlace < 0 && errno != ENOENT) {
         return; // not ours to write
     }

@@ -1,8 +1,8 @@
 // How the game touches the disk. A data file is read whole, or replaced whole: the new content is
 // written to a temporary file beside it, flushed to the disk and renamed over it, so that the file
 // under its own name is at every instant a whole one, old or new. A link is followed and stays a
-// link; the file keeps its mode. Only where the directory admits no temporary file is a file that
-// can be written overwritten in place.
+// link; the file keeps its mode. Only where the directory admits no temporary file, or no renaming
+// over the file, is a file that can be written overwritten in place; so is a device.
 #pragma once
 
 #include <cstddef>
@@ -29,12 +29,15 @@ void createWith(const std::string& path, std::string_view content);
 // Appends the text in one write, creating the file; false when it cannot be opened.
 bool appendTo(const std::string& path, std::string_view text);
 
+// What a file's mode must allow for it to be replaced.
+enum class Needs { writing, readingAndWriting };
+
 // A file held open for being replaced. Opening tells whether the file can be written at all and
 // changes nothing yet; replace() then puts the new content in the file's place.
 class Replacement {
 public:
     // Opens the file for writing, or finds that it can be created.
-    explicit Replacement(const std::string& path);
+    explicit Replacement(const std::string& path, Needs needs = Needs::writing);
     ~Replacement();
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;

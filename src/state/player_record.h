@@ -5,7 +5,7 @@
 //     24  bbsName             140  gold                224  armour
 //     48  slotIndex           148  bankGold            248  turnsLeft
 //     52  lastPlayedDay       156  experienceNeeded    252  turnsPerDay
-//     56  onlineFlag          160  hitPoints           256  reserved, zero
+//     56  onlineFlag          160  hitPoints           256  unused
 //     60  ownerName           164  maxHitPoints        260  reservedCounter
 //     84  name                168  strength            264  inUse, one byte, then three zeros
 //    108  className           ...  five more abilities  268  currentLocation
@@ -14,14 +14,14 @@
 //
 // The world state holds the words of world_words.h, running downwards:
 //
-//    272  W233..W205    388  zero          392  W204..W158    580  W310..W296
-//    640  W294..W281    696  zero          700  W280..W234    888  W156..W122
+//    272  W233..W205    388  unused        392  W204..W158    580  W310..W296
+//    640  W294..W281    696  unused        700  W280..W234    888  W156..W122
 //   1028  W120..W86    1168  W84..W50     1308  W84..W50 again
 //   1448  W12..W0
 //
 // Reading is not quite the reverse of writing: 1168 is read into W84..W50 and once more into
-// W48..W14, and the second copy at 1308 is not read at all. W13, W49, W85, W121, W157 and W295
-// are never stored.
+// W48..W14, and the second copy at 1308 is not read at all. W14 to W48 are never written, and
+// W13, W49, W85, W121, W157 and W295 neither written nor read.
 #pragma once
 
 #include "state/text_slot.h"

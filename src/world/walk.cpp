@@ -14,8 +14,9 @@
 // From the encounter menu a visit never goes back to the movement menu.
 //
 // A move, and every showing anew, is a visit inside the present one; this goes on where it was
-// when the inner one has ended. Flight, the status screen, death and the last turn end all visits,
-// newest first. The first of them that finds no turn left says that the player is exhausted.
+// when the inner one has ended. Flight, death and the last turn end all visits, newest first; a
+// visit that showed the status screen goes home too once the inner one has ended. The first of
+// them that finds no turn left says that the player is exhausted.
 //
 // A caller can take a million steps in a call, so the visits that wait for an inner one are kept
 // on a chain of small records, and not as calls on the machine's stack.

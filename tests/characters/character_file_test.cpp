@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <random>
+#include <sys/stat.h>
 
 using namespace morvek;
 using namespace morvek::test;
@@ -223,4 +224,19 @@ TEST_F(CharacterFile, RandomBytesDoNoHarm) {
         savePlayerHealed();
         EXPECT_EQ(readFile(fileName).substr(3000), bytes.substr(3000)) << "others keep every byte";
     }
+}
+
+TEST_F(CharacterFile, AFileThatCannotBeReadIsNotWrittenEither) {
+    own(0, "Other", "Somebody");
+    writeRosterFile();
+    game = GameState{};
+    ASSERT_EQ(::chmod(fileName, 0222), 0);
+    ASSERT_EQ(::chmod(".", 0777), 0);
+    caller.type("Arwen\ry2");
+    {
+        const AsNobody nobody;
+        loadPlayer();
+    }
+    EXPECT_EQ(game.player.name, "Arwen");
+    EXPECT_EQ(storedSlot(0).name.view(), "Somebody");
 }
