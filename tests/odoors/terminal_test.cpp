@@ -12,11 +12,8 @@ namespace {
 
 void tellKeys() {
     od_printf("ready");
-    for (;;) {
-        const char key = od_get_key(1);
-        if (key == 'q') {
-            return;
-        }
+    char key = 0;
+    while ((key = od_get_key(1)) != 'q') {
         od_printf("<%d>", key);
     }
 }
