@@ -114,6 +114,8 @@ TEST_F(DropFiles, AreRefusedByLine) {
 }
 
 TEST_F(DropFiles, AreFoundInTheirOrderInAnyLetterCase) {
+    folder.write(bbsdev.name, bbsdev.with());
+    EXPECT_EQ(toldBy(folder.path()), folder.path() + ": holds no drop file\n");
     // From the last to the first, so that each new one comes before those that are there.
     folder.write("chain.txt", chain.with({{2, "chain"}}));
     EXPECT_EQ(toldBy(folder.path()), "chain,45,1,1");

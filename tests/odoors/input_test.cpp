@@ -92,9 +92,7 @@ TEST(LineInput, EditsTheText) {
     EXPECT_EQ(lineAfter("", "a`\x94~\x7f\r", 8, 32, 127), "a`~\b \b\n\r[a`]");
     EXPECT_EQ(lineAfter("", "19a\x94\r", 8, '2', 255), "9a\x94\n\r[9a\x94]");
     EXPECT_EQ(lineAfter("", "abc\r", 0), "\n\r[]");
-}
-
-TEST(LineInput, StartsWithTheTextInTheBuffer) {
+    // The text that is in the buffer already.
     EXPECT_EQ(lineAfter("old", "\r"), "old\n\r[old]");
     EXPECT_EQ(lineAfter("old", "\033[A\tnew\r"), "old\b \b\b \b\b \bnew\n\r[new]");
     EXPECT_EQ(lineAfter("old", "\bx\r"), "old\b \bx\n\r[olx]");

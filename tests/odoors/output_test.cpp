@@ -122,7 +122,7 @@ TEST(CharsetTest, FollowsTheLocale) {
 }
 
 TEST(Printf, FormatsTextsOfAnyLength) {
-    for (const std::size_t length : {0, 1, 1022, 1023, 1024, 1025, 100000}) {
+    for (const std::size_t length : {0U, 1U, 1022U, 1023U, 1024U, 1025U, 100000U}) {
         const std::string filler(length, 'x');
         const Outcome outcome = callWithKeys({"-LOCAL", "-GRAPHICS"}, "", [&] {
             od_printf("`red`%s%s", filler.c_str(), "`blue`y");

@@ -80,6 +80,8 @@ TEST(Sockets, CarryAWholeCall) {
     EXPECT_EQ(call.next(), offers + "\033[6n");
     call.send("\xff\xfd\0\033[1;1R"s);
     EXPECT_EQ(call.next(), "\033[0;37mready\xff\xff\n\r");
+    call.send("\xff\xfb\x1f");
+    EXPECT_EQ(call.next(), "\xff\xfe\x1f");
     for (const char byte : "\xff\xfd\x01\xff\xfd\x03p\r\0\xff\xfc\0\r\n\xff\xff\033[Aq"s) {
         call.send({byte});
     }
