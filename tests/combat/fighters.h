@@ -1,11 +1,9 @@
+// Fights, for tests.
 #pragma once
 
-#include "state/game_state.h"
-#include "support/scripted_caller.h"
-#include "support/scripted_chance.h"
+#include "support/game_test.h"
 
 #include <cstdio>
-#include <gmock/gmock.h>
 
 namespace morvek::test {
 

@@ -1,0 +1,16 @@
+// What every test of the game begins with: its state, its caller, its chance, and the words to
+// talk about them.
+#pragma once
+
+#include "state/game_state.h"
+#include "support/scripted_caller.h"
+#include "support/scripted_chance.h"
+
+#include <gmock/gmock.h>
+
+using namespace morvek;
+using namespace morvek::test;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
