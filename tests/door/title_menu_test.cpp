@@ -29,7 +29,7 @@ TEST_F(Title, StartsInOrderAndQuits) {
     EXPECT_EQ(play("q"), 0);
     EXPECT_EQ(caller.screen, "[options morvek][init][colour 15 0][autodetect 1][clear][clear]" +
                                  version + "{`W`Quit Game||}");
-    EXPECT_TRUE(fs::equivalent(fs::current_path(), directory / "data"));
+    EXPECT_TRUE(fs::equivalent(fs::current_path(), folder.path("data")));
     EXPECT_EQ(game.session.dateStamp, "111526");
 }
 
@@ -39,7 +39,7 @@ TEST_F(Title, WithoutAnsiOnlyTheTitleItselfBeginsOnANewLine) {
     EXPECT_EQ(play("xQ"), 0);
     EXPECT_EQ(caller.screen, "[options morvek][init][colour 15 0][autodetect 1]{||}" + version +
                                  "{`W`Quit Game||}");
-    EXPECT_TRUE(fs::equivalent(fs::current_path(), directory));
+    EXPECT_TRUE(fs::equivalent(fs::current_path(), folder.self));
 }
 
 TEST_F(Title, ATooLongConfigurationEndsBeforeTheCallerIsConnected) {

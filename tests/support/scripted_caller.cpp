@@ -156,23 +156,16 @@ char od_get_answer(const char* options) {
 void od_input_str(char* text, int max_length, unsigned char min, unsigned char max) {
     note("line " + std::to_string(max_length) + " " + std::to_string(min) + " " +
          std::to_string(max) + " " + text);
-    std::string line = text;
-    bool fresh = true;
-    while (true) {
-        const char key = nextKey();
+    std::string line; // what is typed replaces what stood there
+    for (char key = nextKey(); key != '\r'; key = nextKey()) {
         const auto code = static_cast<unsigned char>(key);
-        if (key == '\r') {
-            break;
+        if (code >= min && code <= max && line.size() < static_cast<std::size_t>(max_length)) {
+            line += key;
         }
-        if (key == '\b') {
-            line.resize(line.empty() ? 0 : line.size() - 1);
-        } else if (code >= 32 && code != 127 && code >= min && code <= max) {
-            line = fresh ? std::string() : line;
-            line.append(line.size() < static_cast<std::size_t>(max_length) ? 1 : 0, key);
-        }
-        fresh = false;
     }
-    std::memcpy(text, line.c_str(), line.size() + 1);
+    if (!line.empty()) {
+        std::strcpy(text, line.c_str());
+    }
 }
 
 char od_hotkey_menu(const char* name, const char* hotkeys, int) {

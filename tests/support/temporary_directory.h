@@ -1,13 +1,10 @@
 // A test that works in a fresh directory of its own, which is gone afterwards.
 #pragma once
 
+#include "support/folder.h"
 #include "support/game_test.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
-#include <string>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -31,18 +28,16 @@ inline std::string readFile(const std::string& path) {
 class InTemporaryDirectory : public testing::Test {
 protected:
     InTemporaryDirectory() {
-        std::string name = testing::TempDir() + "morvek-XXXXXX";
-        directory = ::mkdtemp(name.data());
-        fs::current_path(directory);
+        fs::current_path(folder.self);
         ::chmod(".", 0777);
         newCall();
     }
     ~InTemporaryDirectory() override {
+        ::chmod(".", 0777);
         fs::current_path("/");
-        fs::remove_all(directory);
     }
 
-    fs::path directory;
+    Folder folder;
 };
 
 // For as long as it lives, the test has no more rights than anybody: root may read everything.

@@ -14,12 +14,12 @@ struct PriceLine {
 };
 
 struct PriceList {
+    std::vector<PriceLine> lines;
+    const char *bareName, *thanks;
     void (*buy)();
     void (*sell)();
     std::int32_t Player::*number;
     std::string Player::*item;
-    const char *bareName, *thanks;
-    std::vector<PriceLine> lines;
 };
 
 const std::string red = "{|}{`r`You don't have enough gold.||}";
@@ -28,53 +28,40 @@ const std::string redTight = "{|}{`r`You don't have enough gold.|}";
 const std::string tight = "{|}{You don't have enough gold.|}";
 const std::string redLow = "{||}{`r`You don't have enough gold.||}";
 
-const PriceList weapons{
-    buyWeapon,
-    sellWeapon,
-    &Player::weaponNumber,
-    &Player::weapon,
-    "Fists",
-    "{||`W`Thank you!||}",
-    {
-        {"Club", 1250, 1250, 1250, 1249, red, 1225, "Club", "{`r`Sold!||}"},
-        {"Dagger", 1500, 1500, 1500, 1499, red, 1450, "Dagger", "{Sold!||}"},
-        {"Javelin", 11000, 11000, 11000, 10999, plain, 1900, "Javelin", "{Sold!||}"},
-        {"Mace", 12500, 12500, 12500, 12499, plain, 12250, "Mace", "{Sold!||}"},
-        {"Sickle", 15000, 15000, 15000, 14999, plain, 14500, "Sickle", "{Sold!||}"},
-        {"Spear", 110000, 110000, 110000, 10999, plain, 19000, "Spear", "{Sold!||}"},
-    }};
+const std::vector<PriceLine> weaponPrices{
+    {"Club", 1250, 1250, 1250, 1249, red, 1225, "Club", "{`r`Sold!||}"},
+    {"Dagger", 1500, 1500, 1500, 1499, red, 1450, "Dagger", "{Sold!||}"},
+    {"Javelin", 11000, 11000, 11000, 10999, plain, 1900, "Javelin", "{Sold!||}"},
+    {"Mace", 12500, 12500, 12500, 12499, plain, 12250, "Mace", "{Sold!||}"},
+    {"Sickle", 15000, 15000, 15000, 14999, plain, 14500, "Sickle", "{Sold!||}"},
+    {"Spear", 110000, 110000, 110000, 10999, plain, 19000, "Spear", "{Sold!||}"}};
+const PriceList weapons{weaponPrices,   "Fists",    "{||`W`Thank you!||}",
+                        buyWeapon,      sellWeapon, &Player::weaponNumber,
+                        &Player::weapon};
 
-const PriceList armours{
-    buyArmour,
-    sellArmour,
-    &Player::armourNumber,
-    &Player::armour,
-    "T-Shirt",
-    "{Thank you!||}",
-    {
-        {"Cloth", 1250, 1250, 250, 1249, redLow, 1225, "Cloth", "{`r`Sold!||}"},
-        {"Feyweave", 1500, 1500, 1500, 1499, redTight, 1450, "Leather", "{`r`Sold!||}"},
-        {"Starweave", 11000, 1000, 11000, 999, tight, 1900, "Hide", "{`r`Sold!||}"},
-        {"Leather", 12500, 12500, 12500, 12499, tight, 12250, "Leather", "{`r`Sold!||}"},
-        {"Feyleather", 15000, 15000, 15000, 14999, tight, 14500, "Feyleather", "{`r`Sold!||}"},
-        {"Starleather", 110000, 10000, 110000, 9999, tight, 19000, "Starleather", "{`r`Sold!||}"},
-    }};
+const std::vector<PriceLine> armourPrices{
+    {"Cloth", 1250, 1250, 250, 1249, redLow, 1225, "Cloth", "{`r`Sold!||}"},
+    {"Feyweave", 1500, 1500, 1500, 1499, redTight, 1450, "Leather", "{`r`Sold!||}"},
+    {"Starweave", 11000, 1000, 11000, 999, tight, 1900, "Hide", "{`r`Sold!||}"},
+    {"Leather", 12500, 12500, 12500, 12499, tight, 12250, "Leather", "{`r`Sold!||}"},
+    {"Feyleather", 15000, 15000, 15000, 14999, tight, 14500, "Feyleather", "{`r`Sold!||}"},
+    {"Starleather", 110000, 10000, 110000, 9999, tight, 19000, "Starleather", "{`r`Sold!||}"}};
+const PriceList armours{armourPrices,   "T-Shirt",  "{Thank you!||}",
+                        buyArmour,      sellArmour, &Player::armourNumber,
+                        &Player::armour};
 
 // What a caller with so much gold reads after these keys, until the stock is shown again.
 std::string inBuying(const PriceList& shop, double gold, const std::string& keys) {
     newCall();
     game.player.gold = gold;
-    caller.type(keys + " l ");
-    shop.buy();
+    caller.visit(shop.buy, keys + " l ");
     return caller.between("[menu command 123456l]", "[clear]");
 }
 
 std::string inSale(const PriceList& shop, int number, const std::string& keys) {
     newCall();
     game.player.*shop.number = number;
-    caller.type(keys);
-    shop.sell();
-    return caller.screen;
+    return caller.visit(shop.sell, keys);
 }
 
 } // namespace
@@ -156,12 +143,10 @@ TEST(Shops, BareHandsAndForgedNumbersAreNoWares) {
 TEST(Shops, TheMenuLeadsToEverythingAndBack) {
     newCall();
     game.session.inGame = 1;
-    caller.type("bl s y r");
-    weaponShop();
+    caller.visit(weaponShop, "bl s y r");
     EXPECT_TRUE(caller.saw("Maybe next time, eh?") && caller.saw("own fists"));
     EXPECT_THAT(caller.screen, EndsWith("[key][clear][menu weapons bsyr]"));
-    newCall(); // before he is in the game
-    caller.type("y r");
-    armourShop();
-    EXPECT_THAT(caller.screen, EndsWith("[key]{|}[clear][clear][menu armours bsyr]"));
+    game.session.inGame = 0;
+    EXPECT_THAT(caller.visit(armourShop, "y r"),
+                EndsWith("[key]{|}[clear][clear][menu armours bsyr]"));
 }
