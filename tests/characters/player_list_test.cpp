@@ -5,14 +5,10 @@
 class PlayerList : public InTemporaryDirectory {};
 
 TEST_F(PlayerList, ListsWhatTheFileHoldsUnderSlotPlusOne) {
-    auto& slots = game.roster.slots;
-    slots[0].ownerName.assign("Bob");
-    slots[0].name.assign("`red`Bo");
-    slots[3].name.assign("Ownerless"); // a free slot
-    slots[48].ownerName.assign("Eve");
-    slots[48].name.assign("Eowyn");
-    slots[49].ownerName.assign("Last");
-    slots[49].name.assign("Unseen");
+    own(0, "Bob", "`red`Bo");
+    own(3, "", "Ownerless");
+    own(48, "Eve", "Eowyn");
+    own(49, "Last", "Unseen");
     writeFile("morchars.dat", rosterBytes());
     newCall(false);
     EXPECT_EQ(caller.visit(loadRoster), "") << "its clear is followed by another";

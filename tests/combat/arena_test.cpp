@@ -14,6 +14,8 @@ std::string arenaRoundOf(std::deque<int> draws) {
     return caller.visit([] { arenaRound([] { arenaAttack([] { ++wins; }); }); }, "xx");
 }
 
+using PlayerFight = InTemporaryDirectory;
+
 } // namespace
 
 TEST(Arena, BothStrikeAndTheNameIsCutToNine) {
@@ -47,7 +49,7 @@ TEST(Arena, AQuickerOpponentStrikesFirstAndABeatenPlayerStrikesAtWhatIsLeft) {
     EXPECT_EQ(wins, 1);
 }
 
-TEST(PlayerFight, ABeatenPlayerLosesHisGoldAndTheQuickSaveTakesSlotZero) {
+TEST_F(PlayerFight, ABeatenPlayerLosesHisGoldAndTheQuickSaveTakesSlotZero) {
     meet("Bartholomew the Elder of Morvek");
     game.session.targetSlot = 4;
     game.roster.slots[4].gold = 1000;
@@ -65,10 +67,9 @@ TEST(PlayerFight, ABeatenPlayerLosesHisGoldAndTheQuickSaveTakesSlotZero) {
     ASSERT_TRUE(readRoster());
     EXPECT_EQ(0 + game.roster.slots[4].gold, 0); // a field of a packed record: by value
     EXPECT_EQ(0 + game.roster.slots[0].gold, 1005);
-    std::remove(game.session.characterFileName.c_str());
 }
 
-TEST(PlayerFight, EmptyPocketsAreNamedAndNothingIsSaved) {
+TEST_F(PlayerFight, EmptyPocketsAreNamedAndNothingIsSaved) {
     for (const int slot : {5, -1, 50}) {
         meet("Bartholomew");
         game.session.targetSlot = slot;
@@ -80,7 +81,7 @@ TEST(PlayerFight, EmptyPocketsAreNamedAndNothingIsSaved) {
     }
 }
 
-TEST(PlayerFight, TheStatusGoesOnWithTheFightAndReturningEndsIt) {
+TEST_F(PlayerFight, TheStatusGoesOnWithTheFightAndReturningEndsIt) {
     meet("Bartholomew");
     caller.visit(fightPlayer, "yxR");
     EXPECT_TRUE(caller.saw("[menu command ayr][clear]{`r`Your Status"));

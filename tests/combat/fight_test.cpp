@@ -2,6 +2,7 @@
 #include "combat/fight.h"
 
 #include "combat/fighters.h"
+#include "support/stored.h"
 
 #include <algorithm>
 #include <limits>
@@ -17,6 +18,8 @@ std::string killKobold() {
 auto firstWord() {
     return std::ranges::find(game.world.words, 1) - game.world.words.begin();
 }
+
+using DeadlyFight = InTemporaryDirectory;
 
 } // namespace
 
@@ -148,7 +151,7 @@ TEST(Fight, ArmourWearsTheMonstersDieDownAndIsWornItself) {
     }
 }
 
-TEST(Fight, DeathEmptiesTheMonsterAndIsSavedAtOnce) {
+TEST_F(DeadlyFight, EmptiesTheMonsterAndIsSavedAtOnce) {
     meet("Kobold");
     game.encounter.monster.initiative = 16;
     game.player.hitPoints = 6;
@@ -158,6 +161,5 @@ TEST(Fight, DeathEmptiesTheMonsterAndIsSavedAtOnce) {
     EXPECT_EQ(leftOfOpponent(), 0);
     EXPECT_EQ(game.encounter.monster.hitPoints + game.player.hitPoints, 0);
     EXPECT_EQ(game.world.playerDead, 1);
-    EXPECT_EQ(game.roster.slots[0].hitPoints, 40) << "the healed save stores him whole";
-    EXPECT_EQ(std::remove(game.session.characterFileName.c_str()), 0);
+    EXPECT_EQ(storedSlot(0).hitPoints, 40) << "the healed save stores him whole";
 }

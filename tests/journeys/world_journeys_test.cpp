@@ -1,8 +1,7 @@
 // Walks and fights as callers have them: out of Towne, through the world, and home again.
+#include "support/stored.h"
 #include "world/walkers.h"
 #include "world/world_entry.h"
-
-#include <cstdio>
 
 namespace {
 
@@ -18,6 +17,8 @@ void goOut(const std::string& keys) {
     caller.visit(enterWorld, keys);
     EXPECT_EQ(caller.keys, "") << "keys not asked for";
 }
+
+using DeadlyJourney = InTemporaryDirectory;
 
 } // namespace
 
@@ -35,10 +36,9 @@ TEST(WorldJourney, AGroupOfThree) {
     EXPECT_EQ(game.world.currentLocation, 3);
 }
 
-// Death ends all visits without a word, and is saved with full hit points.
-TEST(WorldJourney, ADeath) {
+// Death ends all visits without a word.
+TEST_F(DeadlyJourney, IsSavedWithFullHitPoints) {
     beginCall(true);
-    game.session.characterFileName = testing::TempDir() + "morvek_journey.dat";
     game.world.currentLocation = 2;
     game.world.cleared(4) = 0;
     game.player.hitPoints = 1;
@@ -47,8 +47,7 @@ TEST(WorldJourney, ADeath) {
     EXPECT_THAT(caller.screen, EndsWith("{ `r`has killed you!||}"));
     EXPECT_EQ(game.world.playerDead, 1);
     EXPECT_EQ(game.world.leavingWorld, 0);
-    EXPECT_EQ(game.roster.slots[0].hitPoints, 25);
-    EXPECT_EQ(std::remove(game.session.characterFileName.c_str()), 0);
+    EXPECT_EQ(storedSlot(0).hitPoints, 25);
 }
 
 // Who flees comes home through the location he fled from, when its number is the higher, and

@@ -27,16 +27,20 @@ const std::string question = "{|`r`Enter player # to attack`R`: `W`}[line 50 0 1
 } // namespace
 
 TEST(PlayerAttack, TurnsAConfirmedTargetIntoTheOpponent) {
+    EXPECT_FALSE(attack("4\rn"));
+    EXPECT_EQ(game.encounter.monster.name, "Kobold");
+    EXPECT_THAT((std::vector{game.session.chosenNumber, game.session.targetSlot, chance.drawn}),
+                ElementsAre(4, 0, 0));
+    EXPECT_FALSE(hasAnsi());
+
     EXPECT_TRUE(attack("4\ry"));
     EXPECT_EQ(caller.screen, question + "{`r`Attacking player`R`: `W`}<`Cuthbert>{`r`? `W`}"
                                         "[answer YN]{`W`YES`W`!}");
     const Monster& opponent = game.encounter.monster;
     EXPECT_EQ(opponent.name, "`Cuthbert");
     EXPECT_THAT((std::vector{opponent.hitPoints, opponent.maxHitPoints, opponent.initiative,
-                             opponent.damage, chance.drawn}),
-                ElementsAre(40, 45, 4, 8, 2));
-    EXPECT_EQ(game.session.chosenNumber, 4);
-    EXPECT_EQ(game.session.targetSlot, 3);
+                             opponent.damage, chance.drawn, game.session.targetSlot}),
+                ElementsAre(40, 45, 4, 8, 2, 3));
     EXPECT_TRUE(hasAnsi());
 }
 
@@ -50,13 +54,4 @@ TEST(PlayerAttack, RefusesBadNumbersAndOneself) {
     EXPECT_FALSE(attack("3\r ", "")) << "a nameless player is nobody himself";
     EXPECT_TRUE(attack("3\ry")) << "others may attack nobody";
     EXPECT_EQ(game.encounter.monster.name, "");
-}
-
-TEST(PlayerAttack, ANoLeavesTheOpponentAsHeWas) {
-    EXPECT_FALSE(attack("4\rn"));
-    EXPECT_EQ(game.session.chosenNumber, 4);
-    EXPECT_EQ(game.session.targetSlot, 0);
-    EXPECT_EQ(game.encounter.monster.name, "Kobold");
-    EXPECT_EQ(chance.drawn, 0);
-    EXPECT_FALSE(hasAnsi());
 }

@@ -6,9 +6,7 @@ class ScoresOfTheBoard : public InTemporaryDirectory {
 protected:
     // Enters a score for the player and returns the file's new content.
     static std::string enter(const std::string& name, int score) {
-        game.player.name = name;
-        game.player.className = "Rogue";
-        game.player.experience = score;
+        game.player = {.name = name, .className = "Rogue", .experience = score};
         prepareScore();
         testing::internal::CaptureStderr();
         updateScores(3);

@@ -95,10 +95,9 @@ TEST_F(Board, AFileOfAnyLengthIsReadAsFarAsItGoes) {
         writeFile("scroll.dat", bytes);
         entries("c");
         for (std::size_t k = 0; k < game.scroll.size(); ++k) {
-            const bool isRead = 48 * (k + 1) <= length;
-            const bool isKept = 48 * k >= length;
-            ASSERT_TRUE(!isRead || game.scroll[k].message == "I was here") << length;
-            ASSERT_TRUE(!isKept || game.scroll[k].message == "So was I") << length;
+            if (k != length / 48 || length % 48 == 0) { // a message cut short may read as any
+                ASSERT_EQ(game.scroll[k].message, k < length / 48 ? "I was here" : "So was I");
+            }
         }
         const std::string after = readFile("scroll.dat");
         ASSERT_EQ(after.size(), length + 480) << "the second copy begins where the reading ended";

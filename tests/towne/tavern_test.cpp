@@ -10,11 +10,11 @@ class Tavern : public InTemporaryDirectory {
 protected:
     Tavern() {
         game.session.dateStamp = "111526";
-        game.player.name = "Arwen";
-        game.player.className = "Ranger";
-        game.player.level = 3;
-        game.player.experience = 1500;
-        game.player.turnsPerDay = 20;
+        game.player = {.name = "Arwen",
+                       .className = "Ranger",
+                       .level = 3,
+                       .experience = 1500,
+                       .turnsPerDay = 20};
     }
     const std::string menu = "[clear]{`r`Tavern|}{`W`----------------------------------||}"
                              "{`r`O`R`)`W`rder Drink|}{`r`T`R`)`W`raining|}"
@@ -50,12 +50,11 @@ TEST_F(Tavern, EachDrinkHasItsPriceAndItsLimit) {
         };
         const std::string question =
             "{||}{`r`" + name + " for `W`" + std::to_string(price) + "`r` gold" + yesNo;
-        EXPECT_EQ(order(price, limit - 1, "y"), question + cheer);
-        EXPECT_EQ(game.player.gold, 0);
-        EXPECT_EQ(game.player.turnsLeft, limit);
-        order(price, limit, "y");
-        EXPECT_EQ(game.player.gold, 0);
-        EXPECT_EQ(game.player.turnsLeft, limit);
+        for (const int turns : {limit - 1, limit}) {
+            EXPECT_EQ(order(price, turns, "y"), question + cheer);
+            EXPECT_EQ(game.player.gold, 0);
+            EXPECT_EQ(game.player.turnsLeft, limit);
+        }
         EXPECT_EQ(order(price, 5, "n "), question + "{||}{That's too bad.|}[key]");
         EXPECT_EQ(order(price - 1, 5, " "), "{||}{`W`You don't have enough gold.|}[key]");
         EXPECT_EQ(game.player.turnsLeft, 5);

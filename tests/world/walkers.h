@@ -10,11 +10,8 @@ namespace morvek::test {
 // long as chance draws 0. With `cleared`, in a world that is searched and cleared throughout.
 inline void beginCall(bool cleared = false, bool ansi = true) {
     newCall(ansi);
-    game.player.level = 1;
-    game.player.hitPoints = 20;
-    game.player.maxHitPoints = 25;
-    game.player.dexterity = 30;
-    game.player.turnsLeft = 30;
+    game.player = {
+        .level = 1, .hitPoints = 20, .maxHitPoints = 25, .dexterity = 30, .turnsLeft = 30};
     game.world.previousLocation = 99;
     game.world.words.fill(cleared ? 1 : 0);
 }
