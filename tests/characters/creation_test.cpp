@@ -8,7 +8,7 @@ TEST(Creation, OnlySlotZeroForbidsANameAndANoKeepsTheFirst) {
     game.roster.slots[1].name.assign("Boromir");
     const std::string question = "{|}{`r`Character Name`R`: `W`}[line 50 0 127 ]";
     EXPECT_EQ(caller.visit(enterName, "Arwen\rxBoromir\rnEowyn\r"),
-              question + "{That name is unavailable, choose another one.||}" + anyKey + question +
+              question + "{That name is unavailable, choose another one.||}[any key]" + question +
                   "{|`r`You are as `W`Boromir`r` correct? `W`}[answer yn]" + question);
     EXPECT_EQ(game.player.name, "Boromir");
     EXPECT_EQ(game.session.nameChecked, 1);

@@ -30,6 +30,5 @@ TEST_F(PlayerList, TheOnlineListReadsMemoryOnly) {
     game.roster.slots[49].onlineFlag = 1;
     EXPECT_EQ(caller.visit(showUsersOnline, "x"),
               "[clear]{`r`Users currently on-line`R`:|}{`W`------------------------||}"
-              "{`R`}<Arwen>{ `r`#`W`}<3>{|}{|}" +
-                  anyKey);
+              "{`R`}<Arwen>{ `r`#`W`}<3>{|}{|}[any key]");
 }

@@ -25,8 +25,7 @@ TEST(Arena, BothStrikeAndTheNameIsCutToNine) {
     EXPECT_EQ(arenaRoundOf({24, 39, 14, 7, 27, 5}),
               "{||}{`r`You attack first!||}"
               "{`r`You hit `W`}<Bartholom>{ `r`for`W` }<7>{ `r`points!||}"
-              "{`W`}<Bartholom>{ `r`hit you for `W`}<6>{ `r`points!||}" +
-                  anyKey);
+              "{`W`}<Bartholom>{ `r`hit you for `W`}<6>{ `r`points!||}[any key]");
     EXPECT_EQ(game.player.hitPoints, 24);
     EXPECT_EQ(game.encounter.monster.hitPoints, 3);
     EXPECT_EQ(game.session.inTraining + wins, 0);
@@ -41,7 +40,7 @@ TEST(Arena, AQuickerOpponentStrikesFirstAndABeatenPlayerStrikesAtWhatIsLeft) {
               "{Press a key!}[key]{`r`You Missed!||}");
     EXPECT_EQ(chance.drawn, 6);
     EXPECT_THAT(arenaRoundOf({0, 0, 1}),
-                HasSubstr("[key]{||`W`}<Bartholom>{ `r`has beaten you!||}{Press a key!}[key]"
+                HasSubstr("[any key]{||`W`}<Bartholom>{ `r`has beaten you!||}{Press a key!}[key]"
                           "{`r`You hit `W`}"));
     EXPECT_EQ(game.player.hitPoints, 40) << "whole again";
     EXPECT_EQ(leftOfOpponent(), 0);

@@ -52,8 +52,7 @@ TEST(Fight, ThePlayerStrikesFirstAndTheMonsterStrikesBack) {
               "{`r`Your HP`R`: `W`}<30>{`r`/`W`}<40>{|}"
               "{`W`}<Kobold>{'s `r`HP`R`: `W`}<10>{`r`/`W`}<10>{||}{`r`You attack first!|}"
               "{|}{`r`You hit `W`}<Kobold>{ `r`for`W` }<6>{ `r`points!||}"
-              "{`W`}<Kobold>{ `r`hit you for `W`}<4>{ `r`points!||}" +
-                  anyKey);
+              "{`W`}<Kobold>{ `r`hit you for `W`}<4>{ `r`points!||}[any key]");
     EXPECT_EQ(game.encounter.monster.hitPoints, 4);
     EXPECT_EQ(game.player.hitPoints, 26);
     game.world.playerDead = 1;
@@ -68,7 +67,7 @@ TEST(Fight, AQuickerMonsterStrikesFirstAndAMissMakesAllItsDraws) {
     const std::string name = "{`W`}<Thirty letters are one too ma>";
     EXPECT_THAT(caller.visit(fightRound, "x"),
                 EndsWith(name + "{ `r`attacks first.||}" + name + "{ `r`Missed!||}" +
-                         "{|`r`You Missed!||}" + anyKey));
+                         "{|`r`You Missed!||}[any key]"));
     EXPECT_EQ(chance.drawn, 7);
     EXPECT_EQ(game.player.turnsLeft, 5);
 }
@@ -97,8 +96,7 @@ TEST(Fight, OnlyTheLastOfAGroupClearsThePlaceAndCostsATurn) {
     game.world.position(Level::mortuary1) = 36; // outside its level
     EXPECT_THAT(killKobold(),
                 EndsWith("{`W`}<Kobold>{ `r`has been slained!||}{`r`You earned `W`}<25>"
-                         "{ `r`experience and `W`}<75>{ `r`gold`r`.||}" +
-                         anyKey));
+                         "{ `r`experience and `W`}<75>{ `r`gold`r`.||}[any key]"));
     EXPECT_EQ(game.player.turnsLeft, 5);
     EXPECT_EQ(game.encounter.groupActive + game.encounter.ambushPending, 2);
     EXPECT_EQ(firstWord(), 311);
@@ -131,8 +129,7 @@ TEST(Fight, AMissWithoutAGroupCostsATurnAndTheLastTurnEndsTheVisit) {
     EXPECT_EQ(game.world.leavingWorld, 0);
     EXPECT_EQ(caller.visit(playerAttack, "x"),
               "{|`r`You Missed!||}{||`W`You are out of turns for today.|}"
-              "{`r`Come back tomorrow...}{||}" +
-                  anyKey);
+              "{`r`Come back tomorrow...}{||}[any key]");
     EXPECT_EQ(game.world.leavingWorld, 1);
 }
 

@@ -63,9 +63,8 @@ TEST(Levels, NobodyRisesAboveSeven) {
 
 TEST(Training, HallAndQuestionTrainerRefuseAlike) {
     const std::string weak = "{||}{`r`You're too weak to train!||}{`r`You need `W`}<750>"
-                             "{ `r`more experience.||}" +
-                             anyKey;
-    const std::string highest = "{||}{`r`You've reached the highest level.||}" + anyKey;
+                             "{ `r`more experience.||}[any key]";
+    const std::string highest = "{||}{`r`You've reached the highest level.||}[any key]";
     struct Case {
         int level, experience;
         std::string refusal;
@@ -92,7 +91,7 @@ TEST(Training, AYesToTheQuestionTrainerGivesAnsiAndANoEndsTheTraining) {
         "{`r`Question Trainer:||}{So you think you've got bigger muscles than me? }"
         "{ `r`(`R`Y`r`/`R`N`r`)`R`: }[answer YN]";
     EXPECT_EQ(caller.visit(questionTrainer, "yk"),
-              "{||}" + question + "{`W`YES`W`!}{||}{`r`I'm ready whenever you are.||}" + anyKey +
+              "{||}" + question + "{`W`YES`W`!}{||}{`r`I'm ready whenever you are.||}[any key]" +
                   "{||}");
     EXPECT_EQ(game.session.inTraining, 1);
     EXPECT_EQ(caller.visit(questionTrainer, "n"), "[clear]" + question + "{NO!}{||}");
@@ -137,7 +136,7 @@ TEST(TrainingFight, TheTrainerComesWithOneTAndIsFoughtWithTheNextUntilTheStatusK
                            "{`r`You've encountered the `W`}<Trainer>{`red.`|}" + player +
                            "{`W`}<Trainer>{'s `r`" + trainer + "{|}{`r`A`R`)`W`ttack|}" +
                            returnLine + "`r`}" + fight + "[menu command ayr][clear]{`r`Your St"));
-    EXPECT_THAT(caller.screen, EndsWith("[key]" + fight + returning + hall));
+    EXPECT_THAT(caller.screen, EndsWith("[any key]" + fight + returning + hall));
     EXPECT_EQ(game.session.inTraining, 1);
     EXPECT_EQ(game.encounter.monster.hitPoints, 0);
 }

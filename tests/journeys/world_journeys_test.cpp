@@ -100,10 +100,10 @@ TEST(WorldJourney, ExhaustionFarFromHome) {
     game.world.exhaustedShown = 1;
     game.world.cleared(4) = 0;
     goOut(times(100, "82") + "847axxx");
-    EXPECT_THAT(caller.screen, EndsWith("[key]{||`W`You are out of turns for today.|}"
-                                        "{`r`Come back tomorrow...}{||}{`r`Press any key!}[key]"
+    EXPECT_THAT(caller.screen, EndsWith("[any key]{||`W`You are out of turns for today.|}"
+                                        "{`r`Come back tomorrow...}{||}[any key]"
                                         "{|}{`r`You are `W`exhausted`r`.||}"
-                                        "{`r`Press any key!}[key]"));
+                                        "[any key]"));
     EXPECT_EQ(game.world.previousLocation, 3);
 }
 
@@ -117,7 +117,7 @@ TEST(WorldJourney, TheCastleToItsLastRoom) {
     EXPECT_EQ(caller.times("{`r`Congratulations!!!}"), 1) << "not when he comes again";
     EXPECT_THAT(caller.screen, HasSubstr("{`r`Castle Level 2|}{|}{`r`Congratulations!!!}"
                                          "{`r`You found `R`Morvek`r`!||}"
-                                         "{`r`Press any key!}[key]{|}{`r`You've encountered"));
+                                         "[any key]{|}{`r`You've encountered"));
     EXPECT_EQ(game.world.levelCleared(Level::castle2, 24), 1);
     EXPECT_EQ(game.world.position(Level::castle1), 22);
     EXPECT_EQ(game.world.position(Level::castle2), 1);

@@ -5,14 +5,14 @@
 
 namespace {
 
-std::int32_t numberAt(const PlayerRecord& record, std::size_t offset) {
-    std::int32_t value;
-    std::memcpy(&value, reinterpret_cast<const char*>(&record) + offset, sizeof value);
-    return value;
+std::string bytesAt(const PlayerRecord& record, int offset, std::size_t count) {
+    return {reinterpret_cast<const char*>(&record) + offset, count};
 }
 
-std::string bytesAt(const PlayerRecord& record, std::size_t offset, std::size_t count) {
-    return {reinterpret_cast<const char*>(&record) + offset, count};
+std::int32_t numberAt(const PlayerRecord& record, int offset) {
+    std::int32_t value;
+    std::memcpy(&value, bytesAt(record, offset, sizeof value).data(), sizeof value);
+    return value;
 }
 
 constexpr std::int32_t untouched = 0x77777777;
@@ -38,10 +38,10 @@ TEST(PlayerRecord, EveryFieldIsStoredAtItsOffset) {
                                        {108, "Ranger"},
                                        {196, "Club"},
                                        {224, "Cloth"}}) {
-        EXPECT_EQ(bytesAt(slot, static_cast<std::size_t>(offset), 24), storedText(text)) << offset;
+        EXPECT_EQ(bytesAt(slot, offset, 24), storedText(text)) << offset;
     }
     std::int32_t number = 100;
-    for (const std::size_t offset :
+    for (const int offset :
          {132, 136, 156, 160, 164, 168, 172, 176, 180, 184, 188, 192, 220, 248, 252, 260, 268}) {
         EXPECT_EQ(numberAt(slot, offset), number++) << offset;
     }
@@ -50,7 +50,7 @@ TEST(PlayerRecord, EveryFieldIsStoredAtItsOffset) {
     EXPECT_EQ(numberAt(slot, 56), 1);
     EXPECT_EQ(numberAt(slot, 264), 1);
     EXPECT_EQ(bytesAt(slot, 0, 24), std::string(24, '\x77'));
-    for (const std::size_t offset : {48, 52, 256, 388, 696}) {
+    for (const int offset : {48, 52, 256, 388, 696}) {
         EXPECT_EQ(numberAt(slot, offset), untouched) << offset;
     }
     game.session.inGame = 50;
@@ -66,9 +66,7 @@ TEST(PlayerRecord, TheWorldWordsRunDownwardsThroughTheirBlock) {
     };
     for (const auto& [first, last, word] : runs) {
         for (int offset = first; offset <= last; offset += 4) {
-            ASSERT_EQ(numberAt(slot, static_cast<std::size_t>(offset)),
-                      1000 + word - (offset - first) / 4)
-                << offset;
+            ASSERT_EQ(numberAt(slot, offset), 1000 + word - (offset - first) / 4) << offset;
         }
     }
 }

@@ -144,7 +144,13 @@ void od_set_cursor(int row, int column) {
 }
 
 char od_get_key(int) {
-    note("key");
+    const std::string pause = "{`r`Press any key!}";
+    if (caller.screen.ends_with(pause)) {
+        caller.screen.resize(caller.screen.size() - pause.size());
+        note("any key");
+    } else {
+        note("key");
+    }
     return nextKey();
 }
 

@@ -23,9 +23,10 @@ struct ScriptedCaller {
     std::string keys; // still to be typed; '\r' ends a line
 
     // All that the program said and did, in a row: {a text with colours} <a value shown as it is>
-    // [anything else], such as [clear], [key], [menu NAME KEYS], [answer OPTIONS] and
-    // [line LONGEST LOWEST HIGHEST INITIAL]. In a text "|" stands for "\n\r", and `r`, `R` and `W`
-    // for the colours `red`, `bright red` and `bright white`.
+    // [anything else], such as [clear], [key], [menu NAME KEYS], [answer OPTIONS],
+    // [line LONGEST LOWEST HIGHEST INITIAL], and [any key] for "Press any key!" in red and the wait
+    // for one. In a text "|" stands for "\n\r", and `r`, `R` and `W` for the colours `red`,
+    // `bright red` and `bright white`.
     std::string screen;
 
     // Forgets what was seen, and types these keys from now on.
@@ -44,8 +45,7 @@ struct ScriptedCaller {
 
 extern ScriptedCaller caller;
 
-// What every pause and every question with a "y" and an "n" show.
-inline const std::string anyKey = "{`r`Press any key!}[key]";
+// The end of every question of a shop.
 inline const std::string yesNo = " [`R`y`r`/`R`n`r`]`R`: `W`}[answer YN]";
 
 // Begins a test: a new game, a caller with that name, with or without ANSI graphics, no keys.

@@ -23,8 +23,8 @@ std::string atTheShrine(int hitPoints, double gold, int guesses, const std::stri
     return caller.between("[menu heal hagr]", "[clear]");
 }
 
-const std::string outOfGuesses = "{||}{`r`You are out of guesses!}{||}" + anyKey;
-const std::string notNeeded = "{||}{`r`You don't need healing.|}{|}" + anyKey;
+const std::string outOfGuesses = "{||}{`r`You are out of guesses!}{||}[any key]";
+const std::string notNeeded = "{||}{`r`You don't need healing.|}{|}[any key]";
 
 } // namespace
 
@@ -41,7 +41,7 @@ TEST(Bank, MovesWhatIsThereAndSaysTheReverseOfARefusal) {
           Case{"11", 10, 10, ""}, Case{"0", 10, 10, insufficient},
           Case{"all", 10, 10, insufficient}, Case{"0", 0, 0, ""},
           Case{"-7000", -6000, -6000, insufficient}}) {
-        EXPECT_EQ(atTheBank(gold, "d" + typed + "\r r"), answer + anyKey);
+        EXPECT_EQ(atTheBank(gold, "d" + typed + "\r r"), answer + "[any key]");
         EXPECT_EQ(game.player.gold, left);
         EXPECT_EQ(game.player.bankGold, 5e9 + gold - left);
     }
@@ -60,8 +60,7 @@ TEST(Bank, EachFieldKeepsItsTextForOneVisit) {
                    "{`r`How much to gold to deposit`R`: `W`}[line 8 32 127 0]"));
     EXPECT_THAT(caller.screen,
                 HasSubstr("{||}{`r`How much to gold to withdraw`R`: `W`}[line 8 32 127 99]{|}<99>"
-                          "{`r` gold has been withdrawn from bank.}{||}" +
-                          anyKey));
+                          "{`r` gold has been withdrawn from bank.}{||}[any key]"));
     EXPECT_TRUE(caller.saw("[line 8 32 127 250]"));
     EXPECT_THAT(atTheBank(10, "d\r r"), HasSubstr("sufficient")) << "a new visit offers 0 again";
 }
@@ -69,11 +68,11 @@ TEST(Bank, EachFieldKeepsItsTextForOneVisit) {
 TEST(Shrine, HealsForFiveGoldAPoint) {
     const std::string points = "{||}{`W`5`r` gold per point.|}{`r`Points to Heal`R`: `W`}"
                                "[line 8 32 127 ]";
-    const std::string healed = points + "{|}{`r`Healed `W`}<3>{`r` points.|}{|}" + anyKey;
-    const std::string poor = points + "{||}{`r`You don't have enough gold.||}" + anyKey;
+    const std::string healed = points + "{|}{`r`Healed `W`}<3>{`r` points.|}{|}[any key]";
+    const std::string poor = points + "{||}{`r`You don't have enough gold.||}[any key]";
     const std::string tooMuch = points + "{`r`You don't need that much healing.|}";
-    const std::string none = "{||}{`r`No points were recovered.|}{|}" + anyKey;
-    const std::string all = "{||}{`W`}<10>{`r` hits points recovered.||}" + anyKey;
+    const std::string none = "{||}{`r`No points were recovered.|}{|}[any key]";
+    const std::string all = "{||}{`W`}<10>{`r` hits points recovered.||}[any key]";
     struct Case {
         const char* keys;
         int hitPoints;
@@ -106,7 +105,7 @@ TEST(Shrine, AGuessShowsTheAnswerGrantsNothingAndCostsOneOrTwo) {
                   "{||}{`R`#`r` of Guesses left`R`: `W`}<1>{||}{`r`Guess a number between "
                   "`R`(`W`1`R`-`W`9`R`)`r`: `W`}[menu command 123456789]" +
                       (guess == "6" ? line + "{||}" : "{||}" + line) +
-                      "{`r`The correct answer was`R`: `W`}<9>{`r`.|}{|}" + anyKey);
+                      "{`r`The correct answer was`R`: `W`}<9>{`r`.|}{|}[any key]");
         EXPECT_TRUE(caller.saw("[menu heal hagr]" + outOfGuesses)) << "the second g";
         EXPECT_EQ(game.session.guessesLeft, guess == "7" || guess == "8" ? -1 : 0);
         EXPECT_EQ(game.player.hitPoints, 3);

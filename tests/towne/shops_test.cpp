@@ -22,11 +22,11 @@ struct PriceList {
     std::string Player::*item;
 };
 
-const std::string red = "{|}{`r`You don't have enough gold.||}";
-const std::string plain = "{|}{You don't have enough gold.||}";
-const std::string redTight = "{|}{`r`You don't have enough gold.|}";
-const std::string tight = "{|}{You don't have enough gold.|}";
-const std::string redLow = "{||}{`r`You don't have enough gold.||}";
+const std::string red = "{|}{`r`You don't have enough gold.||}[any key]";
+const std::string plain = "{|}{You don't have enough gold.||}[any key]";
+const std::string redTight = "{|}{`r`You don't have enough gold.|}[any key]";
+const std::string tight = "{|}{You don't have enough gold.|}[any key]";
+const std::string redLow = "{||}{`r`You don't have enough gold.||}[any key]";
 
 const std::vector<PriceLine> weaponPrices{
     {"Club", 1250, 1250, 1250, 1249, red, 1225, "Club", "{`r`Sold!||}"},
@@ -35,7 +35,7 @@ const std::vector<PriceLine> weaponPrices{
     {"Mace", 12500, 12500, 12500, 12499, plain, 12250, "Mace", "{Sold!||}"},
     {"Sickle", 15000, 15000, 15000, 14999, plain, 14500, "Sickle", "{Sold!||}"},
     {"Spear", 110000, 110000, 110000, 10999, plain, 19000, "Spear", "{Sold!||}"}};
-const PriceList weapons{weaponPrices,   "Fists",    "{||`W`Thank you!||}",
+const PriceList weapons{weaponPrices,   "Fists",    "{||`W`Thank you!||}[any key]",
                         buyWeapon,      sellWeapon, &Player::weaponNumber,
                         &Player::weapon};
 
@@ -46,7 +46,7 @@ const std::vector<PriceLine> armourPrices{
     {"Leather", 12500, 12500, 12500, 12499, tight, 12250, "Leather", "{`r`Sold!||}"},
     {"Feyleather", 15000, 15000, 15000, 14999, tight, 14500, "Feyleather", "{`r`Sold!||}"},
     {"Starleather", 110000, 10000, 110000, 9999, tight, 19000, "Starleather", "{`r`Sold!||}"}};
-const PriceList armours{armourPrices,   "T-Shirt",  "{Thank you!||}",
+const PriceList armours{armourPrices,   "T-Shirt",  "{Thank you!||}[any key]",
                         buyArmour,      sellArmour, &Player::armourNumber,
                         &Player::armour};
 
@@ -72,20 +72,20 @@ TEST(Shops, BuyAndSellByThePriceList) {
             const std::string key = std::to_string(number);
             EXPECT_EQ(inBuying(shop, line.offeredFrom, key + "y"),
                       "{||}{`r`" + std::string(line.name) + " for `W`" +
-                          std::to_string(line.price) + "`r` gold" + yesNo + shop.thanks + anyKey);
+                          std::to_string(line.price) + "`r` gold" + yesNo + shop.thanks);
             EXPECT_EQ(game.player.gold, line.offeredFrom - line.taken) << line.name;
             EXPECT_EQ(game.player.*shop.number, number);
             EXPECT_EQ(game.player.*shop.item, line.name);
             EXPECT_EQ(inBuying(shop, line.offeredFrom - 1, key).find(" for "), std::string::npos);
-            EXPECT_EQ(inBuying(shop, line.poorAt, key), line.shortage + anyKey);
+            EXPECT_EQ(inBuying(shop, line.poorAt, key), line.shortage);
 
             const std::string offer = "{||}{`W`" + std::to_string(line.salePrice) +
                                       " `r`gold pieces.|}{|}{`r`Do you wish to sell your `W`" +
                                       line.nameInSale + "`r`" + yesNo;
             EXPECT_EQ(inSale(shop, number, "n "),
-                      offer + "{||`r`I didn't want to pay you anyway!||}" + anyKey);
+                      offer + "{||`r`I didn't want to pay you anyway!||}[any key]");
             EXPECT_EQ(game.player.*shop.number, number);
-            EXPECT_EQ(inSale(shop, number, "y "), offer + line.sold + anyKey);
+            EXPECT_EQ(inSale(shop, number, "y "), offer + line.sold + "[any key]");
             EXPECT_EQ(game.player.gold, line.salePrice);
             EXPECT_EQ(game.player.*shop.number, 0);
             EXPECT_EQ(game.player.*shop.item, shop.bareName);
@@ -97,17 +97,17 @@ TEST(Shops, BuyAndSellByThePriceList) {
 TEST(Shops, ADeclinedWeaponRunsOnIntoDearerOnes) {
     const auto declined = [](double gold, const std::string& key, const std::string& shortage) {
         EXPECT_THAT(inBuying(weapons, gold, key + "n "),
-                    EndsWith(yesNo + "{||}{`W`That's too bad.||}" + anyKey + shortage));
+                    EndsWith(yesNo + "{||}{`W`That's too bad.||}[any key]" + shortage));
         EXPECT_EQ(game.player.gold, gold);
     };
-    declined(1300, "1", red + anyKey);
+    declined(1300, "1", red);
     for (const auto& [gold, key] : {std::pair{1500, "1"}, {12499, "3"}, {14999, "4"}}) {
-        declined(gold, key, plain + anyKey);
+        declined(gold, key, plain);
     }
     declined(15000, "1", "");
     declined(200000, "6", "");
     EXPECT_THAT(inBuying(armours, 1300, "1n"),
-                EndsWith(yesNo + "{||}{`r`That's too bad.||}" + anyKey));
+                EndsWith(yesNo + "{||}{`r`That's too bad.||}[any key]"));
     EXPECT_EQ(inBuying(weapons, 11000, "6"), "") << "beyond the limit, below the price";
     EXPECT_EQ(inBuying(weapons, 109999, "6"), "");
 }
@@ -121,8 +121,7 @@ TEST(Shops, ShowTheirStock) {
                                         "{`r`L`R`)`W`eave                            ||}"
                                         "{`r`Your current weapon is`R`: `W`}<>{||}"
                                         "{`r`Gold`R`: `W`}<20000>{|}[menu command 123456l]{||}"
-                                        "{`r`Maybe next time, eh?||}" +
-                                        anyKey));
+                                        "{`r`Maybe next time, eh?||}[any key]"));
     inBuying(armours, 20000, "1y");
     EXPECT_EQ(caller.between("[clear]", "{`r`[`R`2"),
               "{`r`Armour in Stock|}{`W`------------------------------------|}"
@@ -131,11 +130,11 @@ TEST(Shops, ShowTheirStock) {
 }
 
 TEST(Shops, BareHandsAndForgedNumbersAreNoWares) {
-    EXPECT_EQ(inSale(weapons, 0, " "), "{||}{`r`You can't sell your own fists.||}" + anyKey);
+    EXPECT_EQ(inSale(weapons, 0, " "), "{||}{`r`You can't sell your own fists.||}[any key]");
     for (const int forged : {-1, 7}) {
         EXPECT_EQ(inSale(weapons, forged, ""), "");
         EXPECT_EQ(inSale(armours, forged, " "),
-                  "{||}{`r`You can't sell your own `W`T-shirt`r`.||}" + anyKey);
+                  "{||}{`r`You can't sell your own `W`T-shirt`r`.||}[any key]");
         EXPECT_EQ(game.player.armourNumber, forged);
     }
 }
@@ -145,8 +144,8 @@ TEST(Shops, TheMenuLeadsToEverythingAndBack) {
     game.session.inGame = 1;
     caller.visit(weaponShop, "bl s y r");
     EXPECT_TRUE(caller.saw("Maybe next time, eh?") && caller.saw("own fists"));
-    EXPECT_THAT(caller.screen, EndsWith("[key][clear][menu weapons bsyr]"));
+    EXPECT_THAT(caller.screen, EndsWith("[any key][clear][menu weapons bsyr]"));
     game.session.inGame = 0;
     EXPECT_THAT(caller.visit(armourShop, "y r"),
-                EndsWith("[key]{|}[clear][clear][menu armours bsyr]"));
+                EndsWith("[any key]{|}[clear][clear][menu armours bsyr]"));
 }

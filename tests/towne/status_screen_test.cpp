@@ -25,7 +25,6 @@ TEST(StatusScreen, ShowsEveryValueBehindItsLabel) {
                   std::string(49, 'w') +
                   ">{|}{`r`Armour       `R`  : `W`}<Cloth>{|}"
                   "{`r`Turns Left   `R`  : `W`}<113>{`r` of `W`}<114>{|}"
-                  "{`r`Remaining Time`R` : `W`60 minutes}{||}" +
-                  anyKey);
+                  "{`r`Remaining Time`R` : `W`60 minutes}{||}[any key]");
     EXPECT_EQ(game.player.name, "Ar`red`wen") << "the name itself is trimmed";
 }

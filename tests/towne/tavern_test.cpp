@@ -29,7 +29,7 @@ TEST_F(Tavern, LeadsEverywhere) {
         EXPECT_TRUE(caller.saw(place)) << place;
     }
     EXPECT_TRUE(caller.saw(menu + "{|}[clear]{`r`Your Status"));
-    EXPECT_THAT(caller.screen, EndsWith("[key]{|}[clear]" + menu + "{`W`Return to Towne!}"));
+    EXPECT_THAT(caller.screen, EndsWith("[any key]{|}[clear]" + menu + "{`W`Return to Towne!}"));
 }
 
 TEST_F(Tavern, EachDrinkHasItsPriceAndItsLimit) {
@@ -82,11 +82,9 @@ TEST_F(Tavern, ARoomEndsTheGameButSavesNothing) {
     savePlayer();
     const std::string saved = readFile("morchars.dat");
     EXPECT_EQ(caller.visit(visitTavern, "gy "),
-              menu +
-                  "{||`W`Welcome to the Tavern's Inn!}{||`r`Renting a room is: `R`}<150>"
-                  "{`r` gold.}{||`r`Rent a room for `R`}<150>{`r`? (`R`y`r`/`R`n`r`): }"
-                  "[answer YN]{||}{`r`Getting your room ready... }{|}{`W`DONE`r`!||}" +
-                  anyKey);
+              menu + "{||`W`Welcome to the Tavern's Inn!}{||`r`Renting a room is: `R`}<150>"
+                     "{`r` gold.}{||`r`Rent a room for `R`}<150>{`r`? (`R`y`r`/`R`n`r`): }"
+                     "[answer YN]{||}{`r`Getting your room ready... }{|}{`W`DONE`r`!||}[any key]");
     EXPECT_EQ(game.session.roomRented, 1);
     EXPECT_EQ(game.session.today, 111526);
     EXPECT_EQ(game.roster.slots[2].lastPlayedDay, 111526);

@@ -23,7 +23,7 @@ protected:
 TEST_F(Towne, QuittingWithoutNewExperienceTouchesNoScore) {
     game.encounter.monster.hitPoints = 5;
     game.scores.table[3].name = "Old";
-    EXPECT_EQ(caller.visit(towneMenu, "qk"), hub + "{`W`Quit!|}{|}" + anyKey);
+    EXPECT_EQ(caller.visit(towneMenu, "qk"), hub + "{`W`Quit!|}{|}[any key]");
     EXPECT_EQ(slot(0).name.view(), "Arwen");
     EXPECT_EQ(slot(0).onlineFlag, 0U);
     EXPECT_FALSE(fs::exists("scores.dat"));
@@ -61,6 +61,6 @@ TEST_F(Towne, ShowsTheMenuAgainAfterEachKeyAlsoAfterOneWithoutAPlace) {
     EXPECT_THROW(caller.visit(towneMenu, "mMx9lkyyo"), OutOfKeys);
     EXPECT_THAT(caller.screen,
                 StartsWith(hub + "{|}" + hub + "{|}" + hub + "[clear][clear]{`r`Player List|}"));
-    EXPECT_TRUE(caller.saw("<1>{|}{|}" + anyKey + hub + "{|}[clear]{`r`Your Status`bright red:}"));
-    EXPECT_TRUE(caller.saw("[key]{|}" + hub + "[clear]{`r`Users currently on-line`R`:|}"));
+    EXPECT_TRUE(caller.saw("<1>{|}{|}[any key]" + hub + "{|}[clear]{`r`Your Status`bright red:}"));
+    EXPECT_TRUE(caller.saw("[any key]{|}" + hub + "[clear]{`r`Users currently on-line`R`:|}"));
 }

@@ -46,7 +46,7 @@ TEST(RoomScreen, DirectionsOfALocationAndOfALevel) {
                              "[menu areaone 2789shyf]");
     beginCall(true);
     walk(roomOf(Level::castle1, 22), "yxdf"); // the status, the room anew, and on from there
-    EXPECT_THAT(caller.screen, HasSubstr("[key][clear]{||}{`r`Castle Level 1-22|}{|}{`r`Dir"));
+    EXPECT_THAT(caller.screen, HasSubstr("[any key][clear]{||}{`r`Castle Level 1-22|}{|}{`r`Dir"));
     EXPECT_THAT(caller.screen, HasSubstr("{`r`D`R`) `W`Down to Level 2|}{|}"
                                          "{`r`H`R`)`W`ealing Shrine|`r`}"
                                          "{`r`Y`R`)`W`our Status|`r`}"));
@@ -120,7 +120,7 @@ TEST(Exits, SomeLeadNowhere) {
     walk(roomOf(Level::cavern1, 7), "exf");
     EXPECT_THAT(caller.screen, HasSubstr("{`r`E`R`)`W`xit Rattlehead Cavern|}"));
     EXPECT_THAT(caller.screen, HasSubstr("[menu areaone e2hyf]{||}{`r`Under Development}{||}"
-                                         "{`r`Press any key!}[key][clear]"));
+                                         "[any key][clear]"));
 }
 
 TEST(SpecialRooms, ForestOneAnnouncesAFlightAndWillHaveThePlayerBack) {
