@@ -30,14 +30,11 @@ TEST(Creation, AnAbilityIsTheSumOfTheThreeHighestDice) {
 }
 
 TEST(Creation, EveryClassHasItsNameAndHitPointsAndTheSameKit) {
-    struct Case {
-        const char *key, *name;
-        int bonus, draws;
-    };
-    for (const auto& [key, name, bonus, draws] :
-         {Case{"1", "Cleric", 12, 27}, Case{"2", "Fighter", 15, 24}, Case{"3", "Paladin", 15, 24},
-          Case{"4", "Ranger", 12, 24}, Case{"5", "Rogue", 12, 24}, Case{"6", "Warlock", 12, 24},
-          Case{"7", "Warlord", 12, 24}, Case{"8", "Wizard", 10, 24}}) {
+    const Cases<const char*, const char*, int, int> cases{
+        {"1", "Cleric", 12, 27},  {"2", "Fighter", 15, 24}, {"3", "Paladin", 15, 24},
+        {"4", "Ranger", 12, 24},  {"5", "Rogue", 12, 24},   {"6", "Warlock", 12, 24},
+        {"7", "Warlord", 12, 24}, {"8", "Wizard", 10, 24}};
+    for (const auto& [key, name, bonus, draws] : cases) {
         newCall(false);
         // Six abilities of 3, 6, 9, ... in their order: four equal dice each.
         chance.script(

@@ -65,14 +65,9 @@ TEST(Training, HallAndQuestionTrainerRefuseAlike) {
     const std::string weak = "{||}{`r`You're too weak to train!||}{`r`You need `W`}<750>"
                              "{ `r`more experience.||}[any key]";
     const std::string highest = "{||}{`r`You've reached the highest level.||}[any key]";
-    struct Case {
-        int level, experience;
-        std::string refusal;
-        int inTraining; // which was 1
-    };
-    for (const auto& [level, experience, refusal, inTraining] :
-         {Case{3, 3000, weak, 0}, Case{29, 999250, weak, 0}, Case{30, 2000000, highest, 1},
-          Case{31, 0, "", 1}}) {
+    const Cases<int, int, std::string, int> cases{
+        {3, 3000, weak, 0}, {29, 999250, weak, 0}, {30, 2000000, highest, 1}, {31, 0, "", 1}};
+    for (const auto& [level, experience, refusal, inTraining] : cases) {
         beginAtLevel(level, experience);
         EXPECT_EQ(caller.visit(trainingHall, refusal.empty() ? "tr" : "tkr"),
                   hall + refusal + hall + "{`W`Return to Towne!}");
@@ -100,15 +95,12 @@ TEST(Training, AYesToTheQuestionTrainerGivesAnsiAndANoEndsTheTraining) {
 
 // The need in the player's record counts, not the table's.
 TEST(Training, ATrainerGrowsWithTheLevelOfAPlayerWithTheExperience) {
-    struct Case {
-        int level, experience;
-        std::deque<int> draws;
-        std::vector<int> numbers; // hit points, initiative, damage
-    };
-    for (const auto& [level, experience, draws, numbers] :
-         {Case{1, 5, {11}, {10, 2, 6}}, Case{2, 5, {0, 15}, {15, 4, 8}},
-          Case{29, 5, {0, 123}, {150, 20, 62}}, Case{12, 4, {}, {0, 15, 6}},
-          Case{30, 5, {}, {0, 15, 6}}}) {
+    const Cases<int, int, std::deque<int>, std::vector<int>> cases{{1, 5, {11}, {10, 2, 6}},
+                                                                   {2, 5, {0, 15}, {15, 4, 8}},
+                                                                   {29, 5, {0, 123}, {150, 20, 62}},
+                                                                   {12, 4, {}, {0, 15, 6}},
+                                                                   {30, 5, {}, {0, 15, 6}}};
+    for (const auto& [level, experience, draws, numbers] : cases) {
         beginAtLevel(level, experience);
         game.player.experienceNeeded = 5;
         chance.script(draws);

@@ -3,20 +3,11 @@
 #include "support/game_test.h"
 
 TEST(Dice, EachSeedsFromTheClockAndThenDraws) {
-    struct Case {
-        void (*roll)();
-        std::deque<int> draws;
-        int result;
-    };
-    for (const auto& [roll, draws, result] : std::vector<Case>{{rollD2, {5}, 2},
-                                                               {rollD3, {5}, 3},
-                                                               {rollD4, {6}, 3},
-                                                               {rollD6, {11}, 6},
-                                                               {rollD8, {15}, 8},
-                                                               {rollD10, {19}, 10},
-                                                               {rollD12, {23}, 12},
-                                                               {roll2D4, {7, 2}, 7},
-                                                               {roll2D6, {11, 5}, 12}}) {
+    const Cases<void (*)(), std::deque<int>, int> cases{
+        {rollD2, {5}, 2},    {rollD3, {5}, 3},     {rollD4, {6}, 3},
+        {rollD6, {11}, 6},   {rollD8, {15}, 8},    {rollD10, {19}, 10},
+        {rollD12, {23}, 12}, {roll2D4, {7, 2}, 7}, {roll2D6, {11, 5}, 12}};
+    for (const auto& [roll, draws, result] : cases) {
         newCall();
         chance.script(draws);
         roll();

@@ -8,9 +8,16 @@
 
 #include <gmock/gmock.h>
 
+#include <tuple>
+#include <vector>
+
 using namespace morvek;
 using namespace morvek::test;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
+
+// A table that a test runs over: a row for each case.
+template <typename... Columns>
+using Cases = std::vector<std::tuple<Columns...>>;

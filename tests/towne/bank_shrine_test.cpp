@@ -31,16 +31,11 @@ const std::string notNeeded = "{||}{`r`You don't need healing.|}{|}[any key]";
 TEST(Bank, MovesWhatIsThereAndSaysTheReverseOfARefusal) {
     const std::string moved = ">{`r` gold has been deposited to the bank.}{||}";
     const std::string insufficient = "{|}{`r`You do not have sufficient funds.}{||}";
-    struct Case {
-        std::string typed;
-        double gold, left;
-        std::string answer;
-    };
-    for (const auto& [typed, gold, left, answer] :
-         {Case{"10", 10, 0, "{|}<10" + moved}, Case{"007", 10, 3, "{|}<007" + moved},
-          Case{"11", 10, 10, ""}, Case{"0", 10, 10, insufficient},
-          Case{"all", 10, 10, insufficient}, Case{"0", 0, 0, ""},
-          Case{"-7000", -6000, -6000, insufficient}}) {
+    const Cases<std::string, double, double, std::string> cases{
+        {"10", 10, 0, "{|}<10" + moved},      {"007", 10, 3, "{|}<007" + moved}, {"11", 10, 10, ""},
+        {"0", 10, 10, insufficient},          {"all", 10, 10, insufficient},     {"0", 0, 0, ""},
+        {"-7000", -6000, -6000, insufficient}};
+    for (const auto& [typed, gold, left, answer] : cases) {
         EXPECT_EQ(atTheBank(gold, "d" + typed + "\r r"), answer + "[any key]");
         EXPECT_EQ(game.player.gold, left);
         EXPECT_EQ(game.player.bankGold, 5e9 + gold - left);
@@ -73,24 +68,19 @@ TEST(Shrine, HealsForFiveGoldAPoint) {
     const std::string tooMuch = points + "{`r`You don't need that much healing.|}";
     const std::string none = "{||}{`r`No points were recovered.|}{|}[any key]";
     const std::string all = "{||}{`W`}<10>{`r` hits points recovered.||}[any key]";
-    struct Case {
-        const char* keys;
-        int hitPoints;
-        double gold;
-        int guesses;
-        std::string answer;
-        int hitPointsAfter;
-        double goldAfter;
-    };
-    for (const auto& [keys, hitPoints, gold, guesses, answer, hitPointsAfter, goldAfter] :
-         {Case{"h3\r r", 10, 15, 3, healed, 13, 0}, Case{"h3\r r", 10, 14, 3, poor, 10, 14},
-          Case{"h3\r  r", 10, 14, 0, poor + outOfGuesses, 10, 14},
-          Case{"h11\rr", 10, 900, 3, tooMuch, 10, 900},
-          Case{"h11\r r", 10, 900, 0, tooMuch + outOfGuesses, 10, 900},
-          Case{"h\r r", 10, 50, 3, points + all, 20, 0},
-          Case{"h-4\r r", 10, 49, 3, points + none, 10, 49},
-          Case{"h r", 20, 50, 3, notNeeded, 20, 50}, Case{"a r", 10, 55, 0, all, 20, 5},
-          Case{"a r", 20, 40, 3, none, 20, 40}, Case{"a r", 25, 40, 3, none, 25, 40}}) {
+    const Cases<const char*, int, double, int, std::string, int, double> cases{
+        {"h3\r r", 10, 15, 3, healed, 13, 0},
+        {"h3\r r", 10, 14, 3, poor, 10, 14},
+        {"h3\r  r", 10, 14, 0, poor + outOfGuesses, 10, 14},
+        {"h11\rr", 10, 900, 3, tooMuch, 10, 900},
+        {"h11\r r", 10, 900, 0, tooMuch + outOfGuesses, 10, 900},
+        {"h\r r", 10, 50, 3, points + all, 20, 0},
+        {"h-4\r r", 10, 49, 3, points + none, 10, 49},
+        {"h r", 20, 50, 3, notNeeded, 20, 50},
+        {"a r", 10, 55, 0, all, 20, 5},
+        {"a r", 20, 40, 3, none, 20, 40},
+        {"a r", 25, 40, 3, none, 25, 40}};
+    for (const auto& [keys, hitPoints, gold, guesses, answer, hitPointsAfter, goldAfter] : cases) {
         EXPECT_EQ(atTheShrine(hitPoints, gold, guesses, keys), answer) << keys;
         EXPECT_EQ(game.player.hitPoints, hitPointsAfter) << keys;
         EXPECT_EQ(game.player.gold, goldAfter) << keys;

@@ -4,17 +4,12 @@
 
 namespace {
 
-struct PriceLine {
-    const char* name;
-    int price, offeredFrom, taken;
-    int poorAt; // the most gold with which the ware's key finds a shortage
-    std::string shortage;
-    int salePrice;
-    const char *nameInSale, *sold;
-};
+// Of each ware: name, price, the least gold with which it is offered, what it takes, the most gold
+// with which its key finds a shortage, the shortage, sale price, name in the sale, and its end.
+using Prices = Cases<std::string, int, int, int, int, std::string, int, std::string, const char*>;
 
-struct PriceList {
-    std::vector<PriceLine> lines;
+struct Shop {
+    Prices prices;
     const char *bareName, *thanks;
     void (*buy)();
     void (*sell)();
@@ -28,37 +23,37 @@ const std::string redTight = "{|}{`r`You don't have enough gold.|}[any key]";
 const std::string tight = "{|}{You don't have enough gold.|}[any key]";
 const std::string redLow = "{||}{`r`You don't have enough gold.||}[any key]";
 
-const std::vector<PriceLine> weaponPrices{
+const Prices weaponPrices{
     {"Club", 1250, 1250, 1250, 1249, red, 1225, "Club", "{`r`Sold!||}"},
     {"Dagger", 1500, 1500, 1500, 1499, red, 1450, "Dagger", "{Sold!||}"},
     {"Javelin", 11000, 11000, 11000, 10999, plain, 1900, "Javelin", "{Sold!||}"},
     {"Mace", 12500, 12500, 12500, 12499, plain, 12250, "Mace", "{Sold!||}"},
     {"Sickle", 15000, 15000, 15000, 14999, plain, 14500, "Sickle", "{Sold!||}"},
     {"Spear", 110000, 110000, 110000, 10999, plain, 19000, "Spear", "{Sold!||}"}};
-const PriceList weapons{weaponPrices,   "Fists",    "{||`W`Thank you!||}[any key]",
-                        buyWeapon,      sellWeapon, &Player::weaponNumber,
-                        &Player::weapon};
+const Shop weapons{weaponPrices,   "Fists",    "{||`W`Thank you!||}[any key]",
+                   buyWeapon,      sellWeapon, &Player::weaponNumber,
+                   &Player::weapon};
 
-const std::vector<PriceLine> armourPrices{
+const Prices armourPrices{
     {"Cloth", 1250, 1250, 250, 1249, redLow, 1225, "Cloth", "{`r`Sold!||}"},
     {"Feyweave", 1500, 1500, 1500, 1499, redTight, 1450, "Leather", "{`r`Sold!||}"},
     {"Starweave", 11000, 1000, 11000, 999, tight, 1900, "Hide", "{`r`Sold!||}"},
     {"Leather", 12500, 12500, 12500, 12499, tight, 12250, "Leather", "{`r`Sold!||}"},
     {"Feyleather", 15000, 15000, 15000, 14999, tight, 14500, "Feyleather", "{`r`Sold!||}"},
     {"Starleather", 110000, 10000, 110000, 9999, tight, 19000, "Starleather", "{`r`Sold!||}"}};
-const PriceList armours{armourPrices,   "T-Shirt",  "{Thank you!||}[any key]",
-                        buyArmour,      sellArmour, &Player::armourNumber,
-                        &Player::armour};
+const Shop armours{armourPrices,   "T-Shirt",  "{Thank you!||}[any key]",
+                   buyArmour,      sellArmour, &Player::armourNumber,
+                   &Player::armour};
 
 // What a caller with so much gold reads after these keys, until the stock is shown again.
-std::string inBuying(const PriceList& shop, double gold, const std::string& keys) {
+std::string inBuying(const Shop& shop, double gold, const std::string& keys) {
     newCall();
     game.player.gold = gold;
     caller.visit(shop.buy, keys + " l ");
     return caller.between("[menu command 123456l]", "[clear]");
 }
 
-std::string inSale(const PriceList& shop, int number, const std::string& keys) {
+std::string inSale(const Shop& shop, int number, const std::string& keys) {
     newCall();
     game.player.*shop.number = number;
     return caller.visit(shop.sell, keys);
@@ -67,29 +62,30 @@ std::string inSale(const PriceList& shop, int number, const std::string& keys) {
 } // namespace
 
 TEST(Shops, BuyAndSellByThePriceList) {
-    for (const PriceList& shop : {weapons, armours}) {
-        for (int number = 1; const PriceLine& line : shop.lines) {
-            const std::string key = std::to_string(number);
-            EXPECT_EQ(inBuying(shop, line.offeredFrom, key + "y"),
-                      "{||}{`r`" + std::string(line.name) + " for `W`" +
-                          std::to_string(line.price) + "`r` gold" + yesNo + shop.thanks);
-            EXPECT_EQ(game.player.gold, line.offeredFrom - line.taken) << line.name;
+    for (const Shop& shop : {weapons, armours}) {
+        int number = 0;
+        for (const auto& [name, price, offeredFrom, taken, poorAt, shortage, salePrice, nameInSale,
+                          sold] : shop.prices) {
+            const std::string key = std::to_string(++number);
+            EXPECT_EQ(inBuying(shop, offeredFrom, key + "y"), "{||}{`r`" + name + " for `W`" +
+                                                                  std::to_string(price) +
+                                                                  "`r` gold" + yesNo + shop.thanks);
+            EXPECT_EQ(game.player.gold, offeredFrom - taken) << name;
             EXPECT_EQ(game.player.*shop.number, number);
-            EXPECT_EQ(game.player.*shop.item, line.name);
-            EXPECT_EQ(inBuying(shop, line.offeredFrom - 1, key).find(" for "), std::string::npos);
-            EXPECT_EQ(inBuying(shop, line.poorAt, key), line.shortage);
+            EXPECT_EQ(game.player.*shop.item, name);
+            EXPECT_EQ(inBuying(shop, offeredFrom - 1, key).find(" for "), std::string::npos);
+            EXPECT_EQ(inBuying(shop, poorAt, key), shortage);
 
-            const std::string offer = "{||}{`W`" + std::to_string(line.salePrice) +
+            const std::string offer = "{||}{`W`" + std::to_string(salePrice) +
                                       " `r`gold pieces.|}{|}{`r`Do you wish to sell your `W`" +
-                                      line.nameInSale + "`r`" + yesNo;
+                                      nameInSale + "`r`" + yesNo;
             EXPECT_EQ(inSale(shop, number, "n "),
                       offer + "{||`r`I didn't want to pay you anyway!||}[any key]");
             EXPECT_EQ(game.player.*shop.number, number);
-            EXPECT_EQ(inSale(shop, number, "y "), offer + line.sold + "[any key]");
-            EXPECT_EQ(game.player.gold, line.salePrice);
+            EXPECT_EQ(inSale(shop, number, "y "), offer + sold + "[any key]");
+            EXPECT_EQ(game.player.gold, salePrice);
             EXPECT_EQ(game.player.*shop.number, 0);
             EXPECT_EQ(game.player.*shop.item, shop.bareName);
-            ++number;
         }
     }
 }

@@ -33,15 +33,12 @@ TEST_F(Tavern, LeadsEverywhere) {
 }
 
 TEST_F(Tavern, EachDrinkHasItsPriceAndItsLimit) {
-    struct Drink {
-        std::string key, name;
-        int price, limit; // turns left, of 20, with which it gives none
-        std::string cheer;
-    };
-    for (const auto& [key, name, price, limit, cheer] :
-         {Drink{"1", "Ale", 10, 20, "{You are feeling a little frisky.||}"},
-          Drink{"2", "Brew", 25, 20, "{You are feeling a little lightheaded!||}"},
-          Drink{"3", "Whiskey", 50, 17, "{Just one more...||}"}}) {
+    // Key, name, price, turns left of 20 with which it gives none, and what is said.
+    const Cases<std::string, std::string, int, int, std::string> drinks{
+        {"1", "Ale", 10, 20, "{You are feeling a little frisky.||}"},
+        {"2", "Brew", 25, 20, "{You are feeling a little lightheaded!||}"},
+        {"3", "Whiskey", 50, 17, "{Just one more...||}"}};
+    for (const auto& [key, name, price, limit, cheer] : drinks) {
         const auto order = [&, &number = key](double gold, int turns, const std::string& keys) {
             game.player.gold = gold;
             game.player.turnsLeft = turns;

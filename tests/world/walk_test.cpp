@@ -97,7 +97,7 @@ TEST(Room, TheStatusInAFightComesBackToTheSameWoundedMonster) {
 }
 
 TEST(Exits, LeaveTheTrailThatTheirRowsSay) {
-    const std::vector<std::tuple<RoomNumber, const char*, int>> cases{
+    const Cases<RoomNumber, const char*, int> cases{
         {5, "8f", 5},   {5, "2f", 99},  {5, "9f", 99},       {12, "8f", 12},      {12, "17f", 6},
         {56, "ef", 56}, {58, "ef", 99}, {castle, "82f", 99}, {castle, "l4f", 56}, {1, "8f", 1},
     };
