@@ -76,7 +76,7 @@ TEST(Shrine, HealsForFiveGoldAPoint) {
         {"h11\r r", 10, 900, 0, tooMuch + outOfGuesses, 10, 900},
         {"h\r r", 10, 50, 3, points + all, 20, 0},
         {"h-4\r r", 10, 49, 3, points + none, 10, 49},
-        {"h0\rr", 25, 50, 3, points + tooMuch, 25, 50},
+        {"h0\rr", 25, 50, 3, tooMuch, 25, 50},
         {"h r", 20, 50, 3, notNeeded, 20, 50},
         {"a r", 10, 55, 0, all, 20, 5},
         {"a r", 20, 40, 3, none, 20, 40},
