@@ -3,6 +3,7 @@
 #include "door/configuration.h"
 #include "door/screen.h"
 #include "door/title_menu.h"
+#include "files/configuration_file.h"
 #include "state/game_state.h"
 
 #include <array>

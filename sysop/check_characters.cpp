@@ -1,0 +1,175 @@
+// The character file. What play can give is told field by field in fields.cpp; here is what
+// concerns a whole record, its flags of the world, or several records.
+
+#include "state/game_state.h"
+#include "sysop/charset.h"
+#include "sysop/check.h"
+#include "sysop/fields.h"
+#include "sysop/world_progress.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <map>
+
+namespace morvek {
+namespace {
+
+constexpr std::size_t wholeFile = slotCount * sizeof(PlayerRecord);
+
+// The findings about one record.
+class RecordFindings {
+public:
+    RecordFindings(Findings& all, const PlayerRecord& slot, std::size_t index) : findings(all) {
+        place = "slot " + std::to_string(index + 1);
+        if (!isFree(slot)) {
+            place += " (" + toUtf8(slot.ownerName.view()) + ")";
+        }
+    }
+
+    void add(Severity severity, std::string_view field, const std::string& text) {
+        findings.push_back({severity, characterFileName, place, std::string(field), text});
+    }
+
+private:
+    Findings& findings;
+    std::string place;
+};
+
+void checkLength(std::size_t size, Findings& findings) {
+    if (size < wholeFile) {
+        findings.push_back({Severity::error, characterFileName, "", "",
+                            "has " + std::to_string(size) +
+                                " bytes and not 75000: it ends in slot " +
+                                std::to_string(size / sizeof(PlayerRecord) + 1)});
+    } else if (size > wholeFile) {
+        findings.push_back(
+            {Severity::warning, characterFileName, "", "",
+             "has " + std::to_string(size) + " bytes and not 75000: what is more is never read"});
+    }
+}
+
+bool zeroBehind(const TextSlot& text) {
+    return text.length > TextSlot::capacity ||
+           std::all_of(text.bytes.begin() + text.length, text.bytes.end(),
+                       [](char one) { return one == '\0'; });
+}
+
+void checkPadding(const Field& field, const PlayerRecord& slot, RecordFindings& findings) {
+    TextSlot text;
+    std::memcpy(&text, reinterpret_cast<const char*>(&slot) + field.offset, sizeof text);
+    if (!zeroBehind(text)) {
+        findings.add(Severity::warning, field.name, "is not filled up with zeros");
+    }
+}
+
+void checkFields(const PlayerRecord& slot, RecordFindings& findings) {
+    for (const Field& field : allFields()) {
+        if (const std::optional<std::string> wrong = complaintAbout(field, slot)) {
+            const bool harmless = field.rule == FieldRule::versionMark || field.name == "bbsName" ||
+                                  field.name == "reserved" || field.name == "reservedCounter" ||
+                                  field.name == "inUse";
+            findings.add(harmless ? Severity::warning : Severity::error, field.name, *wrong);
+        }
+        if (field.kind == FieldKind::text) {
+            checkPadding(field, slot, findings);
+        }
+    }
+    if (slot.afterInUse != PlayerRecord{}.afterInUse) {
+        findings.add(Severity::warning, "inUse", "is not followed by three zeros");
+    }
+}
+
+void checkWorld(const PlayerRecord& slot, RecordFindings& findings) {
+    bool strayWord = false;
+    for (std::size_t i = 0; i < worldFlags().size(); ++i) {
+        const WorldFlag& flag = worldFlags()[i];
+        const std::int32_t value = slot.worldState[i];
+        if (flag.name.empty()) {
+            strayWord = strayWord || value != 0;
+        } else if (value != 0 && value != 1) {
+            findings.add(flag.isCopy ? Severity::warning : Severity::error,
+                         flag.isCopy ? flag.name + " (its copy)" : flag.name,
+                         "is " + std::to_string(value) + " and neither 0 nor 1");
+        }
+    }
+    if (strayWord) {
+        findings.add(Severity::warning, "worldState", "holds something where nothing is stored");
+    }
+}
+
+void checkFreeSlot(const PlayerRecord& slot, RecordFindings& findings) {
+    if (slot.ownerName.length > TextSlot::capacity) {
+        findings.add(Severity::error, "ownerName", *complaintAbout(*findField("ownerName"), slot));
+    } else if (slot.version.view() != emptySlot().version.view()) {
+        const auto wrong = complaintAbout(*findField("version"), slot);
+        findings.add(Severity::warning, "version", wrong.value_or("is wrong"));
+    } else if (!sameBytes(slot, emptySlot())) {
+        findings.add(Severity::warning, "",
+                     "belongs to nobody but is not empty; its character is " +
+                         inQuotes(slot.name.view()));
+    }
+}
+
+void checkTakenSlot(const PlayerRecord& slot, std::size_t index, RecordFindings& findings) {
+    checkFields(slot, findings);
+    checkWorld(slot, findings);
+    if (index >= searchedSlots) {
+        findings.add(Severity::warning, "",
+                     "is one that the game never looks into: `remove` "
+                     "another player, and this one takes his place");
+    }
+    if (slot.onlineFlag == 1) {
+        findings.add(Severity::note, "onlineFlag",
+                     "is 1: in the game now, or his call was dropped (see `offline`)");
+    }
+}
+
+// How the game finds characters: each caller has one, and there is no gap before the last.
+void checkOwners(const Characters& characters, Findings& findings) {
+    std::map<std::string_view, std::size_t> firstOf;
+    std::size_t gap = characters.size();
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        RecordFindings about(findings, characters[i], i);
+        if (isFree(characters[i])) {
+            gap = std::min(gap, i);
+            continue;
+        }
+        const auto [first, isNew] = firstOf.try_emplace(characters[i].ownerName.view(), i);
+        if (!isNew) {
+            about.add(Severity::error, "ownerName",
+                      "owns slot " + std::to_string(first->second + 1) +
+                          " too, and that is the one the game finds: `remove` this one");
+        }
+        if (gap < i) {
+            about.add(
+                Severity::error, "",
+                "stands behind slot " + std::to_string(gap + 1) +
+                    ", which is free: the next save makes a second character of it; `remove " +
+                    std::to_string(gap + 1) + "` closes the gap");
+            gap = characters.size();
+        }
+    }
+}
+
+} // namespace
+
+void checkCharacters(const GameDirectory& home, Findings& findings) {
+    const std::optional<std::string> content = contentToCheck(home, characterFileName, findings);
+    if (!content) {
+        return;
+    }
+    checkLength(content->size(), findings);
+    const Characters characters = charactersIn(*content);
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        RecordFindings about(findings, characters[i], i);
+        if (isFree(characters[i])) {
+            checkFreeSlot(characters[i], about);
+        } else {
+            checkTakenSlot(characters[i], i, about);
+        }
+    }
+    checkOwners(characters, findings);
+}
+
+} // namespace morvek
