@@ -23,8 +23,9 @@ bool isOpen(const Exit& exit) {
     return exit.passage == Passage::open;
 }
 
-bool leadsBack(const Exit& exit, RoomNumber from) {
-    const Exit* back = roomAt(exit.to).exitAt(oppositeKey(exit.key));
+// Whether the room that the exit leads to has the same way back.
+bool leadsBack(const Exit& exit, RoomNumber from, const Room& to) {
+    const Exit* back = to.exitAt(oppositeKey(exit.key));
     return back != nullptr && isOpen(*back) && back->to == from;
 }
 
@@ -51,13 +52,15 @@ private:
 
     [[nodiscard]] bool isPlaced(RoomNumber number) const { return cells.contains(number); }
 
-    [[nodiscard]] bool isCharted(RoomNumber number) const {
-        return std::any_of(rooms.begin(), rooms.end(),
-                           [&](const Room& room) { return room.number == number; });
+    // The room of that number; null when it is on another chart.
+    [[nodiscard]] const Room* find(RoomNumber number) const {
+        const auto found = std::find_if(rooms.begin(), rooms.end(),
+                                        [&](const Room& room) { return room.number == number; });
+        return found == rooms.end() ? nullptr : &*found;
     }
 
     [[nodiscard]] bool leadsOn(const Exit& exit) const {
-        return isOpen(exit) && isCompass(exit.key) && isCharted(exit.to);
+        return isOpen(exit) && isCompass(exit.key) && find(exit.to) != nullptr;
     }
 
     void place(RoomNumber number, Cell from, Cell step) {
@@ -74,8 +77,8 @@ private:
         while (!toWalk.empty()) {
             const RoomNumber from = toWalk.front();
             toWalk.pop_front();
-            for (const Exit& exit : roomAt(from).exitList()) {
-                if (leadsOn(exit) && leadsBack(exit, from) && !isPlaced(exit.to)) {
+            for (const Exit& exit : find(from)->exitList()) {
+                if (leadsOn(exit) && leadsBack(exit, from, *find(exit.to)) && !isPlaced(exit.to)) {
                     place(exit.to, cells.at(from), stepOf(exit.key));
                 }
             }
@@ -299,7 +302,7 @@ std::vector<Way> waysOf(const Chart& chart) {
                 std::max(std::abs(to.column - cell.column), std::abs(to.row - cell.row));
             const bool straight =
                 to == Cell{cell.column + step.column * distance, cell.row + step.row * distance};
-            const bool twoWay = leadsBack(exit, number);
+            const bool twoWay = leadsBack(exit, number, roomAt(exit.to));
             if (!twoWay || number < exit.to) {
                 ways.push_back({number, exit.to, &exit, twoWay, !straight});
             }

@@ -20,7 +20,7 @@ constexpr int roomHeight = 54;
 constexpr int margin = 56;
 constexpr int stubLength = 17;
 constexpr int stubShift = 9; // beside the middle, so that it is no way
-constexpr int reach = 90;    // how far an odd way first follows its direction
+constexpr int reach = 55;    // how far an odd way first follows its direction
 
 struct Look {
     std::string_view region; // the beginning of its name
@@ -132,6 +132,11 @@ public:
             for (const auto& [number, cell] : chart.cells) {
                 drawOver(roomAt(number), cell);
             }
+            for (const Way& way : ways) {
+                if (way.isOdd) {
+                    drawOddWay(way, chart.cells.at(way.from), chart.cells.at(way.to));
+                }
+            }
         }
         drawLegend();
         out << "</svg>\n";
@@ -198,9 +203,7 @@ private:
         const Cell from = chart.cells.at(way.from);
         const Cell to = chart.cells.at(way.to);
         const Cell step = stepOf(way.exit->key);
-        if (way.isOdd) {
-            drawOddWay(way, from, to);
-        } else {
+        if (!way.isOdd) {
             line(way.isTwoWay ? "way" : "oneway", edgeOf(from, step), edgeOf(to, reverse(step)));
         }
         markTrail(from, way.exit, roomAt(way.from));
@@ -209,7 +212,7 @@ private:
         }
     }
 
-    // Sets out as its direction says, then bends to where it leads.
+    // Sets out as its direction says, then bends to where it leads, over what is in between.
     void drawOddWay(const Way& way, Cell from, Cell to) {
         const Cell step = stepOf(way.exit->key);
         const Point start = edgeOf(from, step);

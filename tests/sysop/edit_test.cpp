@@ -59,6 +59,8 @@ TEST_F(Edit, WhatDoesNotFitChangesNothingAndMakesNoBackup) {
         {"2", "name", "sixteen letters!"},
         {"2", "className", "Bard"},
         {"2", "name", "\u65E5"},
+        {"2", "name", "\xC1\x81"},
+        {"2", "name", "A\xC3"},
         {"2", "name", "a\033b"},
         {"2", "hitPoints", "25"},
         {"2", "lastPlayedDay", "23226"},
@@ -158,6 +160,9 @@ TEST_F(Edit, ADamagedOrForeignBackupIsRefused) {
     std::string renamed = whole;
     renamed[0] = 'M';
     EXPECT_TRUE(refused(renamed));
+    std::string flipped = whole;
+    flipped[105] = '7';
+    EXPECT_TRUE(refused(flipped));
     EXPECT_EQ(std::system("mkdir d && echo x >d/x && tar -cf foreign.tar d/x"), 0);
     EXPECT_EQ(run({"restore", "foreign.tar"}), 1);
     EXPECT_THAT(err, HasSubstr("\"d/x\", which is no data file; nothing was changed"));

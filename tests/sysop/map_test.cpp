@@ -28,6 +28,20 @@ TEST(Map, RoomsStandWhereTheirExitsPoint) {
     EXPECT_EQ(layOut(someRooms({1, 40, 70})), (Cells{{1, {0, 0}}, {40, {0, 2}}, {70, {0, 4}}}));
 }
 
+TEST(Map, ARoomWhoseCellIsTakenStandsFurtherAlong) {
+    // Round a corner and back: 4 would stand on 1, and on 2 then.
+    const auto leads = [](RoomNumber from, char key, RoomNumber to) {
+        Room room;
+        room.number = from;
+        room.exitCount = 1;
+        room.exits[0] = {.key = key, .to = to};
+        return room;
+    };
+    const std::vector<Room> rooms{leads(1, '6', 2), leads(2, '8', 3), leads(3, '1', 4),
+                                  leads(4, '1', 1)};
+    EXPECT_EQ(layOut(rooms), (Cells{{1, {1, 1}}, {2, {2, 1}}, {3, {2, 0}}, {4, {0, 2}}}));
+}
+
 TEST(Map, EveryRoomHasACellOfItsOwnApartFromTheLegend) {
     const WorldChart world = chartWorld();
     std::set<Cell> taken;
