@@ -251,8 +251,7 @@ TEST(ProgramJourney, ThroughATelnetProgram) {
         [port] { execlp("telnet", "telnet", "-E", "127.0.0.1", port.c_str(), nullptr); });
     const int connection = accept(listener, nullptr, nullptr);
     close(listener);
-    const pid_t program = startChild(onSocket(game.program({"-D", "."})), connection, connection);
-    close(connection);
+    const pid_t program = startOnSocket(game.program({"-D", "."}), connection);
 
     telnet.until(game.endOf("intmenu.ans"));
     telnet.type("s");

@@ -70,23 +70,19 @@ inline const BoardFile chain{
 inline const BoardFile bbsdev{"BBSDEV.DRP",
                               19,
                               {18},
-                              "1.0|stdio||J\xc3\xb6rg Ace|7|80|25|Y|50|en|" + momentIn(2730) +
+                              "1.0|stdio||J\xc3\xb6rg Ace|7|80|25|Y|50|en|" + momentIn(2758) +
                                   "|IBM437|Board|Bob||||3|-"};
 
 inline const std::vector<BoardFile> boardFiles{door32, doorSys, dorinfo, chain, bbsdev};
 
-// The descriptor under which a board's child finds the caller's socket.
-constexpr int handedSocket = 9;
+// Starts a child whose board gives it the caller's socket as an inherited descriptor, and nothing
+// at standard input and output.
+constexpr int handedSocket = 2;
 
-// A child whose board gives it the socket that it is started on as an inherited descriptor, with
-// nothing at standard input and output.
-inline Child onSocket(const Child& child) {
-    return [child] {
-        dup2(STDIN_FILENO, handedSocket);
-        const int nothing = open("/dev/null", O_RDWR);
-        dup2(nothing, STDIN_FILENO);
-        dup2(nothing, STDOUT_FILENO);
-        close(nothing);
-        child();
-    };
+inline pid_t startOnSocket(const Child& child, int socket) {
+    const int nothing = open("/dev/null", O_RDWR | O_CLOEXEC);
+    const pid_t process = startChild(child, nothing, nothing, socket);
+    close(nothing);
+    close(socket);
+    return process;
 }

@@ -12,21 +12,6 @@ namespace {
 
 long secondsAhead = 0;
 
-[[noreturn]] void runDoor(const Arguments& arguments, const Door& door) {
-    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        unsetenv(name);
-    }
-    setenv("LOGNAME", "newcomer", 1);
-    std::vector<char*> argv{const_cast<char*>("door")};
-    for (const std::string& argument : arguments) {
-        argv.push_back(const_cast<char*>(argument.c_str()));
-    }
-    od_parse_cmd_line(static_cast<int>(argv.size()), argv.data());
-    od_init();
-    door();
-    od_exit(0, 0);
-}
-
 } // namespace
 
 // Stands in for the system's clock, in the library too.
@@ -41,5 +26,18 @@ void passSeconds(long seconds) {
 }
 
 Child doorChild(const Arguments& arguments, const Door& door) {
-    return [=] { runDoor(arguments, door); };
+    return [=] {
+        for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+            unsetenv(name);
+        }
+        setenv("LOGNAME", "newcomer", 1);
+        std::vector<char*> argv{const_cast<char*>("door")};
+        for (const std::string& argument : arguments) {
+            argv.push_back(const_cast<char*>(argument.c_str()));
+        }
+        od_parse_cmd_line(static_cast<int>(argv.size()), argv.data());
+        od_init();
+        door();
+        od_exit(0, 0);
+    };
 }

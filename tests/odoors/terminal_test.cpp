@@ -12,38 +12,27 @@ namespace {
 
 void tellKeys() {
     od_printf("ready");
-    for (;;) {
-        const char key = od_get_key(1);
-        if (key == 'q') {
-            return;
-        }
+    char key = 0;
+    while ((key = od_get_key(1)) != 'q') {
         od_printf("<%d>", key);
     }
 }
 
 } // namespace
 
-TEST(Terminal, IsRawDuringTheCallAndRestoredAfterIt) {
-    DoorCall call({"-ASCII", "-LOCAL"}, tellKeys, false);
-    EXPECT_EQ(call.until("ready"), "ready");
-    call.type("\x03\x1a\x13\r\n\x04");
-    EXPECT_EQ(call.until("<4>"), "<3><26><19><13><4>");
-    kill(call.child, SIGTSTP);
-    call.type("q");
-    EXPECT_EQ(call.status(), 0);
-    EXPECT_TRUE(call.isRestored());
-}
-
-TEST(Terminal, IsRestoredAfterACrash) {
-    for (const Door& crash : {Door(std::abort), Door([] { std::exit(7); })}) {
-        DoorCall call({"-ASCII", "-LOCAL"}, [&] {
-            od_printf("ready");
-            od_get_key(1);
-            crash();
-        });
-        call.until("ready");
-        call.type("x");
-        EXPECT_GT(call.status(), 2);
+TEST(Terminal, IsRawDuringTheCallAndRestoredAfterItOrItsCrash) {
+    for (const Door& end : {Door([] {}), Door(std::abort), Door([] { std::exit(7); })}) {
+        const Door door = [&] {
+            tellKeys();
+            end();
+        };
+        DoorCall call({"-ASCII", "-LOCAL"}, door, false);
+        EXPECT_EQ(call.until("ready"), "ready");
+        call.type("\x03\x1a\x13\r\n\x04");
+        EXPECT_EQ(call.until("<4>"), "<3><26><19><13><4>");
+        kill(call.child, SIGTSTP);
+        call.type("q");
+        EXPECT_GE(call.status(), 0);
         EXPECT_TRUE(call.isRestored());
     }
 }
