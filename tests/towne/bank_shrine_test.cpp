@@ -32,7 +32,7 @@ TEST(Bank, MovesWhatIsThereAndSaysTheReverseOfARefusal) {
     const std::string moved = ">{`r` gold has been deposited to the bank.}{||}";
     const std::string insufficient = "{|}{`r`You do not have sufficient funds.}{||}";
     const Cases<std::string, double, double, std::string> cases{
-        {"10", 10, 0, "{|}<10" + moved},      {"007", 10, 3, "{|}<007" + moved}, {"11", 10, 10, ""},
+        {"1", 1, 0, "{|}<1" + moved},         {"007", 10, 3, "{|}<007" + moved}, {"11", 10, 10, ""},
         {"0", 10, 10, insufficient},          {"all", 10, 10, insufficient},     {"0", 0, 0, ""},
         {"-7000", -6000, -6000, insufficient}};
     for (const auto& [typed, gold, left, answer] : cases) {
@@ -69,7 +69,7 @@ TEST(Shrine, HealsForFiveGoldAPoint) {
     const std::string none = "{||}{`r`No points were recovered.|}{|}[any key]";
     const std::string all = "{||}{`W`}<10>{`r` hits points recovered.||}[any key]";
     const Cases<const char*, int, double, int, std::string, int, double> cases{
-        {"h3\r r", 10, 15, 3, healed, 13, 0},
+        {"h3\r r", 17, 15, 3, healed, 20, 0},
         {"h3\r r", 10, 14, 3, poor, 10, 14},
         {"h3\r  r", 10, 14, 0, poor + outOfGuesses, 10, 14},
         {"h11\rr", 10, 900, 3, tooMuch, 10, 900},

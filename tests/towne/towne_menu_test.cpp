@@ -12,7 +12,9 @@ protected:
                        .className = "Ranger",
                        .experience = 40,
                        .hitPoints = 10,
-                       .maxHitPoints = 20};
+                       .maxHitPoints = 20,
+                       .strength = 9,
+                       .charisma = 9};
         game.session.sessionStartExperience = 40;
     }
     static PlayerRecord& slot(std::size_t number) { return game.roster.slots[number]; }
@@ -28,6 +30,7 @@ TEST_F(Towne, QuittingWithoutNewExperienceTouchesNoScore) {
     EXPECT_EQ(slot(0).onlineFlag, 0U);
     EXPECT_FALSE(fs::exists("scores.dat"));
     EXPECT_EQ(game.player.name + game.scores.table[3].name, "");
+    EXPECT_EQ(game.player.strength + game.player.charisma, 0);
     EXPECT_EQ(game.player.hitPoints + game.encounter.monster.hitPoints + game.session.inGame, 0);
     EXPECT_EQ(game.player.maxHitPoints, 20) << "not among what is emptied";
 }
@@ -63,4 +66,30 @@ TEST_F(Towne, ShowsTheMenuAgainAfterEachKeyAlsoAfterOneWithoutAPlace) {
                 StartsWith(hub + "{|}" + hub + "{|}" + hub + "[clear][clear]{`r`Player List|}"));
     EXPECT_TRUE(caller.saw("<1>{|}{|}[any key]" + hub + "{|}[clear]{`r`Your Status`bright red:}"));
     EXPECT_TRUE(caller.saw("[any key]{|}" + hub + "[clear]{`r`Users currently on-line`R`:|}"));
+}
+
+TEST_F(Towne, EveryKeyLeadsToItsPlace) {
+    caller.visit(towneMenu, "f hrwrarbrtrp0\r qk");
+    EXPECT_TRUE(caller.saw(hub + "{||`W`You are out of turns for today.|}"
+                                 "{`r`Come back tomorrow...}{||}[any key]"));
+    for (const char* place : {"{`r`Health Shrine|}", "[menu weapons bsyr]", "[menu armours bsyr]",
+                              "{`r`Bank|}", "{`r`Tavern|}"}) {
+        EXPECT_TRUE(caller.saw(hub + "{|}[clear]" + place)) << place;
+    }
+    EXPECT_TRUE(caller.saw("{|`r`Enter player # to attack"));
+    game.player.hitPoints = 10;
+    game.session.roomRented = 1;
+    EXPECT_THAT(caller.visit(towneMenu, "tqk"), StartsWith(hub + "{|}" + hub));
+}
+
+TEST_F(Towne, TheWayOutResumesWhereHeLeftAPlaceOnlyForWhoWasSentBack) {
+    game.player.turnsLeft = 5;
+    game.world.words.fill(1);
+    game.world.previousLocation = 3;
+    caller.visit(towneMenu, "ffqk");
+    EXPECT_EQ(caller.times("{`r`Forest 1|}"), 1);
+    game.player.hitPoints = 10;
+    game.world.previousLocation = 3;
+    game.world.leavingWorld = 1;
+    EXPECT_THAT(caller.visit(towneMenu, "ffqk"), StartsWith(hub + "[clear]{||}{`r`Forest 3|}"));
 }
