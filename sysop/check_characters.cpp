@@ -63,13 +63,23 @@ void checkPadding(const Field& field, const PlayerRecord& slot, RecordFindings& 
     }
 }
 
+// What the game never reads harms nobody, and a character may be created without a name.
+Severity severityOf(const Field& field, const PlayerRecord& slot) {
+    if (field.name == "name" && slot.name.length == 0) {
+        return Severity::note;
+    }
+    for (const char* unread : {"version", "bbsName", "reserved", "reservedCounter", "inUse"}) {
+        if (field.name == unread) {
+            return Severity::warning;
+        }
+    }
+    return Severity::error;
+}
+
 void checkFields(const PlayerRecord& slot, RecordFindings& findings) {
     for (const Field& field : allFields()) {
         if (const std::optional<std::string> wrong = complaintAbout(field, slot)) {
-            const bool harmless = field.rule == FieldRule::versionMark || field.name == "bbsName" ||
-                                  field.name == "reserved" || field.name == "reservedCounter" ||
-                                  field.name == "inUse";
-            findings.add(harmless ? Severity::warning : Severity::error, field.name, *wrong);
+            findings.add(severityOf(field, slot), field.name, *wrong);
         }
         if (field.kind == FieldKind::text) {
             checkPadding(field, slot, findings);

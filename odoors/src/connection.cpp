@@ -86,7 +86,9 @@ bool Connection::writeRaw(std::string_view bytes) {
 
 void Connection::writeAtParting(std::string_view bytes) {
     pollfd end{output_, POLLOUT, 0};
-    if (!bytes.empty() && poll(&end, 1, 0) == 1 && (end.revents & POLLOUT) != 0) {
+    // A caller who still reads gets the colour back; one who is gone answers the poll at once.
+    constexpr int longestParting = 500;
+    if (!bytes.empty() && poll(&end, 1, longestParting) == 1 && (end.revents & POLLOUT) != 0) {
         [[maybe_unused]] const ssize_t count = ::write(output_, bytes.data(), bytes.size());
     }
 }

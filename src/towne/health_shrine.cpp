@@ -1,7 +1,7 @@
 // The rules of the shrine. A hit point costs 5 gold. "Heal" takes a number of points; a number
-// below 1 means all that are missing. A request that is refused for its price or its size, and
-// every game played, leads back to the shrine, as does everything else; but where no guesses are
-// left, such a refusal says so.
+// below 1 means all that are missing, unless even that is more than are missing. A request that is
+// refused for its price or its size, and every game played, leads back to the shrine, as does
+// everything else; but where no guesses are left, such a refusal says so.
 //
 // The guessing game grants nothing. It draws a number and shows it beside the guess, and takes one
 // of the guesses left, or two for a guess of 7 or 8.
@@ -110,7 +110,7 @@ void healByPoints() {
     say("`red`Points to Heal`bright red`: `bright white`");
     const std::string typed = askLine(longestAmount, 32, 127);
     const std::int32_t points = typedNumber(typed);
-    if (points < 1) {
+    if (points < 1 && points <= missingPoints()) {
         healAll();
     } else if (points <= missingPoints() && priceOf(points) <= game.player.gold) {
         healTyped(points, typed);

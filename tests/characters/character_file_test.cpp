@@ -1,99 +1,71 @@
 // The four ways to save and the way to load, each with the slots it may touch.
 #include "characters/character_file.h"
-#include "state/game_state.h"
-#include "support/temporary_directory.h"
 
-#include <cstring>
+#include "support/stored.h"
+
 #include <random>
-#include <sys/stat.h>
 
-using namespace morvek;
-using namespace morvek::test;
+class CharacterFile : public InTemporaryDirectory {
+protected:
+    CharacterFile() { begin(); }
 
-namespace {
-
-constexpr const char* fileName = "morchars.dat";
-
-PlayerRecord& slot(std::size_t number) {
-    return game.roster.slots[number];
-}
-
-PlayerRecord storedSlot(std::size_t number) {
-    PlayerRecord record;
-    std::memcpy(static_cast<void*>(&record), readFile(fileName).data() + number * sizeof record,
-                sizeof record);
-    return record;
-}
-
-void own(std::size_t number, std::string_view owner, std::string_view name) {
-    slot(number).ownerName.assign(owner);
-    slot(number).name.assign(name);
-}
-
-void writeRosterFile(std::size_t length = sizeof game.roster.slots) {
-    std::string bytes(reinterpret_cast<const char*>(game.roster.slots.data()),
-                      sizeof game.roster.slots);
-    bytes.resize(length, 'x');
-    writeFile(fileName, bytes);
-}
-
-// The caller's character lies in slot 3, last played on another day; then a new call begins.
-void storeAliceInSlot3(std::int32_t lastPlayedDay) {
-    for (std::size_t other = 0; other < 3; ++other) {
-        own(other, "Other", "Somebody");
+    static void begin() {
+        game = GameState{};
+        game.session.dateStamp = "111526";
+        game.player.name = "Arwen";
     }
-    own(3, "Alice", "Arwen");
-    slot(3).lastPlayedDay = lastPlayedDay;
-    slot(3).turnsLeft = 4;
-    slot(3).turnsPerDay = 5;
-    writeRosterFile();
-    game = GameState{};
-    game.session.dateStamp = "111526";
-}
-
-} // namespace
-
-class CharacterFile : public InTemporaryDirectory {};
+    static PlayerRecord& slot(std::size_t number) { return game.roster.slots[number]; }
+    static void ownByOthers(std::size_t count) {
+        for (std::size_t number = 0; number < count; ++number) {
+            own(number, "Other", "Somebody");
+        }
+    }
+    // Stores the roster, cut or continued to the length, and loads it in a new game.
+    static void reload(std::size_t length = sizeof game.roster.slots) {
+        std::string bytes = rosterBytes();
+        bytes.resize(length, 'x');
+        writeFile("morchars.dat", bytes);
+        begin();
+        loadPlayer();
+    }
+};
 
 TEST_F(CharacterFile, LoadsTheFirstSlotOwnedByExactlyThisName) {
     own(0, "alice", "Lower");
     own(1, "Alice ", "Blank");
     own(2, "Alic", "Shorter");
-    own(48, "Alice", "Arwen");
+    own(48, "Alice", "Eowyn");
     own(49, "Alice", "NeverSeen");
-    writeRosterFile();
-    game = GameState{};
-    loadPlayer();
-    EXPECT_EQ(game.player.name, "Arwen");
+    reload();
+    EXPECT_EQ(game.player.name, "Eowyn");
     EXPECT_EQ(game.session.foundPlayer, 1);
     EXPECT_EQ(game.session.newPlayer, 0);
-    EXPECT_EQ(caller.screen(), "clear\nsay `red`Starting game`bright white`...||\n");
+    EXPECT_EQ(caller.screen, "[clear]{`r`Starting game`W`...||}");
 }
 
 TEST_F(CharacterFile, AnyOtherDayGivesThirtyTurns) {
-    for (const std::int32_t day : {111525, 111527, 0}) {
-        storeAliceInSlot3(day);
-        loadPlayer();
-        EXPECT_EQ(game.player.turnsLeft, 30);
-        EXPECT_EQ(game.player.turnsPerDay, 30);
+    for (const std::int32_t day : {111525, 111527, 0, 111526}) {
+        ownByOthers(3);
+        own(3, "Alice", "Arwen");
+        slot(3).lastPlayedDay = day;
+        slot(3).turnsLeft = 4;
+        slot(3).turnsPerDay = 5;
+        reload();
+        EXPECT_EQ(game.player.turnsLeft, day == 111526 ? 4 : 30);
+        EXPECT_EQ(game.player.turnsPerDay, day == 111526 ? 5 : 30);
         EXPECT_EQ(game.session.today, 111526);
         EXPECT_EQ(game.session.storedDay, day);
         EXPECT_EQ(slot(3).lastPlayedDay, 111526);
         EXPECT_EQ(slot(3).turnsLeft, 4) << "the slot follows with the next save";
     }
-    storeAliceInSlot3(111526);
-    loadPlayer();
-    EXPECT_EQ(game.player.turnsLeft, 4);
-    EXPECT_EQ(game.player.turnsPerDay, 5);
 }
 
 TEST_F(CharacterFile, WithoutAFileACharacterIsCreatedAndSavedInTheFirstSlot) {
-    caller.type("Arwen\ry2");
-    loadPlayer();
-    EXPECT_TRUE(caller.saw("`red`Welcome to the world of the Morvek Role Play Game!\n\r\n\r"
-                           "`red`Creating a new player...\n\r"));
-    EXPECT_EQ(readFile(fileName).size(), 75000U);
-    EXPECT_EQ(storedSlot(0).name.view(), "Arwen");
+    caller.visit(loadPlayer, "Eowyn\ry2");
+    EXPECT_TRUE(caller.saw("{`r`Welcome to the world of the Morvek Role Play Game!||}"
+                           "{`r`Creating a new player...|}{|}{`r`Character Name"));
+    EXPECT_EQ(readFile("morchars.dat").size(), 75000U);
+    EXPECT_EQ(storedSlot(0).name.view(), "Eowyn");
     EXPECT_EQ(storedSlot(0).ownerName.view(), "Alice");
     EXPECT_EQ(storedSlot(0).lastPlayedDay, 0) << "so the first return counts as a new day";
     EXPECT_EQ(storedSlot(49).version.view(), "0.6.8a");
@@ -105,7 +77,6 @@ TEST_F(CharacterFile, SavingTakesAFreeSlotBeforeTheCallersOwn) {
     own(2, "Alice", "Arwen");
     slot(1).slotIndex = 17;
     game.session.currentSlot = 2;
-    game.player.name = "Arwen";
     savePlayer();
     EXPECT_EQ(storedSlot(1).name.view(), "Arwen");
     EXPECT_EQ(storedSlot(1).slotIndex, 17) << "a free slot keeps its number";
@@ -116,10 +87,7 @@ TEST_F(CharacterFile, SavingTakesAFreeSlotBeforeTheCallersOwn) {
 }
 
 TEST_F(CharacterFile, TheLastSlotIsReachedByTheHealedSaveAlone) {
-    for (std::size_t other = 0; other < 49; ++other) {
-        own(other, "Other", "Somebody");
-    }
-    game.player.name = "Arwen";
+    ownByOthers(49);
     game.player.maxHitPoints = 25;
     game.player.hitPoints = -3;
     game.world.exhaustedShown = 1;
@@ -127,10 +95,13 @@ TEST_F(CharacterFile, TheLastSlotIsReachedByTheHealedSaveAlone) {
     EXPECT_TRUE(storedSlot(49).name.view().empty());
     EXPECT_EQ(game.world.exhaustedShown, 1) << "no slot was taken";
     game.session.today = 111526;
-    game.session.currentSlot = 7;
-    savePlayerHealed();
-    EXPECT_EQ(storedSlot(49).name.view(), "Arwen");
-    EXPECT_EQ(storedSlot(49).hitPoints, 25);
+    for (const std::int32_t number : {-1, 50, INT32_MIN, INT32_MAX, 7}) { // as a file may say
+        game.session.currentSlot = number;
+        slot(49) = emptySlot();
+        savePlayerHealed();
+        EXPECT_EQ(storedSlot(49).name.view(), "Arwen");
+        EXPECT_EQ(storedSlot(49).hitPoints, 25);
+    }
     EXPECT_EQ(storedSlot(49).lastPlayedDay, 0);
     EXPECT_EQ(storedSlot(7).lastPlayedDay, 111526) << "the slot of the current number is dated";
     EXPECT_EQ(game.player.hitPoints, -3);
@@ -140,20 +111,9 @@ TEST_F(CharacterFile, TheLastSlotIsReachedByTheHealedSaveAlone) {
     EXPECT_EQ(game.session.currentSlot, 49);
 }
 
-TEST_F(CharacterFile, ASlotNumberFromTheFileMayBeAnything) {
-    game.session.today = 5;
-    for (const std::int32_t number : {-1, 50, INT32_MIN, INT32_MAX}) {
-        game.session.currentSlot = number;
-        slot(0) = emptySlot();
-        savePlayerHealed();
-        EXPECT_EQ(storedSlot(0).ownerName.view(), "Alice");
-    }
-}
-
 TEST_F(CharacterFile, TheQuickSaveWritesSlotZeroWhoeverOwnsIt) {
-    own(0, "Other", "Somebody");
+    ownByOthers(1);
     slot(0).level = 6;
-    slot(0).className.assign("Wizard");
     game.player.gold = 70;
     game.player.level = 2;
     game.player.weapon = "Mace";
@@ -169,11 +129,9 @@ TEST_F(CharacterFile, TheQuickSaveWritesSlotZeroWhoeverOwnsIt) {
 
 TEST_F(CharacterFile, AnEmptyUserNameOwnsTheFirstFreeSlot) {
     newCall(true, "");
-    own(0, "Other", "Somebody");
-    slot(1).name.assign("Nameless");
-    writeRosterFile();
-    game = GameState{};
-    loadPlayer();
+    ownByOthers(1);
+    own(1, "", "Nameless");
+    reload();
     EXPECT_EQ(game.player.name, "Nameless");
     game.session.currentSlot = 9;
     savePlayer();
@@ -181,29 +139,41 @@ TEST_F(CharacterFile, AnEmptyUserNameOwnsTheFirstFreeSlot) {
     EXPECT_TRUE(storedSlot(1).ownerName.view().empty());
 }
 
-TEST_F(CharacterFile, AFileThatCannotBeWrittenChangesNothingNotEvenTheRoster) {
-    std::filesystem::create_directory(fileName);
-    game.player.name = "Arwen";
-    savePlayer();
-    savePlayerHealed();
-    saveQuick();
-    EXPECT_TRUE(slot(0).ownerName.view().empty());
-    EXPECT_EQ(game.world.exhaustedShown, 0);
-    EXPECT_TRUE(caller.calls.empty()) << "and nobody is told";
+TEST_F(CharacterFile, AFileThatCannotBeUsedChangesNothingNotEvenTheRoster) {
+    const auto saveInVain = [] {
+        savePlayer();
+        savePlayerHealed();
+        saveQuick();
+        EXPECT_TRUE(slot(0).ownerName.view().empty());
+        EXPECT_EQ(slot(0).inUse + game.world.exhaustedShown, 0);
+        EXPECT_EQ(caller.screen, "") << "and nobody is told";
+    };
+    fs::create_directory("morchars.dat");
+    EXPECT_FALSE(readRoster());
+    saveInVain();
+    fs::remove("morchars.dat");
+    writeFile("morchars.dat", "", 0444);
+    writeFile("unreadable", "", 0222);
+    const AsNobody nobody;
+    saveInVain();
+    game.session.characterFileName = "unreadable";
+    EXPECT_FALSE(readRoster());
 }
 
 TEST_F(CharacterFile, AFileOfAnyLengthFillsWhatItCan) {
-    own(0, "Alice", "Arwen");
-    own(1, "Bob", "Boromir");
-    for (const std::size_t length : {0U, 1U, 59U, 84U, 1499U, 1500U, 2990U, 74999U, 75001U}) {
-        own(0, "Alice", "Arwen");
+    for (const std::size_t length : {97U, 1499U, 1500U, 1599U, 74999U, 75001U}) {
+        own(0, "Alice", "Eowyn");
         own(1, "Bob", "Boromir");
-        writeRosterFile(length);
-        game = GameState{};
-        EXPECT_TRUE(readRoster());
-        EXPECT_EQ(slot(0).name.view(), length < 97 ? "" : "Arwen") << length;
-        EXPECT_EQ(slot(1).name.view(), length < 2990 ? "" : "Boromir") << length;
+        reload(length);
+        EXPECT_EQ(slot(0).name.view(), "Eowyn") << length;
+        EXPECT_EQ(slot(1).name.view(), length < 1599 ? "" : "Boromir") << length;
         EXPECT_EQ(slot(49).version.view(), "0.6.8a") << length;
+    }
+    for (const std::size_t length : {0U, 1U, 59U, 84U, 96U}) {
+        writeFile("morchars.dat", std::string(length, 'x'));
+        begin();
+        EXPECT_TRUE(readRoster());
+        EXPECT_EQ(slot(0).name.view(), "") << length;
     }
 }
 
@@ -214,29 +184,26 @@ TEST_F(CharacterFile, RandomBytesDoNoHarm) {
         for (char& one : bytes) {
             one = static_cast<char>(random());
         }
-        const std::string named("\0\0\0\0\5\0\0\0Alice", 13);
-        bytes.replace(60, named.size(), named);
-        writeFile(fileName, bytes);
+        bytes.replace(60, 24, storedText("Alice"));
+        writeFile("morchars.dat", bytes);
         game = GameState{};
         loadPlayer();
         EXPECT_EQ(game.session.foundPlayer, 1);
         savePlayer();
         savePlayerHealed();
-        EXPECT_EQ(readFile(fileName).substr(3000), bytes.substr(3000)) << "others keep every byte";
+        EXPECT_EQ(readFile("morchars.dat").substr(3000), bytes.substr(3000)) << "others' bytes";
     }
 }
 
 TEST_F(CharacterFile, AFileThatCannotBeReadIsNotWrittenEither) {
     own(0, "Other", "Somebody");
-    writeRosterFile();
-    game = GameState{};
-    ASSERT_EQ(::chmod(fileName, 0222), 0);
-    ASSERT_EQ(::chmod(".", 0777), 0);
-    caller.type("Arwen\ry2");
+    writeFile("morchars.dat", rosterBytes(), 0222);
+    begin();
+    caller.type("Eowyn\ry2");
     {
         const AsNobody nobody;
         loadPlayer();
     }
-    EXPECT_EQ(game.player.name, "Arwen");
+    EXPECT_EQ(game.player.name, "Eowyn");
     EXPECT_EQ(storedSlot(0).name.view(), "Somebody");
 }

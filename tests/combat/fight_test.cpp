@@ -1,28 +1,25 @@
 // Rounds in the world: what each draw decides, what a kill brings, and what a round shows.
 #include "combat/fight.h"
-#include "fighters.h"
+
+#include "combat/fighters.h"
+#include "support/stored.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
-
-using namespace morvek;
-using namespace morvek::test;
-using testing::ElementsAre;
-using testing::EndsWith;
 
 namespace {
 
-void killKobold() {
+std::string killKobold() {
     game.encounter.monster.hitPoints = 1;
-    caller.type("xx");
-    playerAttack();
+    return caller.visit(playerAttack, "xx");
 }
 
 // The first world word that is set, or 311.
 auto firstWord() {
     return std::ranges::find(game.world.words, 1) - game.world.words.begin();
 }
+
+using DeadlyFight = InTemporaryDirectory;
 
 } // namespace
 
@@ -49,39 +46,28 @@ TEST(Fight, WeaponAndArmourRollTheDieOfTheirNumberLowerNumberFirst) {
 // Ties go to the player in the first strike, and to whoever strikes in a blow.
 TEST(Fight, ThePlayerStrikesFirstAndTheMonsterStrikesBack) {
     meet("Kobold");
-    caller.type("x");
     game.player.armourValue = 2;
     chance.script({7, 27, 13, 9, 3, 23, 7});
-    fightRound();
-    EXPECT_EQ(caller.screen(),
-              "say `red`Your HP`bright red`: `bright white`\n"
-              "show 30\nsay `red`/`bright white`\nshow 40\nsay |\n"
-              "say `bright white`\nshow Kobold\nsay 's `red`HP`bright red`: `bright white`\n"
-              "show 10\nsay `red`/`bright white`\nshow 10\nsay ||\n"
-              "say `red`You attack first!|\n"
-              "say |\nsay `red`You hit `bright white`\nshow Kobold\n"
-              "say  `red`for`bright white` \nshow 6\nsay  `red`points!||\n"
-              "say `bright white`\nshow Kobold\nsay  `red`hit you for `bright white`\nshow 4\n"
-              "say  `red`points!||\nsay `red`Press any key!\nkey\n");
+    EXPECT_EQ(caller.visit(fightRound, "x"),
+              "{`r`Your HP`R`: `W`}<30>{`r`/`W`}<40>{|}"
+              "{`W`}<Kobold>{'s `r`HP`R`: `W`}<10>{`r`/`W`}<10>{||}{`r`You attack first!|}"
+              "{|}{`r`You hit `W`}<Kobold>{ `r`for`W` }<6>{ `r`points!||}"
+              "{`W`}<Kobold>{ `r`hit you for `W`}<4>{ `r`points!||}[any key]");
     EXPECT_EQ(game.encounter.monster.hitPoints, 4);
     EXPECT_EQ(game.player.hitPoints, 26);
     game.world.playerDead = 1;
-    caller.type("");
-    fightRound();
-    EXPECT_THAT(caller.screen(), testing::StartsWith("show 26\nsay `red`/"));
-    EXPECT_THAT(caller.screen(), EndsWith("first!|\n"));
+    EXPECT_THAT(caller.visit(fightRound), StartsWith("<26>{`r`/"));
+    EXPECT_THAT(caller.screen, EndsWith("first!|}"));
 }
 
 TEST(Fight, AQuickerMonsterStrikesFirstAndAMissMakesAllItsDraws) {
     meet("Thirty letters are one too many");
     game.encounter.monster.initiative = 16;
-    caller.type("x");
     chance.script({6, 7, 5, 6, 27});
-    fightRound();
-    const std::string name = "say `bright white`\nshow Thirty letters are one too ma\n";
-    EXPECT_THAT(caller.screen(), EndsWith(name + "say  `red`attacks first.||\n" + name +
-                                          "say  `red`Missed!||\nsay |`red`You Missed!||\n"
-                                          "say `red`Press any key!\nkey\n"));
+    const std::string name = "{`W`}<Thirty letters are one too ma>";
+    EXPECT_THAT(caller.visit(fightRound, "x"),
+                EndsWith(name + "{ `r`attacks first.||}" + name + "{ `r`Missed!||}" +
+                         "{|`r`You Missed!||}[any key]"));
     EXPECT_EQ(chance.drawn, 7);
     EXPECT_EQ(game.player.turnsLeft, 5);
 }
@@ -94,7 +80,7 @@ TEST(Fight, TheFourthDrawDecidesACriticalBlowOnADieOfTheWeaponAndTwenty) {
     EXPECT_EQ(game.encounter.monster.hitPoints, 13);
     playerAttack();
     EXPECT_EQ(game.encounter.monster.hitPoints, 3) << "7, and half of it rounded down";
-    EXPECT_TRUE(caller.saw("`red`You critically hit `bright white`Kobold"));
+    EXPECT_TRUE(caller.saw("{`r`You critically hit `W`}<Kobold>"));
     game.player.weaponDamage = 0; // fists before any armed round
     playerAttack();
     EXPECT_EQ(game.encounter.monster.hitPoints, 2);
@@ -108,12 +94,9 @@ TEST(Fight, OnlyTheLastOfAGroupClearsThePlaceAndCostsATurn) {
     game.world.currentLocation = 3;
     game.world.position(Level::castle1) = 24;
     game.world.position(Level::mortuary1) = 36; // outside its level
-    killKobold();
-    EXPECT_THAT(caller.screen(),
-                EndsWith("say `bright white`\nshow Kobold\nsay  `red`has been slained!||\n"
-                         "say `red`You earned `bright white`\nshow 25\n"
-                         "say  `red`experience and `bright white`\nshow 75\n"
-                         "say  `red`gold`red`.||\nsay `red`Press any key!\nkey\n"));
+    EXPECT_THAT(killKobold(),
+                EndsWith("{`W`}<Kobold>{ `r`has been slained!||}{`r`You earned `W`}<25>"
+                         "{ `r`experience and `W`}<75>{ `r`gold`r`.||}[any key]"));
     EXPECT_EQ(game.player.turnsLeft, 5);
     EXPECT_EQ(game.encounter.groupActive + game.encounter.ambushPending, 2);
     EXPECT_EQ(firstWord(), 311);
@@ -144,12 +127,9 @@ TEST(Fight, AMissWithoutAGroupCostsATurnAndTheLastTurnEndsTheVisit) {
     chance.script({0, 1, 0, 0, 0, 1});
     playerAttack();
     EXPECT_EQ(game.world.leavingWorld, 0);
-    caller.type("x");
-    playerAttack();
-    EXPECT_EQ(caller.screen(), "say |`red`You Missed!||\n"
-                               "say ||`bright white`You are out of turns for today.|\n"
-                               "say `red`Come back tomorrow...\nsay ||\n"
-                               "say `red`Press any key!\nkey\n");
+    EXPECT_EQ(caller.visit(playerAttack, "x"),
+              "{|`r`You Missed!||}{||`W`You are out of turns for today.|}"
+              "{`r`Come back tomorrow...}{||}[any key]");
     EXPECT_EQ(game.world.leavingWorld, 1);
 }
 
@@ -168,17 +148,15 @@ TEST(Fight, ArmourWearsTheMonstersDieDownAndIsWornItself) {
     }
 }
 
-TEST(Fight, DeathEmptiesTheMonsterAndIsSavedAtOnce) {
+TEST_F(DeadlyFight, EmptiesTheMonsterAndIsSavedAtOnce) {
     meet("Kobold");
     game.encounter.monster.initiative = 16;
     game.player.hitPoints = 6;
     chance.script({0, 0, 5});
-    fightRound();
-    EXPECT_THAT(caller.screen(), EndsWith("show Kobold\nsay  `red`has killed you!||\n"))
+    EXPECT_THAT(caller.visit(fightRound), EndsWith("<Kobold>{ `r`has killed you!||}"))
         << "no key, and no blow of the dead";
     EXPECT_EQ(leftOfOpponent(), 0);
     EXPECT_EQ(game.encounter.monster.hitPoints + game.player.hitPoints, 0);
     EXPECT_EQ(game.world.playerDead, 1);
-    EXPECT_EQ(game.roster.slots[0].hitPoints, 40) << "the healed save stores him whole";
-    EXPECT_EQ(std::remove(game.session.characterFileName.c_str()), 0);
+    EXPECT_EQ(storedSlot(0).hitPoints, 40) << "the healed save stores him whole";
 }

@@ -1,33 +1,23 @@
+// Fights, for tests.
 #pragma once
 
-#include "state/game_state.h"
-#include "support/scripted_caller.h"
-#include "support/scripted_chance.h"
-
-#include <cstdio>
-#include <gmock/gmock.h>
+#include "support/temporary_directory.h"
 
 namespace morvek::test {
 
 // Begins a call: a player of 30 hit points out of 40 meets an opponent of 10, as quick as he is.
 inline void meet(const std::string& opponent) {
     newCall();
-    game.session.characterFileName =
-        testing::TempDir() + testing::UnitTest::GetInstance()->current_test_info()->name();
-    std::remove(game.session.characterFileName.c_str());
-    game.player.hitPoints = 30;
-    game.player.maxHitPoints = 40;
-    game.player.dexterity = 15;
-    game.player.weaponDamage = 8;
-    game.player.turnsLeft = 5;
+    game.player = {
+        .hitPoints = 30, .maxHitPoints = 40, .dexterity = 15, .turnsLeft = 5, .weaponDamage = 8};
     game.encounter.monsterCount = game.encounter.groupActive = game.encounter.ambushPending = 1;
-    Monster& monster = game.encounter.monster;
-    monster.name = opponent;
-    monster.hitPoints = monster.maxHitPoints = 10;
-    monster.initiative = 15;
-    monster.damage = 6;
-    monster.experience = 25;
-    monster.gold = 75;
+    game.encounter.monster = {.damage = 6,
+                              .initiative = 15,
+                              .gold = 75,
+                              .maxHitPoints = 10,
+                              .hitPoints = 10,
+                              .experience = 25,
+                              .name = opponent};
 }
 
 // All that a lost fight takes from the opponent.

@@ -1,31 +1,21 @@
 // Levels, the training hall, its trainers and its questions.
+#include "combat/fighters.h"
 #include "combat/levels.h"
 #include "combat/question_trainer.h"
 #include "combat/trainer_fight.h"
 #include "combat/training_hall.h"
-#include "fighters.h"
-
-using namespace morvek;
-using namespace morvek::test;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
 
 namespace {
 
-const std::string futureLevels = "say `red`Future levels will be added later.||\n"
-                                 "say `red`Press any key!|\nkey\n";
-const std::string title = "clear\nsay `red`Training Hall|\n"
-                          "say `bright white`----------------------------------||\n";
-const std::string hall = title + "say `red`Q`bright red`)`bright white`uestion Trainer|\n"
-                                 "say `red`T`bright red`)`bright white`rain me!|\n"
-                                 "say `red`R`bright red`)`bright white`eturn to Towne|\n"
-                                 "menu training qtr\n";
-const std::string attackLine = "say `red`A`bright red`)`bright white`ttack|\n";
-const std::string returnLine = "say `red`R`bright red`)`bright white`eturn to Towne|";
-const std::string entrance = title + "say `red`T`bright red`)`bright white`ime to Train!|\n" +
-                             returnLine + "`red`\nmenu command tr\n";
-const std::string returning = "say ||\nsay `red`Returning to Towne`bright red`...||\n";
+const std::string pauseWithLine = "{`r`Press any key!|}[key]";
+const std::string futureLevels = "{`r`Future levels will be added later.||}" + pauseWithLine;
+const std::string title = "[clear]{`r`Training Hall|}{`W`----------------------------------||}";
+const std::string returnLine = "{`r`R`R`)`W`eturn to Towne|";
+const std::string hall = title + "{`r`Q`R`)`W`uestion Trainer|}{`r`T`R`)`W`rain me!|}" +
+                         returnLine + "}[menu training qtr]";
+const std::string entrance =
+    title + "{`r`T`R`)`W`ime to Train!|}" + returnLine + "`r`}[menu command tr]";
+const std::string returning = "{||}{`r`Returning to Towne`R`...||}";
 
 void beginAtLevel(int level, int experience) {
     meet("Trainer of Thorns");
@@ -40,24 +30,20 @@ TEST(Levels, TheNeedsAreThoseOfTheTable) {
                                  20500,  26000,  32000,  39000,  47000,  57000,  69000,  83000,
                                  99000,  119000, 143000, 175000, 210000, 255000, 310000, 375000,
                                  450000, 550000, 675000, 825000, 1000000};
-    for (std::size_t level = 1; level <= 29; ++level) {
-        EXPECT_EQ(experienceToRise(static_cast<int>(level)), needs[level - 1]) << level;
+    for (int level = 1; const int need : needs) {
+        EXPECT_EQ(experienceToRise(level++), need);
     }
 }
 
 TEST(Levels, ALevelRollsHitPointsStrengthDexterityIntelligenceAndHeals) {
     beginAtLevel(1, 1000);
     chance.script({0, 0, 0, 5, 5, 5, 0, 1, 2, 3, 3, 3});
-    caller.type("x");
-    levelUp();
-    EXPECT_EQ(caller.screen(),
-              "say `red`Congratulations!||\nsay `red`You are now level `bright red`\nshow 2\n"
-              "say `red`!||\nsay `red`Your turns have been restored.||\n"
-              "say `red`+`bright red`\nshow 3\nsay `red` hit points!|\n"
-              "say `red`+`bright red`\nshow 18\nsay `red` strength!|\n"
-              "say `red`+`bright red`\nshow 6\nsay `red` dexterity!|\n"
-              "say `red`+`bright red`\nshow 12\nsay `red` intelligence!|\n"
-              "say |\nsay `red`Press any key!|\nkey\n");
+    EXPECT_EQ(caller.visit(levelUp, "x"),
+              "{`r`Congratulations!||}{`r`You are now level `R`}<2>{`r`!||}"
+              "{`r`Your turns have been restored.||}{`r`+`R`}<3>{`r` hit points!|}"
+              "{`r`+`R`}<18>{`r` strength!|}{`r`+`R`}<6>{`r` dexterity!|}"
+              "{`r`+`R`}<12>{`r` intelligence!|}{|}" +
+                  pauseWithLine);
     const Player& player = game.player;
     EXPECT_THAT(
         (std::vector{player.experienceNeeded, player.hitPoints, player.maxHitPoints,
@@ -69,41 +55,26 @@ TEST(Levels, ALevelRollsHitPointsStrengthDexterityIntelligenceAndHeals) {
 
 TEST(Levels, NobodyRisesAboveSeven) {
     beginAtLevel(6, 10000);
-    caller.type("xx");
-    levelUp();
+    EXPECT_THAT(caller.visit(levelUp, "xx"), EndsWith("[key]" + futureLevels));
     EXPECT_EQ(game.player.level, 7);
-    EXPECT_THAT(caller.screen(), EndsWith("key\n" + futureLevels));
-    caller.type("x");
-    levelUp();
+    EXPECT_EQ(caller.visit(levelUp, "x"), futureLevels);
     EXPECT_EQ(game.player.level, 7);
-    EXPECT_EQ(caller.screen(), futureLevels);
 }
 
 TEST(Training, HallAndQuestionTrainerRefuseAlike) {
-    const std::string weak = "say ||\nsay `red`You're too weak to train!||\n"
-                             "say `red`You need `bright white`\nshow 750\n"
-                             "say  `red`more experience.||\nsay `red`Press any key!\nkey\n";
-    const std::string highest = "say ||\nsay `red`You've reached the highest level.||\n"
-                                "say `red`Press any key!\nkey\n";
-    struct Case {
-        int level, experience;
-        std::string refusal;
-        int inTraining; // which was 1
-    };
-    for (const Case& one : std::vector<Case>{{3, 3000, weak, 0},
-                                             {29, 999250, weak, 0},
-                                             {30, 2000000, highest, 1},
-                                             {31, 0, "", 1}}) {
-        beginAtLevel(one.level, one.experience);
-        caller.type(one.refusal.empty() ? "tr" : "tkr");
-        trainingHall();
-        EXPECT_EQ(caller.screen(),
-                  hall + one.refusal + hall + "say `bright white`Return to Towne!\n");
+    const std::string weak = "{||}{`r`You're too weak to train!||}{`r`You need `W`}<750>"
+                             "{ `r`more experience.||}[any key]";
+    const std::string highest = "{||}{`r`You've reached the highest level.||}[any key]";
+    const Cases<int, int, std::string, int> cases{
+        {3, 3000, weak, 0}, {29, 999250, weak, 0}, {30, 2000000, highest, 1}, {31, 0, "", 1}};
+    for (const auto& [level, experience, refusal, inTraining] : cases) {
+        beginAtLevel(level, experience);
+        EXPECT_EQ(caller.visit(trainingHall, refusal.empty() ? "tr" : "tkr"),
+                  hall + refusal + hall + "{`W`Return to Towne!}");
         game.session.inTraining = 1;
-        caller.type("yk");
-        questionTrainer();
-        EXPECT_THAT(caller.screen(), EndsWith("`bright white`!\n" + one.refusal + "say ||\n"));
-        EXPECT_EQ(game.session.inTraining, one.inTraining) << one.level;
+        EXPECT_THAT(caller.visit(questionTrainer, "yk"),
+                    EndsWith("{`W`YES`W`!}" + refusal + "{||}"));
+        EXPECT_EQ(game.session.inTraining, inTraining) << level;
     }
 }
 
@@ -111,67 +82,53 @@ TEST(Training, AYesToTheQuestionTrainerGivesAnsiAndANoEndsTheTraining) {
     newCall(false);
     game.player.level = 7;
     game.player.experience = 13000;
-    caller.type("ykn");
-    questionTrainer();
-    EXPECT_EQ(game.session.inTraining, 1);
-    questionTrainer();
     const std::string question =
-        "say `red`Question Trainer:||\nsay So you think you've got bigger muscles than me? \n"
-        "say  `red`(`bright red`Y`red`/`bright red`N`red`)`bright red`: \nanswer YN\n";
-    EXPECT_EQ(caller.screen(), "say ||\n" + question +
-                                   "say `bright white`YES`bright white`!\nsay ||\n"
-                                   "say `red`I'm ready whenever you are.||\n"
-                                   "say `red`Press any key!\nkey\nsay ||\nclear\n" +
-                                   question + "say NO!\nsay ||\n");
+        "{`r`Question Trainer:||}{So you think you've got bigger muscles than me? }"
+        "{ `r`(`R`Y`r`/`R`N`r`)`R`: }[answer YN]";
+    EXPECT_EQ(caller.visit(questionTrainer, "yk"),
+              "{||}" + question + "{`W`YES`W`!}{||}{`r`I'm ready whenever you are.||}[any key]" +
+                  "{||}");
+    EXPECT_EQ(game.session.inTraining, 1);
+    EXPECT_EQ(caller.visit(questionTrainer, "n"), "[clear]" + question + "{NO!}{||}");
     EXPECT_EQ(game.session.inTraining, 0);
 }
 
 // The need in the player's record counts, not the table's.
 TEST(Training, ATrainerGrowsWithTheLevelOfAPlayerWithTheExperience) {
-    struct Case {
-        int level, experience;
-        std::deque<int> draws;
-        std::vector<int> numbers; // hit points, initiative, damage
-    };
-    for (const Case& one : std::vector<Case>{{1, 5, {11}, {10, 2, 6}},
-                                             {2, 5, {0, 15}, {15, 4, 8}},
-                                             {29, 5, {0, 123}, {150, 20, 62}},
-                                             {12, 4, {}, {0, 15, 6}},
-                                             {30, 5, {}, {0, 15, 6}}}) {
-        beginAtLevel(one.level, one.experience);
+    const Cases<int, int, std::deque<int>, std::vector<int>> cases{{1, 5, {11}, {10, 2, 6}},
+                                                                   {2, 5, {0, 15}, {15, 4, 8}},
+                                                                   {29, 5, {0, 123}, {150, 20, 62}},
+                                                                   {12, 4, {}, {0, 15, 6}},
+                                                                   {30, 5, {}, {0, 15, 6}}};
+    for (const auto& [level, experience, draws, numbers] : cases) {
+        beginAtLevel(level, experience);
         game.player.experienceNeeded = 5;
-        chance.script(one.draws);
+        chance.script(draws);
         prepareTrainer();
         const Monster& monster = game.encounter.monster;
-        EXPECT_EQ(monster.name, one.draws.empty() ? "" : "Trainer");
+        EXPECT_EQ(monster.name, draws.empty() ? "" : "Trainer");
         EXPECT_THAT((std::vector{monster.maxHitPoints, monster.initiative, monster.damage}),
-                    one.numbers);
+                    numbers);
         EXPECT_EQ(monster.hitPoints, monster.maxHitPoints);
-        EXPECT_EQ(chance.drawn, static_cast<int>(one.draws.size()));
-        EXPECT_EQ(chance.seededBefore.size(), one.draws.size() / 2);
+        EXPECT_EQ(chance.drawn, static_cast<int>(draws.size()));
+        EXPECT_EQ(chance.seededBefore.size(), draws.size() / 2);
     }
 }
 
 TEST(TrainingFight, TheTrainerComesWithOneTAndIsFoughtWithTheNextUntilTheStatusKey) {
     beginAtLevel(1, 1000);
     game.encounter.monster.hitPoints = 0;
-    caller.type("ttTyx");
-    EXPECT_THROW(trainingHall(), OutOfKeys) << "back in the hall";
-    const std::string player = "say `red`Your HP`bright red`: `bright white`\n"
-                               "show 30\nsay `red`\\`bright white`\nshow 40\nsay |\n";
-    const std::string trainer = "HP`bright red`: `bright white`\n"
-                                "show 10\nsay `red`\\`bright white`\nshow 10\n";
-    const std::string fight = "clear\n" + player + "say `red`\nshow Trainer\nsay 's " + trainer +
-                              "say ||\n" + attackLine +
-                              "say `red`Y`bright red`)`bright white`our Status|\n" + returnLine;
-    EXPECT_THAT(caller.screen(),
-                testing::StartsWith(
-                    hall + entrance + hall + title +
-                    "say `red`You've encountered the `bright white`\nshow Trainer\nsay `red.`|\n" +
-                    player + "say `bright white`\nshow Trainer\nsay 's `red`" + trainer +
-                    "say |\n" + attackLine + returnLine + "`red`\n" + fight +
-                    "\nmenu command ayr\nclear\nsay `red`Your Status`bright red:\n"));
-    EXPECT_THAT(caller.screen(), EndsWith("key\n" + fight + "\n" + returning + hall));
+    EXPECT_THROW(caller.visit(trainingHall, "ttTyx"), OutOfKeys) << "back in the hall";
+    const std::string player = "{`r`Your HP`R`: `W`}<30>{`r`\\`W`}<40>{|}";
+    const std::string trainer = "HP`R`: `W`}<10>{`r`\\`W`}<10>";
+    const std::string fight = "[clear]" + player + "{`r`}<Trainer>{'s " + trainer +
+                              "{||}{`r`A`R`)`W`ttack|}{`r`Y`R`)`W`our Status|}" + returnLine + "}";
+    EXPECT_THAT(caller.screen,
+                StartsWith(hall + entrance + hall + title +
+                           "{`r`You've encountered the `W`}<Trainer>{`red.`|}" + player +
+                           "{`W`}<Trainer>{'s `r`" + trainer + "{|}{`r`A`R`)`W`ttack|}" +
+                           returnLine + "`r`}" + fight + "[menu command ayr][clear]{`r`Your St"));
+    EXPECT_THAT(caller.screen, EndsWith("[any key]" + fight + returning + hall));
     EXPECT_EQ(game.session.inTraining, 1);
     EXPECT_EQ(game.encounter.monster.hitPoints, 0);
 }
@@ -180,13 +137,11 @@ TEST(TrainingFight, TheTrainerComesWithOneTAndIsFoughtWithTheNextUntilTheStatusK
 TEST(TrainingFight, AWinRaisesTheLevelAndMayBringTheNextTrainerAtOnce) {
     beginAtLevel(1, 2250);
     game.encounter.monster.hitPoints = 1;
-    caller.type("axtr");
-    trainingFight();
-    EXPECT_THAT(caller.screen(), HasSubstr("points!||\nclear\nsay `bright white`\n"
-                                           "show Trainer of Thorns\nsay  `red`has been beaten!||\n"
-                                           "say `red`Congratulations!||\n"));
-    EXPECT_THAT(caller.screen(), HasSubstr("|\nkey\n" + entrance + "clear\n"));
-    EXPECT_THAT(caller.screen(), EndsWith("menu command ayr\n" + returning));
+    const std::string& screen = caller.visit(trainingFight, "axtr");
+    EXPECT_THAT(screen, HasSubstr("points!||}[clear]{`W`}<Trainer of Thorns>"
+                                  "{ `r`has been beaten!||}{`r`Congratulations!||}"));
+    EXPECT_THAT(screen, HasSubstr(pauseWithLine + entrance + "[clear]"));
+    EXPECT_THAT(screen, EndsWith("[menu command ayr]" + returning));
     EXPECT_EQ(game.encounter.monster.maxHitPoints, 15);
 }
 
@@ -194,9 +149,8 @@ TEST(TrainingFight, ALossLeadsBackToTheEntrance) {
     beginAtLevel(1, 1000);
     game.player.hitPoints = 6;
     game.encounter.monster.initiative = 16;
-    caller.type("axxr");
     chance.script({0, 0, 5, 0, 1});
-    trainingFight();
+    EXPECT_THAT(caller.visit(trainingFight, "axxr"),
+                EndsWith("{`r`You Missed!||}" + entrance + returning));
     EXPECT_EQ(game.player.hitPoints, 40);
-    EXPECT_THAT(caller.screen(), EndsWith("say `red`You Missed!||\n" + entrance + returning));
 }

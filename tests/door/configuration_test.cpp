@@ -1,10 +1,6 @@
 #include "door/configuration.h"
 
-#include "state/game_state.h"
 #include "support/temporary_directory.h"
-
-using namespace morvek;
-using namespace morvek::test;
 
 class Configuration : public InTemporaryDirectory {
 protected:
@@ -25,7 +21,7 @@ TEST_F(Configuration, LinesAreTakenAsTheyAreAndMayBeMissing) {
     EXPECT_EQ(read("free"), "|");
     EXPECT_EQ(read(""), "|");
     EXPECT_EQ(read("\n\n# no comment"), "|# no comment");
-    std::filesystem::remove("morvek.cfg");
+    fs::remove("morvek.cfg");
     EXPECT_TRUE(readConfiguration());
 }
 
@@ -33,13 +29,10 @@ TEST_F(Configuration, ALineOf254CharactersIsTooLongInEveryPlace) {
     const std::string longest(253, 'x');
     EXPECT_EQ(read(longest + "\n" + longest + "\n" + longest + "\n"), longest + "|" + longest);
     EXPECT_EQ(read(longest + "\n" + longest + "\n" + longest), longest + "|" + longest);
-    for (int line = 0; line < 3; ++line) {
-        std::string text;
-        for (int before = 0; before < line; ++before) {
-            text += longest + "\n";
-        }
-        EXPECT_EQ(read(text + longest + "x"), "too long") << line;
-        EXPECT_EQ(read(text + longest + "x\nb\nc\n"), "too long") << line;
+    for (const std::string& before :
+         {std::string(), longest + "\n", longest + "\n" + longest + "\n"}) {
+        EXPECT_EQ(read(before + longest + "x"), "too long") << before.size();
+        EXPECT_EQ(read(before + longest + "x\nb\nc\n"), "too long") << before.size();
     }
     EXPECT_EQ(read("a\nb\nc\n" + longest + longest), "b|c") << "the fourth line is nobody's";
 }

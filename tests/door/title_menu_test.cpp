@@ -3,11 +3,7 @@
 
 #include "door/door_session.h"
 #include "door/screen.h"
-#include "state/game_state.h"
 #include "support/temporary_directory.h"
-
-using namespace morvek;
-using namespace morvek::test;
 
 class Title : public InTemporaryDirectory {
 protected:
@@ -22,33 +18,25 @@ protected:
             return end.status;
         }
     }
-    static constexpr const char* version =
-        "say `red`Morvek v`bright red`0`red`.`bright red`6`red`.`bright red`9a|\n"
-        "say `red`By: `bright red`The Morvek developers|\n"
-        "say |\n"
-        "say `red`Hosted by`bright red`: `bright white`The `blue`Board\n"
-        "say |\n"
-        "say ||\n"
-        "menu intmenu SHQ\n";
+    const std::string version =
+        "{`r`Morvek v`R`0`r`.`R`6`r`.`R`9a|}{`r`By: `R`The Morvek developers|}{|}"
+        "{`r`Hosted by`R`: `W`The `blue`Board}{|}{||}[menu intmenu SHQ]";
 };
 
 TEST_F(Title, StartsInOrderAndQuits) {
-    std::filesystem::create_directory("data");
+    const std::string start = "[options morvek][init][colour 15 0][autodetect 1]";
+    fs::create_directory("data");
     writeFile("morvek.cfg", "free\nThe `blue`Board\ndata\n");
     EXPECT_EQ(play("q"), 0);
-    EXPECT_EQ(caller.screen(), "options morvek\ninit\ncolour 15 0\nautodetect 1\nclear\nclear\n" +
-                                   std::string(version) + "say `bright white`Quit Game||\n");
-    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), directory / "data"));
+    EXPECT_EQ(caller.screen, start + "[clear][clear]" + version + "{`W`Quit Game||}");
+    EXPECT_TRUE(fs::equivalent(fs::current_path(), folder.path("data")));
     EXPECT_EQ(game.session.dateStamp, "111526");
-}
 
-TEST_F(Title, WithoutAnsiOnlyTheTitleItselfBeginsOnANewLine) {
-    newCall(false);
+    newCall(false); // without ANSI graphics only the title itself begins on a new line
     writeFile("morvek.cfg", "\nThe `blue`Board\n/no/such/place\n");
     EXPECT_EQ(play("xQ"), 0);
-    EXPECT_EQ(caller.screen(), "options morvek\ninit\ncolour 15 0\nautodetect 1\nsay ||\n" +
-                                   std::string(version) + "say `bright white`Quit Game||\n");
-    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), directory));
+    EXPECT_EQ(caller.screen, start + "{||}" + version + "{`W`Quit Game||}");
+    EXPECT_TRUE(fs::equivalent(fs::current_path(), folder.path("data"))) << "where it was";
 }
 
 TEST_F(Title, ATooLongConfigurationEndsBeforeTheCallerIsConnected) {
@@ -57,7 +45,7 @@ TEST_F(Title, ATooLongConfigurationEndsBeforeTheCallerIsConnected) {
     EXPECT_EQ(play(""), 1);
     const std::string complaint = testing::internal::GetCapturedStderr();
     EXPECT_EQ(std::count(complaint.begin(), complaint.end(), '\n'), 1);
-    EXPECT_EQ(caller.screen(), "options morvek\n");
+    EXPECT_EQ(caller.screen, "[options morvek]");
 }
 
 TEST_F(Title, ANewCallerIsCreatedSavedAndFoundAgain) {
@@ -65,7 +53,7 @@ TEST_F(Title, ANewCallerIsCreatedSavedAndFoundAgain) {
     EXPECT_EQ(readFile("111526.txt"), "It's a new day!\n\rAlice joined the game.\n\r");
     EXPECT_EQ(readFile("morchars.dat").size(), 75000U);
     EXPECT_EQ(readFile("morchars.dat")[56], 0) << "off-line after the quit";
-    EXPECT_TRUE(caller.saw("Top 10 Scores List is empty.\n\r\n\r`red`Press any key!"));
+    EXPECT_TRUE(caller.saw("Top 10 Scores List is empty.|}{|}[any key]"));
 
     newCall();
     EXPECT_THROW(play("Sk"), OutOfKeys);
@@ -84,7 +72,7 @@ TEST_F(Title, StartingAgainInOneCallAsksAndChecksANewNameLikeTheFirst) {
     EXPECT_EQ(userName(), "Thomas the Rhym");
     EXPECT_EQ(game.session.displayUserName, "Thomas the Rhym");
     EXPECT_TRUE(caller.saw("correct?"));
-    EXPECT_EQ(std::count(caller.calls.begin(), caller.calls.end(), "menu clasmenu 12345678"), 1)
+    EXPECT_EQ(caller.times("[menu clasmenu 12345678]"), 1)
         << "his slot is found under the name as it was cut";
     EXPECT_TRUE(game.player.name.empty());
     EXPECT_TRUE(readFile("111526.txt").ends_with("Thomas the Rhym joined the game.\n\r"));
@@ -94,5 +82,5 @@ TEST_F(Title, AnEmptyUserNameMakesNoNews) {
     newCall(true, "");
     EXPECT_EQ(play("STom\ry1kqkkQ"), 0);
     EXPECT_EQ(game.session.displayUserName, "Default");
-    EXPECT_FALSE(std::filesystem::exists("111526.txt"));
+    EXPECT_FALSE(fs::exists("111526.txt"));
 }

@@ -1,8 +1,6 @@
 #include "files/score_file.h"
 
-#include <gmock/gmock.h>
-
-using namespace morvek;
+#include "support/game_test.h"
 
 namespace {
 

@@ -1,13 +1,7 @@
 // Walks and fights as callers have them: out of Towne, through the world, and home again.
-#include "../world/walkers.h"
+#include "support/stored.h"
+#include "world/walkers.h"
 #include "world/world_entry.h"
-
-#include <cstdio>
-
-using namespace morvek;
-using namespace morvek::test;
-using testing::EndsWith;
-using testing::HasSubstr;
 
 namespace {
 
@@ -20,10 +14,11 @@ std::string times(int count, const std::string& keys) {
 }
 
 void goOut(const std::string& keys) {
-    caller.type(keys);
-    enterWorld();
+    caller.visit(enterWorld, keys);
     EXPECT_EQ(caller.keys, "") << "keys not asked for";
 }
+
+using DeadlyJourney = InTemporaryDirectory;
 
 } // namespace
 
@@ -33,28 +28,26 @@ TEST(WorldJourney, AGroupOfThree) {
     game.world.currentLocation = 2;
     chance.script({2});
     goOut("axaxax4f");
-    EXPECT_THAT(screens(), HasSubstr("encountered `bright red`}<3>{ `bright white`}<Kobold"));
-    EXPECT_THAT(screens(), HasSubstr("encountered `bright red`}<1>{ `bright white`}<Kobold"));
+    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<3>{ `W`}<Kobold"));
+    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<1>{ `W`}<Kobold"));
     EXPECT_EQ(game.player.turnsLeft, 29);
     EXPECT_EQ(game.player.experience, 3);
     EXPECT_EQ(game.world.cleared(2), 1);
     EXPECT_EQ(game.world.currentLocation, 3);
 }
 
-// Death ends all visits without a word, and is saved with full hit points.
-TEST(WorldJourney, ADeath) {
+// Death ends all visits without a word.
+TEST_F(DeadlyJourney, IsSavedWithFullHitPoints) {
     beginCall(true);
-    game.session.characterFileName = testing::TempDir() + "morvek_journey.dat";
     game.world.currentLocation = 2;
     game.world.cleared(4) = 0;
     game.player.hitPoints = 1;
     game.player.dexterity = 0;
     goOut("47a");
-    EXPECT_THAT(screens(), EndsWith("{ `red`has killed you!||}"));
+    EXPECT_THAT(caller.screen, EndsWith("{ `r`has killed you!||}"));
     EXPECT_EQ(game.world.playerDead, 1);
     EXPECT_EQ(game.world.leavingWorld, 0);
-    EXPECT_EQ(game.roster.slots[0].hitPoints, 25);
-    EXPECT_EQ(std::remove(game.session.characterFileName.c_str()), 0);
+    EXPECT_EQ(storedSlot(0).hitPoints, 25);
 }
 
 // Who flees comes home through the location he fled from, when its number is the higher, and
@@ -65,10 +58,10 @@ TEST(WorldJourney, AFlightAndTheResumption) {
     goOut("84f");
     EXPECT_EQ(timesShown("Forest 1"), 1);
     EXPECT_EQ(timesShown("Forest 3"), 2);
-    EXPECT_THAT(screens(), EndsWith("<1>{`red`/`bright white`}<1>")) << "met, and gone on home";
+    EXPECT_THAT(caller.screen, EndsWith("<1>{`r`/`W`}<1>")) << "met, and gone on home";
     goOut("4axf");
-    EXPECT_THAT(screens(), HasSubstr("{`red`Forest 2|}{|}{`red`Directions"));
-    EXPECT_THAT(screens(), EndsWith("[clear]{||}{`red`Forest 3|}")) << "seen, and gone on home";
+    EXPECT_THAT(caller.screen, HasSubstr("{`r`Forest 2|}{|}{`r`Directions"));
+    EXPECT_THAT(caller.screen, EndsWith("[clear]{||}{`r`Forest 3|}")) << "seen, and gone on home";
 
     beginCall(true);
     game.world.currentLocation = 12;
@@ -77,7 +70,7 @@ TEST(WorldJourney, AFlightAndTheResumption) {
     for (const int location : {40, 77, 2'000'000'000}) { // where nobody comes out
         game.world.previousLocation = location;
         goOut("");
-        EXPECT_TRUE(caller.calls.empty()) << location;
+        EXPECT_EQ(caller.screen, "") << location;
         game.world.leavingWorld = 1;
     }
 }
@@ -91,10 +84,10 @@ TEST(WorldJourney, AnAmbushInAClearedRoom) {
     game.encounter.monster.monsterReady = 1; // as after a group slain here
     chance.script({0, 0, 0, 0, 1, 2});
     goOut("sxaxf");
-    EXPECT_THAT(screens(), HasSubstr("encountered `bright red`}<3>")) << "rolled anew";
+    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<3>")) << "rolled anew";
     EXPECT_EQ(game.encounter.ambushPending, 1);
     goOut("axax3f");
-    EXPECT_THAT(screens(), HasSubstr("encountered `bright red`}<2>"));
+    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<2>"));
     EXPECT_EQ(game.encounter.ambushPending, 0);
     EXPECT_EQ(game.world.currentLocation, 11);
 }
@@ -107,10 +100,10 @@ TEST(WorldJourney, ExhaustionFarFromHome) {
     game.world.exhaustedShown = 1;
     game.world.cleared(4) = 0;
     goOut(times(100, "82") + "847axxx");
-    EXPECT_THAT(screens(), EndsWith("[key]{||`bright white`You are out of turns for today.|}"
-                                    "{`red`Come back tomorrow...}{||}{`red`Press any key!}[key]"
-                                    "{|}{`red`You are `bright white`exhausted`red`.||}"
-                                    "{`red`Press any key!}[key]"));
+    EXPECT_THAT(caller.screen, EndsWith("[any key]{||`W`You are out of turns for today.|}"
+                                        "{`r`Come back tomorrow...}{||}[any key]"
+                                        "{|}{`r`You are `W`exhausted`r`.||}"
+                                        "[any key]"));
     EXPECT_EQ(game.world.previousLocation, 3);
 }
 
@@ -121,10 +114,10 @@ TEST(WorldJourney, TheCastleToItsLastRoom) {
     game.world.currentLocation = 43;
     game.world.levelCleared(Level::castle2, 24) = 0;
     goOut("6e848866687872d242622661422x" + times(47, "ax") + "82f");
-    EXPECT_EQ(timesSaid("`red`Congratulations!!!"), 1) << "not when he comes again";
-    EXPECT_THAT(screens(), HasSubstr("{`red`Castle Level 2|}{|}{`red`Congratulations!!!}"
-                                     "{`red`You found `bright red`Morvek`red`!||}"
-                                     "{`red`Press any key!}[key]{|}{`red`You've encountered"));
+    EXPECT_EQ(caller.times("{`r`Congratulations!!!}"), 1) << "not when he comes again";
+    EXPECT_THAT(caller.screen, HasSubstr("{`r`Castle Level 2|}{|}{`r`Congratulations!!!}"
+                                         "{`r`You found `R`Morvek`r`!||}"
+                                         "[any key]{|}{`r`You've encountered"));
     EXPECT_EQ(game.world.levelCleared(Level::castle2, 24), 1);
     EXPECT_EQ(game.world.position(Level::castle1), 22);
     EXPECT_EQ(game.world.position(Level::castle2), 1);

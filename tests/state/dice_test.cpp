@@ -1,31 +1,18 @@
 #include "state/dice.h"
-#include "state/game_state.h"
-#include "support/scripted_caller.h"
-#include "support/scripted_chance.h"
 
-#include <gmock/gmock.h>
-
-using namespace morvek;
-using namespace morvek::test;
-using testing::ElementsAre;
+#include "support/game_test.h"
 
 TEST(Dice, EachSeedsFromTheClockAndThenDraws) {
-    struct Case {
-        void (*roll)();
-        std::deque<int> draws;
-        int result;
-    };
-    const std::vector<Case> cases{
+    const Cases<void (*)(), std::deque<int>, int> cases{
         {rollD2, {5}, 2},    {rollD3, {5}, 3},     {rollD4, {6}, 3},
         {rollD6, {11}, 6},   {rollD8, {15}, 8},    {rollD10, {19}, 10},
-        {rollD12, {23}, 12}, {roll2D4, {7, 2}, 7}, {roll2D6, {11, 5}, 12},
-    };
-    for (const Case& one : cases) {
+        {rollD12, {23}, 12}, {roll2D4, {7, 2}, 7}, {roll2D6, {11, 5}, 12}};
+    for (const auto& [roll, draws, result] : cases) {
         newCall();
-        chance.script(one.draws);
-        one.roll();
-        EXPECT_EQ(game.encounter.lastRoll, one.result);
-        EXPECT_EQ(chance.drawn, static_cast<int>(one.draws.size()));
+        chance.script(draws);
+        roll();
+        EXPECT_EQ(game.encounter.lastRoll, result);
+        EXPECT_EQ(chance.drawn, static_cast<int>(draws.size()));
         EXPECT_THAT(chance.seededBefore, ElementsAre(0));
     }
 }

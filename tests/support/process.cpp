@@ -4,7 +4,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
 #include <poll.h>
 #include <pty.h>
@@ -126,17 +125,4 @@ bool TerminalCall::isRestored() const {
     termios now{};
     return tcgetattr(master, &now) == 0 && now.c_lflag == before.c_lflag &&
            now.c_iflag == before.c_iflag && now.c_oflag == before.c_oflag;
-}
-
-Folder::Folder() {
-    require(mkdtemp(self.data()) != nullptr);
-}
-
-Folder::~Folder() {
-    require(std::system(("rm -rf " + self).c_str()) == 0);
-}
-
-std::string Folder::write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path(name), std::ios::binary) << bytes;
-    return path(name);
 }

@@ -1,6 +1,8 @@
 // Whole calls in a process of their own: the caller's end of one.
 #pragma once
 
+#include "support/folder.h"
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -51,17 +53,4 @@ struct TerminalCall {
     int master = -1;
     pid_t child = -1;
     termios before{};
-};
-
-// A directory of its own for one test, gone with it.
-struct Folder {
-    Folder();
-    ~Folder();
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    std::string path(const std::string& name = "") const { return self + '/' + name; }
-    std::string write(const std::string& name, const std::string& bytes) const;
-
-    std::string self = "/tmp/morvek.XXXXXX";
 };

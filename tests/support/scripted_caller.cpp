@@ -19,24 +19,31 @@ ScriptedCaller caller;
 
 void ScriptedCaller::type(std::string_view newKeys) {
     keys = newKeys;
-    seen.clear();
-    calls.clear();
+    screen.clear();
 }
 
-std::string ScriptedCaller::screen() const {
-    std::string lines;
-    for (const std::string& call : calls) {
-        lines += call;
-        lines += '\n';
-    }
-    for (std::size_t at = 0; (at = lines.find("\n\r", at)) != std::string::npos;) {
-        lines.replace(at, 2, "|");
-    }
-    return lines;
+const std::string& ScriptedCaller::visit(const std::function<void()>& place,
+                                         std::string_view newKeys) {
+    type(newKeys);
+    place();
+    return screen;
 }
 
-bool ScriptedCaller::saw(std::string_view text) const {
-    return seen.find(text) != std::string::npos;
+int ScriptedCaller::times(std::string_view what) const {
+    int count = 0;
+    for (std::size_t at = 0; (at = screen.find(what, at)) != std::string::npos; ++at) {
+        ++count;
+    }
+    return count;
+}
+
+std::string ScriptedCaller::between(std::string_view from, std::string_view to) const {
+    const std::size_t begin = screen.find(from);
+    if (begin == std::string::npos) {
+        return "nowhere";
+    }
+    const std::string rest = screen.substr(begin + from.size());
+    return rest.substr(0, rest.find(to));
 }
 
 void newCall(bool ansi, std::string_view name) {
@@ -51,26 +58,38 @@ void newCall(bool ansi, std::string_view name) {
 
 namespace {
 
-void note(const std::string& kind, std::string_view text) {
-    caller.calls.push_back(kind + " " + std::string(text));
-    caller.seen += text;
+void note(const std::string& event) {
+    caller.screen += '[' + event + ']';
 }
 
-char nextKey(const std::string& where) {
+void noteText(std::string text) {
+    for (const auto& [full, brief] : {std::pair{"\n\r", "|"},
+                                      {"`red`", "`r`"},
+                                      {"`bright red`", "`R`"},
+                                      {"`bright white`", "`W`"}}) {
+        const std::string_view sought = full;
+        for (std::size_t at = 0; (at = text.find(sought, at)) != std::string::npos;) {
+            text.replace(at, sought.size(), brief);
+        }
+    }
+    caller.screen += '{' + text + '}';
+}
+
+char nextKey() {
     if (caller.keys.empty()) {
-        throw OutOfKeys("no key left at " + where + " after: " + caller.seen);
+        throw OutOfKeys("no key left after " + caller.screen);
     }
     const char key = caller.keys.front();
     caller.keys.erase(0, 1);
     return key;
 }
 
-char oneOf(const char* options, const std::string& where) {
+char oneOf(std::string_view options) {
     while (true) {
-        const int typed = std::tolower(static_cast<unsigned char>(nextKey(where)));
-        for (const char* option = options; *option != '\0'; ++option) {
-            if (std::tolower(static_cast<unsigned char>(*option)) == typed) {
-                return *option;
+        const int typed = std::tolower(nextKey());
+        for (const char option : options) {
+            if (std::tolower(option) == typed) {
+                return option;
             }
         }
     }
@@ -84,11 +103,11 @@ using namespace morvek::test;
 extern "C" {
 
 void od_parse_cmd_line(int argc, char* argv[]) {
-    caller.calls.push_back("options " + std::string(argc > 0 ? argv[argc - 1] : ""));
+    note("options " + std::string(argc > 0 ? argv[argc - 1] : ""));
 }
 
 void od_init(void) {
-    caller.calls.emplace_back("init");
+    note("init");
 }
 
 void od_exit(int errorlevel, int) {
@@ -96,16 +115,15 @@ void od_exit(int errorlevel, int) {
 }
 
 void od_set_color(int foreground, int background) {
-    caller.calls.push_back("colour " + std::to_string(foreground) + " " +
-                           std::to_string(background));
+    note("colour " + std::to_string(foreground) + " " + std::to_string(background));
 }
 
 void od_autodetect(int flags) {
-    caller.calls.push_back("autodetect " + std::to_string(flags));
+    note("autodetect " + std::to_string(flags));
 }
 
 void od_clr_scr(void) {
-    caller.calls.emplace_back("clear");
+    note("clear");
 }
 
 void od_printf(const char* format, ...) {
@@ -114,56 +132,51 @@ void od_printf(const char* format, ...) {
     va_start(arguments, format);
     std::vsnprintf(text.data(), text.size(), format, arguments);
     va_end(arguments);
-    note("say", text.data());
+    noteText(text.data());
 }
 
 void od_disp(const char* text, int size, int) {
-    note("show", std::string_view(text, static_cast<std::size_t>(size)));
-}
-
-void od_disp_str(const char* text) {
-    note("show", text);
+    caller.screen += '<' + std::string(text, static_cast<std::size_t>(size)) + '>';
 }
 
 void od_set_cursor(int row, int column) {
-    caller.calls.push_back("cursor " + std::to_string(row) + " " + std::to_string(column));
+    note("cursor " + std::to_string(row) + " " + std::to_string(column));
 }
 
 char od_get_key(int) {
-    caller.calls.emplace_back("key");
-    return nextKey("a pause");
+    const std::string pause = "{`r`Press any key!}";
+    if (caller.screen.ends_with(pause)) {
+        caller.screen.resize(caller.screen.size() - pause.size());
+        note("any key");
+    } else {
+        note("key");
+    }
+    return nextKey();
 }
 
 char od_get_answer(const char* options) {
-    caller.calls.push_back("answer " + std::string(options));
-    return oneOf(options, "the answer");
+    note("answer " + std::string(options));
+    return oneOf(options);
 }
 
 void od_input_str(char* text, int max_length, unsigned char min, unsigned char max) {
-    caller.calls.push_back("line " + std::to_string(max_length) + " " + std::to_string(min) + " " +
-                           std::to_string(max) + " " + text);
-    std::string line = text;
-    bool fresh = true;
-    while (true) {
-        const char key = nextKey("the line");
+    note("line " + std::to_string(max_length) + " " + std::to_string(min) + " " +
+         std::to_string(max) + " " + text);
+    std::string line; // what is typed replaces what stood there
+    for (char key = nextKey(); key != '\r'; key = nextKey()) {
         const auto code = static_cast<unsigned char>(key);
-        if (key == '\r') {
-            break;
+        if (code >= min && code <= max && line.size() < static_cast<std::size_t>(max_length)) {
+            line += key;
         }
-        if (key == '\b') {
-            line.resize(line.empty() ? 0 : line.size() - 1);
-        } else if (code >= 32 && code != 127 && code >= min && code <= max) {
-            line = fresh ? std::string() : line;
-            line.append(line.size() < static_cast<std::size_t>(max_length) ? 1 : 0, key);
-        }
-        fresh = false;
     }
-    std::memcpy(text, line.c_str(), line.size() + 1);
+    if (!line.empty()) {
+        std::strcpy(text, line.c_str());
+    }
 }
 
 char od_hotkey_menu(const char* name, const char* hotkeys, int) {
-    caller.calls.push_back("menu " + std::string(name) + " " + hotkeys);
-    return oneOf(hotkeys, "the menu " + std::string(name));
+    note("menu " + std::string(name) + " " + hotkeys);
+    return oneOf(hotkeys);
 }
 
 } // extern "C"

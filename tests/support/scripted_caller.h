@@ -2,10 +2,10 @@
 // place of the door toolkit's.
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace morvek::test {
 
@@ -20,22 +20,33 @@ struct CallEnded {
 };
 
 struct ScriptedCaller {
-    std::string keys;               // still to be typed; '\r' ends a line
-    std::string seen;               // all texts in order, colour codes as written
-    std::vector<std::string> calls; // "say TEXT", "show TEXT", "clear", "menu NAME KEYS", "key",
-                                    // "answer OPTIONS", "line LONGEST LOWEST HIGHEST INITIAL",
-                                    // "cursor ROW COLUMN", "colour F B", ...
+    std::string keys; // still to be typed; '\r' ends a line
+
+    // All that the program said and did, in a row: {a text with colours} <a value shown as it is>
+    // [anything else], such as [clear], [key], [menu NAME KEYS], [answer OPTIONS],
+    // [line LONGEST LOWEST HIGHEST INITIAL], and [any key] for "Press any key!" in red and the wait
+    // for one. In a text "|" stands for "\n\r", and `r`, `R` and `W` for the colours `red`,
+    // `bright red` and `bright white`.
+    std::string screen;
 
     // Forgets what was seen, and types these keys from now on.
     void type(std::string_view newKeys);
 
-    // All calls so far, one a line, with "\n\r" written as "|": for whole screens at a glance.
-    [[nodiscard]] std::string screen() const;
+    // Types these keys in a place of the game until it is left; what he saw there.
+    const std::string& visit(const std::function<void()>& place, std::string_view newKeys = {});
 
-    [[nodiscard]] bool saw(std::string_view text) const;
+    // How often something is on the screen.
+    [[nodiscard]] int times(std::string_view what) const;
+    [[nodiscard]] bool saw(std::string_view what) const { return times(what) > 0; }
+
+    // The screen behind the first such text, up to the one that follows it.
+    [[nodiscard]] std::string between(std::string_view from, std::string_view to) const;
 };
 
 extern ScriptedCaller caller;
+
+// The end of every question of a shop.
+inline const std::string yesNo = " [`R`y`r`/`R`n`r`]`R`: `W`}[answer YN]";
 
 // Begins a test: a new game, a caller with that name, with or without ANSI graphics, no keys.
 void newCall(bool ansi = true, std::string_view name = "Alice");

@@ -1,17 +1,10 @@
 #include "support/scripted_chance.h"
 
 #include <cstdlib>
-#include <utility>
 
 namespace morvek::test {
 
 ScriptedChance chance;
-
-void ScriptedChance::script(std::deque<int> next) {
-    draws = std::move(next);
-    drawn = 0;
-    seededBefore.clear();
-}
 
 } // namespace morvek::test
 
@@ -34,9 +27,10 @@ void srand(unsigned) noexcept {
 }
 
 std::time_t time(std::time_t* result) noexcept {
+    const std::time_t now = 1794744000; // 15 November 2026, 12:00 UTC
     if (result != nullptr) {
-        *result = chance.now;
+        *result = now;
     }
-    return chance.now;
+    return now;
 }
 }

@@ -1,65 +1,56 @@
 // A test that works in a fresh directory of its own, which is gone afterwards.
 #pragma once
 
-#include "support/scripted_caller.h"
+#include "support/folder.h"
+#include "support/game_test.h"
 
-#include <array>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <gmock/gmock.h>
 #include <iterator>
-#include <string>
+
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace morvek::test {
 
-inline void writeFile(const std::string& path, const std::string& content) {
+namespace fs = std::filesystem;
+
+inline void writeFile(const std::string& path, std::string_view content, mode_t mode = 0644) {
     std::ofstream(path, std::ios::binary) << content;
+    ::chmod(path.c_str(), mode);
 }
 
+// The file's content; empty when there is none.
 inline std::string readFile(const std::string& path) {
-    if (std::filesystem::is_directory(path)) {
-        return {};
-    }
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(fs::is_directory(path) ? "" : path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// Everybody may write in the directory; a new call has begun.
 class InTemporaryDirectory : public testing::Test {
 protected:
     InTemporaryDirectory() {
-        std::string name = (std::filesystem::temp_directory_path() / "morvek-XXXXXX").string();
-        directory = ::mkdtemp(name.data());
-        std::filesystem::current_path(directory);
+        fs::current_path(folder.self);
+        ::chmod(".", 0777);
         newCall();
     }
     ~InTemporaryDirectory() override {
-        std::filesystem::current_path("/");
-        std::filesystem::remove_all(directory);
+        ::chmod(".", 0777);
+        fs::current_path("/");
     }
-    InTemporaryDirectory(const InTemporaryDirectory&) = delete;
-    InTemporaryDirectory& operator=(const InTemporaryDirectory&) = delete;
 
-    std::filesystem::path directory;
+    Folder folder;
 };
 
 // For as long as it lives, the test has no more rights than anybody: root may read everything.
-class AsNobody {
-public:
-    AsNobody() {
-        if (::geteuid() == 0 && ::seteuid(65534) != 0) {
+struct AsNobody {
+    AsNobody() { become(65534); }
+    ~AsNobody() { become(0); }
+
+private:
+    static void become(uid_t user) {
+        if (::getuid() == 0 && ::seteuid(user) != 0) {
             std::abort();
         }
     }
-    ~AsNobody() {
-        if (::getuid() == 0 && ::seteuid(0) != 0) {
-            std::abort();
-        }
-    }
-    AsNobody(const AsNobody&) = delete;
-    AsNobody& operator=(const AsNobody&) = delete;
 };
 
 } // namespace morvek::test

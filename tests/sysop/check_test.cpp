@@ -25,7 +25,7 @@ const std::vector<Fault> faultsOfRecord{
     {"name has the length 16", [](PlayerRecord& one) { one.name.length = 16; }},
     {"name is not filled up with zeros", [](PlayerRecord& one) { one.name = forged("Arwen", 4); }},
     {"weapon holds a control byte", [](PlayerRecord& one) { one.weapon.assign("Cl\033b"); }},
-    {"name is empty", [](PlayerRecord& one) { one.name.assign(""); }},
+    {"armour is empty", [](PlayerRecord& one) { one.armour.assign(""); }},
     {"className is \"Bard\"", [](PlayerRecord& one) { one.className.assign("Bard"); }},
     {"version is \"0.6.9a\"", [](PlayerRecord& one) { one.version.assign("0.6.9a"); }},
     {"onlineFlag is 7", [](PlayerRecord& one) { one.onlineFlag = 7; }},
@@ -63,13 +63,13 @@ TEST_F(Sysop, CheckFindsNothingInWhatTheGameMakes) {
     EXPECT_EQ(run({"check"}), 0) << out;
     PlayerRecord online = character("Bob", "Bjorn");
     online.onlineFlag = 1;
-    save({character("Alice", "Arwen"), online});
-    writeFile("scores.dat", "Arwen the Bold#1500Ranger\nBjorn#0900Wizard\n");
+    save({character("Alice", "Arwen"), online, character("Carol", "")});
     writeFile("scores.dat", "Arwen the Bold#1500Ranger\nBjorn#900Wizard\n");
     writeFile("scroll.dat", cell("Arwen") + cell("Hi `red`all") + std::string(912, '\0'));
     writeFile("111526.txt", "It's a new day!\n\rAlice joined the game.\n\r");
     EXPECT_EQ(run({"check"}), 0) << out;
     EXPECT_THAT(out, HasSubstr("note: morchars.dat: slot 2 (Bob): onlineFlag is 1"));
+    EXPECT_THAT(out, HasSubstr("note: morchars.dat: slot 3 (Carol): name is empty"));
 }
 
 TEST_F(Sysop, CheckNamesRecordAndFieldOfEachFault) {

@@ -32,8 +32,8 @@ protected:
 
 TEST_F(Edit, SetChangesTheFieldAndNothingElse) {
     EXPECT_EQ(run({"set", "2", "GOLD", "-500"}), 0) << err;
-    EXPECT_EQ(load(1).gold, -500);
-    EXPECT_EQ(load(0).gold, 25);
+    EXPECT_EQ(double{load(1).gold}, -500);
+    EXPECT_EQ(double{load(0).gold}, 25);
     EXPECT_EQ(backups(), 1u);
     EXPECT_EQ(run({"set", "2", "gold", "25"}), 0);
     EXPECT_EQ(bytesChanged(), 0u);

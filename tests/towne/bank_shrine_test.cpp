@@ -1,114 +1,88 @@
 // The bank's reversed refusals, and every answer of the healing shrine.
-#include "state/game_state.h"
-#include "support/scripted_chance.h"
+#include "support/game_test.h"
 #include "towne/bank.h"
 #include "towne/health_shrine.h"
-#include "towne/said.h"
-
-#include <gmock/gmock.h>
-
-using namespace morvek;
-using namespace morvek::test;
-using testing::HasSubstr;
 
 namespace {
 
-void atTheBank(double gold, double bankGold, const std::string& keys) {
+// The bank's answer to what is typed first, with so much on hand and five thousand million in it.
+std::string atTheBank(double gold, const std::string& keys) {
     newCall();
-    game.player.gold = gold;
-    game.player.bankGold = bankGold;
-    caller.type(keys);
-    visitBank();
+    game.player = {.gold = gold, .bankGold = 5e9};
+    caller.visit(visitBank, keys);
+    return caller.between("[line 8 32 127 0]", "[clear]");
 }
 
-void atTheShrine(std::int32_t hitPoints, double gold, std::int32_t guesses,
-                 const std::string& keys) {
+// The shrine's answer to a player with so many hit points of 20.
+std::string atTheShrine(int hitPoints, double gold, int guesses, const std::string& keys) {
     newCall();
-    game.player.hitPoints = hitPoints;
-    game.player.maxHitPoints = 20;
-    game.player.gold = gold;
+    game.player = {.gold = gold, .hitPoints = hitPoints, .maxHitPoints = 20};
     game.session.guessesLeft = guesses;
     chance.script({17});
-    caller.type(keys);
-    healthShrine();
+    caller.visit(healthShrine, keys);
+    return caller.between("[menu heal hagr]", "[clear]");
 }
 
-const std::string outOfGuesses = "||`red`You are out of guesses!||" + anyKey;
-const std::string notNeeded = "||`red`You don't need healing.||" + anyKey;
+const std::string outOfGuesses = "{||}{`r`You are out of guesses!}{||}[any key]";
+const std::string notNeeded = "{||}{`r`You don't need healing.|}{|}[any key]";
 
 } // namespace
 
 TEST(Bank, MovesWhatIsThereAndSaysTheReverseOfARefusal) {
-    const std::string moved = "`red` gold has been deposited to the bank.||";
-    const std::string insufficient = "|`red`You do not have sufficient funds.||";
-    struct Case {
-        std::string typed;
-        double gold, left;
-        std::string answer;
-    };
-    for (const auto& [typed, gold, left, answer] :
-         {Case{"10", 10, 0, "|10" + moved}, Case{"007", 10, 3, "|007" + moved},
-          Case{"11", 10, 10, ""}, Case{"0", 10, 10, insufficient},
-          Case{"all", 10, 10, insufficient}, Case{"0", 0, 0, ""},
-          Case{"-7000", -6000, -6000, insufficient}}) {
-        atTheBank(gold, 5e9, "d" + typed + "\r r");
-        EXPECT_EQ(said("deposit`bright red`: `bright white`", "`red`Bank|"), answer + anyKey);
+    const std::string moved = ">{`r` gold has been deposited to the bank.}{||}";
+    const std::string insufficient = "{|}{`r`You do not have sufficient funds.}{||}";
+    const Cases<std::string, double, double, std::string> cases{
+        {"1", 1, 0, "{|}<1" + moved},         {"007", 10, 3, "{|}<007" + moved}, {"11", 10, 10, ""},
+        {"0", 10, 10, insufficient},          {"all", 10, 10, insufficient},     {"0", 0, 0, ""},
+        {"-7000", -6000, -6000, insufficient}};
+    for (const auto& [typed, gold, left, answer] : cases) {
+        EXPECT_EQ(atTheBank(gold, "d" + typed + "\r r"), answer + "[any key]");
         EXPECT_EQ(game.player.gold, left);
         EXPECT_EQ(game.player.bankGold, 5e9 + gold - left);
     }
-    atTheBank(3, 5e9, "w4\r r");
-    EXPECT_EQ(said("", "`red`Press"),
-              "`red`Bank|`bright white`----------------------------------------||"
-              "`red`D`bright red`)`bright white`eposit|"
-              "`red`W`bright red`)`bright white`ithdraw|"
-              "`red`R`bright red`)`bright white`eturn to Towne||"
-              "`red`Money on Hand `bright red`: `bright white`3`bright red` gold`red`.|"
-              "`red`Money in Bank `bright red`: `bright white`5000000000`bright red`"
-              " gold`red`.||||"
-              "`red`How much to gold to withdraw`bright red`: `bright white`|4"
-              "`red` gold has been withdrawn from bank.||");
-    EXPECT_EQ(game.player.gold, 7);
-    EXPECT_EQ(game.player.bankGold, 5e9 - 4);
 }
 
 TEST(Bank, EachFieldKeepsItsTextForOneVisit) {
-    atTheBank(1000, 0, "d250\r d\r w99\r w\r r");
+    atTheBank(1000, "d250\r w99\r d\r w\r r");
     EXPECT_EQ(game.player.gold, 698) << "twice 250 in, twice 99 out";
-    EXPECT_THAT(caller.calls, testing::IsSupersetOf({"line 8 32 127 0", "line 8 32 127 250",
-                                                     "line 8 32 127 0", "line 8 32 127 99"}));
-    caller.type("d\r r");
-    visitBank();
-    EXPECT_THAT(caller.calls, testing::Contains("line 8 32 127 0"));
+    EXPECT_EQ(game.player.bankGold, 5e9 + 302);
+    EXPECT_THAT(
+        caller.screen,
+        StartsWith("[clear]{`r`Bank|}{`W`----------------------------------------||}"
+                   "{`r`D`R`)`W`eposit|}{`r`W`R`)`W`ithdraw|}{`r`R`R`)`W`eturn to Towne||}"
+                   "{`r`Money on Hand `R`: `W`}<1000>{`R` gold`r`.}{|}"
+                   "{`r`Money in Bank `R`: `W`}<5000000000>{`R` gold`r`.||}[menu command dwr]{||}"
+                   "{`r`How much to gold to deposit`R`: `W`}[line 8 32 127 0]"));
+    EXPECT_THAT(caller.screen,
+                HasSubstr("{||}{`r`How much to gold to withdraw`R`: `W`}[line 8 32 127 99]{|}<99>"
+                          "{`r` gold has been withdrawn from bank.}{||}[any key]"));
+    EXPECT_TRUE(caller.saw("[line 8 32 127 250]"));
+    EXPECT_THAT(atTheBank(10, "d\r r"), HasSubstr("sufficient")) << "a new visit offers 0 again";
 }
 
 TEST(Shrine, HealsForFiveGoldAPoint) {
-    const std::string points = "||`bright white`5`red` gold per point.|"
-                               "`red`Points to Heal`bright red`: `bright white`";
-    const std::string healed = points + "|`red`Healed `bright white`3`red` points.||" + anyKey;
-    const std::string poor = points + "||`red`You don't have enough gold.||" + anyKey;
-    const std::string tooMuch = points + "`red`You don't need that much healing.|";
-    const std::string none = "||`red`No points were recovered.||" + anyKey;
-    const std::string all = "||`bright white`10`red` hits points recovered.||" + anyKey;
-    struct Case {
-        const char* keys;
-        std::int32_t hitPoints; // of 20
-        double gold;
-        std::int32_t guesses;
-        std::string answer;
-        std::int32_t hitPointsAfter;
-        double goldAfter;
-    };
-    for (const auto& [keys, hitPoints, gold, guesses, answer, hitPointsAfter, goldAfter] :
-         {Case{"h3\r r", 10, 15, 3, healed, 13, 0}, Case{"h3\r r", 10, 14, 3, poor, 10, 14},
-          Case{"h3\r  r", 10, 14, 0, poor + outOfGuesses, 10, 14},
-          Case{"h11\rr", 10, 900, 3, tooMuch, 10, 900},
-          Case{"h11\r r", 10, 900, 0, tooMuch + outOfGuesses, 10, 900},
-          Case{"h\r r", 10, 50, 3, points + all, 20, 0},
-          Case{"h-4\r r", 10, 49, 3, points + none, 10, 49},
-          Case{"h r", 20, 50, 3, notNeeded, 20, 50}, Case{"a r", 10, 55, 0, all, 20, 5},
-          Case{"a r", 20, 40, 3, none, 20, 40}, Case{"a r", 25, 40, 3, none, 25, 40}}) {
-        atTheShrine(hitPoints, gold, guesses, keys);
-        EXPECT_EQ(said("`red` gold`red`.||", "`red`Health Shrine|"), answer) << keys;
+    const std::string points = "{||}{`W`5`r` gold per point.|}{`r`Points to Heal`R`: `W`}"
+                               "[line 8 32 127 ]";
+    const std::string healed = points + "{|}{`r`Healed `W`}<3>{`r` points.|}{|}[any key]";
+    const std::string poor = points + "{||}{`r`You don't have enough gold.||}[any key]";
+    const std::string tooMuch = points + "{`r`You don't need that much healing.|}";
+    const std::string none = "{||}{`r`No points were recovered.|}{|}[any key]";
+    const std::string all = "{||}{`W`}<10>{`r` hits points recovered.||}[any key]";
+    const Cases<const char*, int, double, int, std::string, int, double> cases{
+        {"h3\r r", 17, 15, 3, healed, 20, 0},
+        {"h3\r r", 10, 14, 3, poor, 10, 14},
+        {"h3\r  r", 10, 14, 0, poor + outOfGuesses, 10, 14},
+        {"h11\rr", 10, 900, 3, tooMuch, 10, 900},
+        {"h11\r r", 10, 900, 0, tooMuch + outOfGuesses, 10, 900},
+        {"h\r r", 10, 50, 3, points + all, 20, 0},
+        {"h-4\r r", 10, 49, 3, points + none, 10, 49},
+        {"h0\rr", 25, 50, 3, tooMuch, 25, 50},
+        {"h r", 20, 50, 3, notNeeded, 20, 50},
+        {"a r", 10, 55, 0, all, 20, 5},
+        {"a r", 20, 40, 3, none, 20, 40},
+        {"a r", 25, 40, 3, none, 25, 40}};
+    for (const auto& [keys, hitPoints, gold, guesses, answer, hitPointsAfter, goldAfter] : cases) {
+        EXPECT_EQ(atTheShrine(hitPoints, gold, guesses, keys), answer) << keys;
         EXPECT_EQ(game.player.hitPoints, hitPointsAfter) << keys;
         EXPECT_EQ(game.player.gold, goldAfter) << keys;
         EXPECT_EQ(game.session.guessesLeft, guesses);
@@ -116,26 +90,24 @@ TEST(Shrine, HealsForFiveGoldAPoint) {
 }
 
 TEST(Shrine, AGuessShowsTheAnswerGrantsNothingAndCostsOneOrTwo) {
-    for (const char guess : std::string("123456789")) {
-        atTheShrine(3, 40, 1, "g" + std::string(1, guess) + " g r");
-        const std::string line =
-            "`red`You guessed`bright red`: `bright white`" + std::string(1, guess) + "`red`.|";
-        EXPECT_EQ(said("`red`Hit Points`bright red`: `bright white`", "`red`Health Shrine|"),
-                  "3`red`\\`bright white`20|`red`Money on Hand `bright red`: `bright white`40"
-                  "`red` gold`red`.||"
-                  "||`bright red`#`red` of Guesses left`bright red`: `bright white`1||"
-                  "`red`Guess a number between `bright red`(`bright white`1`bright red`-"
-                  "`bright white`9`bright red`)`red`: `bright white`" +
-                      (guess == '6' ? line + "||" : "||" + line) +
-                      "`red`The correct answer was`bright red`: `bright white`9`red`.||" + anyKey);
-        EXPECT_THAT(said(), HasSubstr(outOfGuesses)) << "the second g";
-        EXPECT_EQ(game.session.guessesLeft, guess == '7' || guess == '8' ? -1 : 0);
+    for (const std::string guess : {"1", "5", "6", "7", "8", "9"}) {
+        const std::string line = "{`r`You guessed`R`: `W`" + guess + "`r`.|}";
+        EXPECT_EQ(atTheShrine(3, 40, 1, "g" + guess + " g r"),
+                  "{||}{`R`#`r` of Guesses left`R`: `W`}<1>{||}{`r`Guess a number between "
+                  "`R`(`W`1`R`-`W`9`R`)`r`: `W`}[menu command 123456789]" +
+                      (guess == "6" ? line + "{||}" : "{||}" + line) +
+                      "{`r`The correct answer was`R`: `W`}<9>{`r`.|}{|}[any key]");
+        EXPECT_TRUE(caller.saw("[menu heal hagr]" + outOfGuesses)) << "the second g";
+        EXPECT_EQ(game.session.guessesLeft, guess == "7" || guess == "8" ? -1 : 0);
         EXPECT_EQ(game.player.hitPoints, 3);
         EXPECT_EQ(chance.drawn, 1);
     }
-    atTheShrine(20, 0, 3, "g r");
-    EXPECT_THAT(said(), HasSubstr(notNeeded));
-    atTheShrine(21, 0, 3, "gr");
+    EXPECT_THAT(caller.screen,
+                StartsWith("[clear]{`r`Health Shrine|}{`W`---------------------------------------"
+                           "-||}{`r`Hit Points`R`: `W`}<3>{`r`\\`W`}<20>{|}"
+                           "{`r`Money on Hand `R`: `W`}<40>{`r` gold`r`.}{||}[menu heal hagr]"));
+    EXPECT_EQ(atTheShrine(20, 0, 3, "g r"), notNeeded);
+    EXPECT_EQ(atTheShrine(21, 0, 3, "gr"), "");
     EXPECT_EQ(chance.drawn, 0);
     EXPECT_EQ(game.session.guessesLeft, 3);
 }

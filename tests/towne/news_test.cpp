@@ -1,12 +1,6 @@
 #include "towne/news.h"
 
-#include "state/game_state.h"
 #include "support/temporary_directory.h"
-
-#include <sys/stat.h>
-
-using namespace morvek;
-using namespace morvek::test;
 
 class News : public InTemporaryDirectory {
 protected:
@@ -23,30 +17,18 @@ TEST_F(News, ADaysFileBeginsWithTheDayAndGrowsByALineACall) {
 
 TEST_F(News, ShowsPiecesOfALineOrOf49Characters) {
     writeFile("111526.txt", "short\n\r" + std::string(60, 'x') + "\n");
-    caller.type("k");
-    showNews();
-    EXPECT_EQ(caller.screen(), "clear\n"
-                               "say |`red`News for today`bright red`:||\n"
-                               "say `bright white`\n"
-                               "show short\n\nsay |\n"
-                               "show \r" +
-                                   std::string(48, 'x') +
-                                   "\nsay |\n"
-                                   "show " +
-                                   std::string(12, 'x') +
-                                   "\n\nsay |\n"
-                                   "say `red`Press any key!\nkey\n");
+    EXPECT_EQ(caller.visit(showNews, "k"), "[clear]{|`r`News for today`R`:||}{`W`}<short\n>{|}<\r" +
+                                               std::string(48, 'x') + ">{|}<" +
+                                               std::string(12, 'x') + "\n>{|}[any key]");
 }
 
 TEST_F(News, IsSilentWhereItsFileCannotBeUsed) {
-    std::filesystem::create_directory("111526.txt");
+    fs::create_directory("111526.txt");
     newsJoined();
     showNews();
-    EXPECT_TRUE(caller.calls.empty());
+    EXPECT_EQ(caller.screen, "");
     game.session.dateStamp = "111626"; // there, but not to be read
-    writeFile("111626.txt", "kept\n\r");
-    ASSERT_EQ(::chmod("111626.txt", 0222), 0);
-    ASSERT_EQ(::chmod(".", 0755), 0);
+    writeFile("111626.txt", "kept\n\r", 0222);
     {
         const AsNobody nobody;
         newsJoined();

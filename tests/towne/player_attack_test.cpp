@@ -1,14 +1,7 @@
 #include "towne/player_attack.h"
 
 #include "door/screen.h"
-#include "state/game_state.h"
-#include "support/scripted_chance.h"
-#include "towne/said.h"
-
-#include <gmock/gmock.h>
-
-using namespace morvek;
-using namespace morvek::test;
+#include "support/game_test.h"
 
 namespace {
 
@@ -17,54 +10,48 @@ bool attack(const std::string& keys, const char* player = "Bors") {
     newCall(false);
     game.player.name = player;
     game.roster.playerCount = 5;
-    game.roster.slots[0].name.assign("Arwen");
-    game.roster.slots[1].name.assign("Bors");
-    game.roster.slots[3].name.assign("`Cuthbert");
-    game.roster.slots[3].hitPoints = 40;
-    game.roster.slots[3].maxHitPoints = 45;
+    auto& slots = game.roster.slots;
+    slots[0].name.assign("Arwen");
+    slots[1].name.assign("Bors");
+    slots[3].name.assign("`Cuthbert");
+    slots[3].hitPoints = 40;
+    slots[3].maxHitPoints = 45;
     game.encounter.monster.name = "Kobold";
     chance.script({100, 15});
     caller.type(keys);
     return attackAnotherPlayer();
 }
 
-const std::string question = "|`red`Enter player # to attack`bright red`: `bright white`";
+const std::string question = "{|`r`Enter player # to attack`R`: `W`}[line 50 0 127 ]{|}";
 
 } // namespace
 
 TEST(PlayerAttack, TurnsAConfirmedTargetIntoTheOpponent) {
+    EXPECT_FALSE(attack("4\rn"));
+    EXPECT_EQ(game.encounter.monster.name, "Kobold");
+    EXPECT_THAT((std::vector{game.session.chosenNumber, game.session.targetSlot, chance.drawn}),
+                ElementsAre(4, 0, 0));
+    EXPECT_FALSE(hasAnsi());
+
     EXPECT_TRUE(attack("4\ry"));
-    EXPECT_EQ(said(), question + "|`red`Attacking player`bright red`: `bright white``Cuthbert"
-                                 "`red`? `bright white``bright white`YES`bright white`!");
-    EXPECT_THAT(caller.calls, testing::Contains("show `Cuthbert")) << "no colour";
+    EXPECT_EQ(caller.screen, question + "{`r`Attacking player`R`: `W`}<`Cuthbert>{`r`? `W`}"
+                                        "[answer YN]{`W`YES`W`!}");
     const Monster& opponent = game.encounter.monster;
     EXPECT_EQ(opponent.name, "`Cuthbert");
-    EXPECT_EQ(opponent.hitPoints, 40);
-    EXPECT_EQ(opponent.maxHitPoints, 45);
-    EXPECT_EQ(opponent.initiative, 4);
-    EXPECT_EQ(opponent.damage, 8) << "the second of two draws";
-    EXPECT_EQ(chance.drawn, 2);
-    EXPECT_EQ(game.session.chosenNumber, 4);
-    EXPECT_EQ(game.session.targetSlot, 3);
+    EXPECT_THAT((std::vector{opponent.hitPoints, opponent.maxHitPoints, opponent.initiative,
+                             opponent.damage, chance.drawn, game.session.targetSlot}),
+                ElementsAre(40, 45, 4, 8, 2, 3));
     EXPECT_TRUE(hasAnsi());
 }
 
 TEST(PlayerAttack, RefusesBadNumbersAndOneself) {
-    for (const char* typed : {"0", "-1", "5", "99999999999", "Arwen", "", "2"}) {
-        EXPECT_FALSE(attack(typed + std::string("\r ")));
-        EXPECT_EQ(said(), question + "|`red`Invalid player number!||" + anyKey) << typed;
+    for (const std::string typed : {"0", "-1", "5", "99999999999", "Arwen", "", "2"}) {
+        EXPECT_FALSE(attack(typed + "\r "));
+        EXPECT_EQ(caller.screen, question + "{`r`Invalid player number!}{||`r`Press any key!}[key]")
+            << typed;
         EXPECT_EQ(game.session.chosenNumber, 0);
     }
     EXPECT_FALSE(attack("3\r ", "")) << "a nameless player is nobody himself";
     EXPECT_TRUE(attack("3\ry")) << "others may attack nobody";
     EXPECT_EQ(game.encounter.monster.name, "");
-}
-
-TEST(PlayerAttack, ANoLeavesTheOpponentAsHeWas) {
-    EXPECT_FALSE(attack("4\rn"));
-    EXPECT_EQ(game.session.chosenNumber, 4);
-    EXPECT_EQ(game.session.targetSlot, 0);
-    EXPECT_EQ(game.encounter.monster.name, "Kobold");
-    EXPECT_EQ(chance.drawn, 0);
-    EXPECT_FALSE(hasAnsi());
 }

@@ -1,167 +1,136 @@
 // Both shops, run over a price list of the test's own.
+#include "support/game_test.h"
 #include "towne/shop.h"
-
-#include "door/screen.h"
-#include "state/game_state.h"
-#include "towne/said.h"
-
-#include <gmock/gmock.h>
-
-using namespace morvek;
-using namespace morvek::test;
-using testing::HasSubstr;
-using testing::Not;
 
 namespace {
 
-struct PriceLine {
-    const char* name;
-    double price, offeredFrom, taken;
-    double poorAt; // the most gold with which the ware's key finds a shortage
-    const char *beforeShortage, *afterShortage;
-    double salePrice;
-    const char *nameInSale, *sold;
-};
+// Of each ware: name, price, the least gold with which it is offered, what it takes, the most gold
+// with which its key finds a shortage, the shortage, sale price, name in the sale, and its end.
+using Prices = Cases<std::string, int, int, int, int, std::string, int, std::string, const char*>;
 
-struct PriceList {
-    const char* title;
+struct Shop {
+    Prices prices;
+    const char *bareName, *thanks;
     void (*buy)();
     void (*sell)();
     std::int32_t Player::*number;
     std::string Player::*item;
-    const char *bareName, *thanks;
-    std::vector<PriceLine> lines;
 };
 
-const std::string tooPoor = "You don't have enough gold.";
+const std::string red = "{|}{`r`You don't have enough gold.||}[any key]";
+const std::string plain = "{|}{You don't have enough gold.||}[any key]";
+const std::string redTight = "{|}{`r`You don't have enough gold.|}[any key]";
+const std::string tight = "{|}{You don't have enough gold.|}[any key]";
+const std::string redLow = "{||}{`r`You don't have enough gold.||}[any key]";
 
-// clang-format off
-const PriceList weapons{
-    "`red`Weapons in Stock|", buyWeapon, sellWeapon, &Player::weaponNumber, &Player::weapon,
-    "Fists", "||`bright white`Thank you!||", {
-    {"Club", 1250, 1250, 1250, 1249, "|`red`", "||", 1225, "Club", "`red`Sold!||"},
-    {"Dagger", 1500, 1500, 1500, 1499, "|`red`", "||", 1450, "Dagger", "Sold!||"},
-    {"Javelin", 11000, 11000, 11000, 10999, "|", "||", 1900, "Javelin", "Sold!||"},
-    {"Mace", 12500, 12500, 12500, 12499, "|", "||", 12250, "Mace", "Sold!||"},
-    {"Sickle", 15000, 15000, 15000, 14999, "|", "||", 14500, "Sickle", "Sold!||"},
-    {"Spear", 110000, 110000, 110000, 10999, "|", "||", 19000, "Spear", "Sold!||"},
-}};
+const Prices weaponPrices{
+    {"Club", 1250, 1250, 1250, 1249, red, 1225, "Club", "{`r`Sold!||}"},
+    {"Dagger", 1500, 1500, 1500, 1499, red, 1450, "Dagger", "{Sold!||}"},
+    {"Javelin", 11000, 11000, 11000, 10999, plain, 1900, "Javelin", "{Sold!||}"},
+    {"Mace", 12500, 12500, 12500, 12499, plain, 12250, "Mace", "{Sold!||}"},
+    {"Sickle", 15000, 15000, 15000, 14999, plain, 14500, "Sickle", "{Sold!||}"},
+    {"Spear", 110000, 110000, 110000, 10999, plain, 19000, "Spear", "{Sold!||}"}};
+const Shop weapons{weaponPrices,   "Fists",    "{||`W`Thank you!||}[any key]",
+                   buyWeapon,      sellWeapon, &Player::weaponNumber,
+                   &Player::weapon};
 
-const PriceList armours{
-    "`red`Armour in Stock|", buyArmour, sellArmour, &Player::armourNumber, &Player::armour,
-    "T-Shirt", "Thank you!||", {
-    {"Cloth", 1250, 1250, 250, 1249, "||`red`", "||", 1225, "Cloth", "`red`Sold!||"},
-    {"Feyweave", 1500, 1500, 1500, 1499, "|`red`", "|", 1450, "Leather", "`red`Sold!||"},
-    {"Starweave", 11000, 1000, 11000, 999, "|", "|", 1900, "Hide", "`red`Sold!||"},
-    {"Leather", 12500, 12500, 12500, 12499, "|", "|", 12250, "Leather", "`red`Sold!||"},
-    {"Feyleather", 15000, 15000, 15000, 14999, "|", "|", 14500, "Feyleather", "`red`Sold!||"},
-    {"Starleather", 110000, 10000, 110000, 9999, "|", "|", 19000, "Starleather", "`red`Sold!||"},
-}};
-// clang-format on
+const Prices armourPrices{
+    {"Cloth", 1250, 1250, 250, 1249, redLow, 1225, "Cloth", "{`r`Sold!||}"},
+    {"Feyweave", 1500, 1500, 1500, 1499, redTight, 1450, "Leather", "{`r`Sold!||}"},
+    {"Starweave", 11000, 1000, 11000, 999, tight, 1900, "Hide", "{`r`Sold!||}"},
+    {"Leather", 12500, 12500, 12500, 12499, tight, 12250, "Leather", "{`r`Sold!||}"},
+    {"Feyleather", 15000, 15000, 15000, 14999, tight, 14500, "Feyleather", "{`r`Sold!||}"},
+    {"Starleather", 110000, 10000, 110000, 9999, tight, 19000, "Starleather", "{`r`Sold!||}"}};
+const Shop armours{armourPrices,   "T-Shirt",  "{Thank you!||}[any key]",
+                   buyArmour,      sellArmour, &Player::armourNumber,
+                   &Player::armour};
 
-// What the buying screen says to these keys, up to the next screen.
-std::string saidInBuying(const PriceList& shop, double gold, const std::string& keys) {
+// What a caller with so much gold reads after these keys, until the stock is shown again.
+std::string inBuying(const Shop& shop, double gold, const std::string& keys) {
     newCall();
     game.player.gold = gold;
-    caller.type(keys + " l ");
-    shop.buy();
-    return said("`bright white`" + moneyText(gold) + "|", shop.title);
+    caller.visit(shop.buy, keys + " l ");
+    return caller.between("[menu command 123456l]", "[clear]");
 }
 
-std::string saidInSale(const PriceList& shop, std::int32_t number, const std::string& keys) {
+std::string inSale(const Shop& shop, int number, const std::string& keys) {
     newCall();
-    game.player.gold = 7;
     game.player.*shop.number = number;
-    caller.type(keys);
-    shop.sell();
-    return said();
+    return caller.visit(shop.sell, keys);
 }
 
 } // namespace
 
-TEST(Shops, SellAndBuyByThePriceList) {
-    for (const PriceList& shop : {weapons, armours}) {
-        char key = '1';
-        for (const PriceLine& line : shop.lines) {
-            const std::string question = "||`red`" + std::string(line.name) +
-                                         " for `bright white`" + moneyText(line.price) +
-                                         "`red` gold" + yesNo;
-            EXPECT_EQ(saidInBuying(shop, line.offeredFrom, {key, 'y'}),
-                      question + shop.thanks + anyKey);
-            EXPECT_EQ(game.player.gold, line.offeredFrom - line.taken) << line.name;
-            EXPECT_EQ(game.player.*shop.number, key - '0');
-            EXPECT_EQ(game.player.*shop.item, line.name);
-            EXPECT_THAT(saidInBuying(shop, line.offeredFrom - 1, {key}), Not(HasSubstr(" for ")));
-            EXPECT_EQ(saidInBuying(shop, line.poorAt, {key}),
-                      line.beforeShortage + tooPoor + line.afterShortage + anyKey);
+TEST(Shops, BuyAndSellByThePriceList) {
+    for (const Shop& shop : {weapons, armours}) {
+        int number = 0;
+        for (const auto& [name, price, offeredFrom, taken, poorAt, shortage, salePrice, nameInSale,
+                          sold] : shop.prices) {
+            const std::string key = std::to_string(++number);
+            EXPECT_EQ(inBuying(shop, offeredFrom, key + "y"), "{||}{`r`" + name + " for `W`" +
+                                                                  std::to_string(price) +
+                                                                  "`r` gold" + yesNo + shop.thanks);
+            EXPECT_EQ(game.player.gold, offeredFrom - taken) << name;
+            EXPECT_EQ(game.player.*shop.number, number);
+            EXPECT_EQ(game.player.*shop.item, name);
+            EXPECT_EQ(inBuying(shop, offeredFrom - 1, key).find(" for "), std::string::npos);
+            EXPECT_EQ(inBuying(shop, poorAt, key), shortage);
 
-            const std::string offer = "||`bright white`" + moneyText(line.salePrice) +
-                                      " `red`gold pieces.||`red`Do you wish to sell your "
-                                      "`bright white`" +
-                                      line.nameInSale + "`red`" + yesNo;
-            EXPECT_EQ(saidInSale(shop, key - '0', "y "), offer + line.sold + anyKey);
-            EXPECT_EQ(game.player.gold, 7 + line.salePrice);
+            const std::string offer = "{||}{`W`" + std::to_string(salePrice) +
+                                      " `r`gold pieces.|}{|}{`r`Do you wish to sell your `W`" +
+                                      nameInSale + "`r`" + yesNo;
+            EXPECT_EQ(inSale(shop, number, "n "),
+                      offer + "{||`r`I didn't want to pay you anyway!||}[any key]");
+            EXPECT_EQ(game.player.*shop.number, number);
+            EXPECT_EQ(inSale(shop, number, "y "), offer + sold + "[any key]");
+            EXPECT_EQ(game.player.gold, salePrice);
             EXPECT_EQ(game.player.*shop.number, 0);
             EXPECT_EQ(game.player.*shop.item, shop.bareName);
-            EXPECT_EQ(saidInSale(shop, key - '0', "n "),
-                      offer + "||`red`I didn't want to pay you anyway!||" + anyKey);
-            EXPECT_EQ(game.player.*shop.number, key++ - '0');
         }
     }
 }
 
 TEST(Shops, ADeclinedWeaponRunsOnIntoDearerOnes) {
-    const std::string tooBad = "That's too bad.||" + anyKey;
-    const auto declined = [&](double gold, char key, const std::string& shortage) {
-        EXPECT_THAT(saidInBuying(weapons, gold, {key, 'n', ' '}),
-                    testing::EndsWith(yesNo + "||`bright white`" + tooBad + shortage));
+    const auto declined = [](double gold, const std::string& key, const std::string& shortage) {
+        EXPECT_THAT(inBuying(weapons, gold, key + "n "),
+                    EndsWith(yesNo + "{||}{`W`That's too bad.||}[any key]" + shortage));
         EXPECT_EQ(game.player.gold, gold);
     };
-    declined(1300, '1', "|`red`" + tooPoor + "||" + anyKey);
-    for (const auto& [gold, key] : {std::pair{1500, '1'}, {12499, '3'}, {14999, '4'}}) {
-        declined(gold, key, "|" + tooPoor + "||" + anyKey);
+    declined(1300, "1", red);
+    for (const auto& [gold, key] : {std::pair{1500, "1"}, {12499, "3"}, {14999, "4"}}) {
+        declined(gold, key, plain);
     }
-    declined(15000, '1', "");
-    declined(200000, '6', "");
-    EXPECT_THAT(saidInBuying(armours, 1300, "1n"), testing::EndsWith(yesNo + "||`red`" + tooBad));
-    EXPECT_EQ(saidInBuying(weapons, 11000, "6"), "") << "beyond the limit, below the price";
-    EXPECT_EQ(saidInBuying(weapons, 109999, "6"), "");
+    declined(15000, "1", "");
+    declined(200000, "6", "");
+    EXPECT_THAT(inBuying(armours, 1300, "1n"),
+                EndsWith(yesNo + "{||}{`r`That's too bad.||}[any key]"));
+    EXPECT_EQ(inBuying(weapons, 11000, "6"), "") << "beyond the limit, below the price";
+    EXPECT_EQ(inBuying(weapons, 109999, "6"), "");
 }
 
 TEST(Shops, ShowTheirStock) {
-    newCall(false);
-    game.player.gold = 20000;
-    game.player.weapon = "`Club`";
-    caller.type("l ");
-    buyWeapon();
-    EXPECT_THAT(caller.screen(), HasSubstr("show `Club`\n")); // no colour
-    // clang-format off
-    EXPECT_EQ(said("", "`red`[`bright red`2"),
-        "||`red`Weapons in Stock|`bright white`----------------------------------|"
-        "`red`[`bright red`1`red`] `bright white`Club                    `bright red`1250 `red`gp |");
-    EXPECT_EQ(said("15000 `red`gp |"),
-        "`red`[`bright red`6`red`] `bright white`Spear                 `bright red`110000 `red`gp |"
-        "|`red`L`bright red`)`bright white`eave                            ||"
-        "`red`Your current weapon is`bright red`: `bright white``Club`||"
-        "`red`Gold`bright red`: `bright white`20000|||`red`Maybe next time, eh?||" + anyKey);
-    caller.type("l ");
-    buyArmour();
-    EXPECT_EQ(said("", "`red`[`bright red`2"),
-        "||`red`Armour in Stock|`bright white`------------------------------------|"
-        "`red`[`bright red`1`red`] `bright white`Cloth                     `bright red`1250 `red`gp |");
-    EXPECT_THAT(said("15000 `red`gp |"), testing::StartsWith(
-        "`red`[`bright red`6`red`] `bright white`Starleather             `bright red`110000 `red`gp |"
-        "|`red`L`bright red`)`bright white`eave                            ||"
-        "`red`Your current armour is`bright red`: `bright white`||"));
-    // clang-format on
+    inBuying(weapons, 20000, "");
+    EXPECT_EQ(caller.between("[clear]", "{`r`[`R`2"),
+              "{`r`Weapons in Stock|}{`W`----------------------------------|}"
+              "{`r`[`R`1`r`] `W`Club                    `R`1250 `r`gp |}");
+    EXPECT_THAT(caller.screen, EndsWith("`W`Spear                 `R`110000 `r`gp |}{|}"
+                                        "{`r`L`R`)`W`eave                            ||}"
+                                        "{`r`Your current weapon is`R`: `W`}<>{||}"
+                                        "{`r`Gold`R`: `W`}<20000>{|}[menu command 123456l]{||}"
+                                        "{`r`Maybe next time, eh?||}[any key]"));
+    inBuying(armours, 20000, "1y");
+    EXPECT_EQ(caller.between("[clear]", "{`r`[`R`2"),
+              "{`r`Armour in Stock|}{`W`------------------------------------|}"
+              "{`r`[`R`1`r`] `W`Cloth                     `R`1250 `r`gp |}");
+    EXPECT_TRUE(caller.saw("{`r`Your current armour is`R`: `W`}<Cloth>{||}{`r`Gold`R`: `W`}<"));
 }
 
 TEST(Shops, BareHandsAndForgedNumbersAreNoWares) {
-    EXPECT_EQ(saidInSale(weapons, 0, " "), "||`red`You can't sell your own fists.||" + anyKey);
-    for (const std::int32_t forged : {-1, 7}) {
-        EXPECT_EQ(saidInSale(weapons, forged, ""), "");
-        EXPECT_EQ(saidInSale(armours, forged, " "),
-                  "||`red`You can't sell your own `bright white`T-shirt`red`.||" + anyKey);
+    EXPECT_EQ(inSale(weapons, 0, " "), "{||}{`r`You can't sell your own fists.||}[any key]");
+    for (const int forged : {-1, 7}) {
+        EXPECT_EQ(inSale(weapons, forged, ""), "");
+        EXPECT_EQ(inSale(armours, forged, " "),
+                  "{||}{`r`You can't sell your own `W`T-shirt`r`.||}[any key]");
         EXPECT_EQ(game.player.armourNumber, forged);
     }
 }
@@ -169,13 +138,10 @@ TEST(Shops, BareHandsAndForgedNumbersAreNoWares) {
 TEST(Shops, TheMenuLeadsToEverythingAndBack) {
     newCall();
     game.session.inGame = 1;
-    caller.type("bl s y r");
-    weaponShop();
-    EXPECT_THAT(said(), HasSubstr("Maybe next time, eh?"));
-    EXPECT_THAT(said(), HasSubstr("own fists"));
-    EXPECT_THAT(caller.screen(), testing::EndsWith("key\nclear\nmenu weapons bsyr\n"));
-    newCall(); // before he is in the game
-    caller.type("y r");
-    armourShop();
-    EXPECT_THAT(caller.screen(), HasSubstr("key\nsay |\nclear\nclear\nmenu armours bsyr\n"));
+    caller.visit(weaponShop, "bl s y r");
+    EXPECT_TRUE(caller.saw("Maybe next time, eh?") && caller.saw("own fists"));
+    EXPECT_THAT(caller.screen, EndsWith("[any key][clear][menu weapons bsyr]"));
+    game.session.inGame = 0;
+    EXPECT_THAT(caller.visit(armourShop, "y r"),
+                EndsWith("[any key]{|}[clear][clear][menu armours bsyr]"));
 }

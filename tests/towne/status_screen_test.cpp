@@ -1,60 +1,30 @@
 #include "towne/status_screen.h"
 
-#include "state/game_state.h"
-#include "support/scripted_caller.h"
-
-#include <gmock/gmock.h>
-
-using namespace morvek;
-using namespace morvek::test;
+#include "support/game_test.h"
+#include "support/stored.h"
 
 TEST(StatusScreen, ShowsEveryValueBehindItsLabel) {
     newCall(false);
-    Player& player = game.player;
-    player.name = "Ar`red`wen\n\n";
-    player.className = "Ranger";
-    player.level = 2;
-    player.experience = 3;
-    player.experienceNeeded = 4;
-    player.gold = 5e9;
-    player.bankGold = 6.4;
-    player.hitPoints = 7;
-    player.maxHitPoints = 8;
-    player.strength = 9;
-    player.constitution = 10;
-    player.dexterity = 11;
-    player.intelligence = 12;
-    player.wisdom = 13;
-    player.charisma = 14;
-    player.weapon = std::string(60, 'w');
-    player.armour = "Cloth";
-    player.turnsLeft = 15;
-    player.turnsPerDay = 16;
-    caller.type("k");
-    showStatus();
-    EXPECT_EQ(caller.seen,
-              "\n\r\n\r`red`Your Status`bright red:\n\r"
-              "`bright white`----------------------------------------\n\r"
-              "`red`Name         `bright red`  : `bright white`Ar`red`wen\n\r"
-              "`red`Class        `bright red`  : `bright white`Ranger\n\r"
-              "`red`Level        `bright red`  : `bright white`2\n\r"
-              "`red`Experience   `bright red`  : `bright white`3`red`/`bright white`4\n\r"
-              "`red`Money on Hand `bright red` : `bright white`5000000000\n\r"
-              "`red`Money in Bank `bright red` : `bright white`6\n\r"
-              "`red`Hit Points   `bright red`  : `bright white`7`red`/`bright white`8\n\r"
-              "`red`Strength     `bright red`  : `bright white`9\n\r"
-              "`red`Constitution `bright red`  : `bright white`10\n\r"
-              "`red`Dexterity    `bright red`  : `bright white`11\n\r"
-              "`red`Intelligence `bright red`  : `bright white`12\n\r"
-              "`red`Wisdom       `bright red`  : `bright white`13\n\r"
-              "`red`Charisma     `bright red`  : `bright white`14\n\r"
-              "`red`Weapon       `bright red`  : `bright white`" +
+    beginDistinctGame();
+    game.player.name = "Ar`red`wen\n\n";
+    game.player.bankGold = 6.4;
+    game.player.weapon = std::string(60, 'w');
+    EXPECT_EQ(caller.visit(showStatus, "k"),
+              "{||}{`r`Your Status`bright red:}{|}{`W`----------------------------------------|}"
+              "{`r`Name         `R`  : `W`}<Ar`red`wen>{|}"
+              "{`r`Class        `R`  : `W`}<Ranger>{|}"
+              "{`r`Level        `R`  : `W`}<100>{|}"
+              "{`r`Experience   `R`  : `W`}<101>{`r`/`W`}<102>{|}"
+              "{`r`Money on Hand `R` : `W`}<5000000000>{|}"
+              "{`r`Money in Bank `R` : `W`}<6>{|}"
+              "{`r`Hit Points   `R`  : `W`}<103>{`r`/`W`}<104>{|}"
+              "{`r`Strength     `R`  : `W`}<105>{|}{`r`Constitution `R`  : `W`}<106>{|}"
+              "{`r`Dexterity    `R`  : `W`}<107>{|}{`r`Intelligence `R`  : `W`}<108>{|}"
+              "{`r`Wisdom       `R`  : `W`}<109>{|}{`r`Charisma     `R`  : `W`}<110>{|}"
+              "{`r`Weapon       `R`  : `W`}<" +
                   std::string(49, 'w') +
-                  "\n\r"
-                  "`red`Armour       `bright red`  : `bright white`Cloth\n\r"
-                  "`red`Turns Left   `bright red`  : `bright white`15`red` of `bright white`16\n\r"
-                  "`red`Remaining Time`bright red` : `bright white`60 minutes\n\r\n\r"
-                  "`red`Press any key!");
-    EXPECT_EQ(player.name, "Ar`red`wen") << "the name itself is trimmed";
-    EXPECT_TRUE(caller.screen().find("show Ar`red`wen\n") != std::string::npos);
+                  ">{|}{`r`Armour       `R`  : `W`}<Cloth>{|}"
+                  "{`r`Turns Left   `R`  : `W`}<113>{`r` of `W`}<114>{|}"
+                  "{`r`Remaining Time`R` : `W`60 minutes}{||}[any key]");
+    EXPECT_EQ(game.player.name, "Ar`red`wen") << "the name itself is trimmed";
 }

@@ -2,94 +2,71 @@
 #include "towne/tavern.h"
 
 #include "characters/character_file.h"
-#include "door/screen.h"
-#include "state/game_state.h"
 #include "support/temporary_directory.h"
 #include "towne/drinks.h"
 #include "towne/inn.h"
-#include "towne/said.h"
-
-using namespace morvek;
-using namespace morvek::test;
-using testing::HasSubstr;
 
 class Tavern : public InTemporaryDirectory {
 protected:
     Tavern() {
         game.session.dateStamp = "111526";
-        game.player.name = "Arwen";
-        game.player.className = "Ranger";
-        game.player.level = 3;
-        game.player.experience = 1500;
-        game.player.hitPoints = 10;
-        game.player.turnsPerDay = 20;
+        game.player = {.name = "Arwen",
+                       .className = "Ranger",
+                       .level = 3,
+                       .experience = 1500,
+                       .turnsPerDay = 20};
     }
+    const std::string menu = "[clear]{`r`Tavern|}{`W`----------------------------------||}"
+                             "{`r`O`R`)`W`rder Drink|}{`r`T`R`)`W`raining|}"
+                             "{`r`L`R`)`W`ook at Morvek's Scroll|}{`r`G`R`)`W`et a Room|}"
+                             "{`r`Y`R`)`W`our Status|}{`r`R`R`)`W`eturn to Towne||}"
+                             "[menu tavern otlrgy]";
 };
 
-TEST_F(Tavern, ShowsItsMenuAndLeadsEverywhere) {
-    caller.type("ol tr lc g y r");
-    visitTavern();
-    const std::string menu = said("", "`red`Order");
-    EXPECT_EQ(menu, "`red`Tavern|`bright white`----------------------------------||"
-                    "`red`O`bright red`)`bright white`rder Drink|"
-                    "`red`T`bright red`)`bright white`raining|"
-                    "`red`L`bright red`)`bright white`ook at Morvek's Scroll|"
-                    "`red`G`bright red`)`bright white`et a Room|"
-                    "`red`Y`bright red`)`bright white`our Status|"
-                    "`red`R`bright red`)`bright white`eturn to Towne||");
+TEST_F(Tavern, LeadsEverywhere) {
+    caller.visit(visitTavern, "ol tr lc g y r");
     for (const char* place : {"Order a Drink", "Training Hall", "lose Scroll", "Maybe another"}) {
-        EXPECT_THAT(said(), HasSubstr(place));
+        EXPECT_TRUE(caller.saw(place)) << place;
     }
-    EXPECT_THAT(said(), testing::EndsWith(menu + "`bright white`Return to Towne!"));
-    EXPECT_THAT(caller.screen(), HasSubstr("key\nsay |\nclear\nclear\nsay `red`Tavern"));
+    EXPECT_TRUE(caller.saw(menu + "{|}[clear]{`r`Your Status"));
+    EXPECT_THAT(caller.screen, EndsWith("[any key]{|}[clear]" + menu + "{`W`Return to Towne!}"));
 }
 
 TEST_F(Tavern, EachDrinkHasItsPriceAndItsLimit) {
-    struct Drink {
-        char key;
-        const char* name;
-        double price;
-        std::int32_t limit; // turns left, of 20, with which it gives none
-        const char* cheer;
-    };
-    for (const Drink& drink :
-         std::vector<Drink>{{'1', "Ale", 10, 20, "You are feeling a little frisky.||"},
-                            {'2', "Brew", 25, 20, "You are feeling a little lightheaded!||"},
-                            {'3', "Whiskey", 50, 17, "Just one more...||"}}) {
-        const std::string question = "||`red`" + std::string(drink.name) + " for `bright white`" +
-                                     moneyText(drink.price) + "`red` gold" + yesNo;
-        const auto order = [&](double gold, std::int32_t turns, const std::string& keys) {
+    // Key, name, price, turns left of 20 with which it gives none, and what is said.
+    const Cases<std::string, std::string, int, int, std::string> drinks{
+        {"1", "Ale", 10, 20, "{You are feeling a little frisky.||}"},
+        {"2", "Brew", 25, 20, "{You are feeling a little lightheaded!||}"},
+        {"3", "Whiskey", 50, 17, "{Just one more...||}"}};
+    for (const auto& [key, name, price, limit, cheer] : drinks) {
+        const auto order = [&, &number = key](double gold, int turns, const std::string& keys) {
             game.player.gold = gold;
             game.player.turnsLeft = turns;
-            caller.type(drink.key + keys + "l ");
-            orderDrink();
-            return said("`bright white`" + moneyText(gold) + "|", "`red`Order");
+            caller.visit(orderDrink, number + keys + "l ");
+            return caller.between("[menu drink 123l]", "[clear]");
         };
-        EXPECT_EQ(order(drink.price, drink.limit - 1, "y"), question + drink.cheer);
-        EXPECT_EQ(game.player.gold, 0);
-        EXPECT_EQ(game.player.turnsLeft, drink.limit);
-        order(drink.price, drink.limit, "y");
-        EXPECT_EQ(game.player.gold, 0);
-        EXPECT_EQ(game.player.turnsLeft, drink.limit);
-        EXPECT_EQ(order(drink.price, 5, "n "), question + "||That's too bad.|");
-        EXPECT_EQ(order(drink.price - 1, 5, " "), "||`bright white`You don't have enough gold.|");
+        const std::string question =
+            "{||}{`r`" + name + " for `W`" + std::to_string(price) + "`r` gold" + yesNo;
+        for (const int turns : {limit - 1, limit}) {
+            EXPECT_EQ(order(price, turns, "y"), question + cheer);
+            EXPECT_EQ(game.player.gold, 0);
+            EXPECT_EQ(game.player.turnsLeft, limit);
+        }
+        EXPECT_EQ(order(price, 5, "n "), question + "{||}{That's too bad.|}[key]");
+        EXPECT_EQ(order(price - 1, 5, " "), "{||}{`W`You don't have enough gold.|}[key]");
         EXPECT_EQ(game.player.turnsLeft, 5);
     }
 }
 
 TEST_F(Tavern, TheBarSavesTheCharacterOnTheWayOut) {
-    game.player.gold = 60;
-    caller.type("1yl ");
-    orderDrink();
-    // clang-format off
-    EXPECT_EQ(said("frisky.||"),
-        "`red`Order a Drink|`bright white`----------------------------------|"
-        "`red`[`bright red`1`red`] `bright white`Ale                     `bright red`10 `red`gold |"
-        "`red`[`bright red`2`red`] `bright white`Brew                    `bright red`25 `red`gold |"
-        "`red`[`bright red`3`red`] `bright white`Whiskey                 `bright red`50 `red`gold |"
-        "|`red`L`bright red`)`bright white`eave                            ||"
-        "`red`Gold`bright red`: `bright white`50|||`red`Maybe next time, eh? ");
-    // clang-format on
+    game.player.gold = 50;
+    EXPECT_EQ(caller.visit(orderDrink, "l "),
+              "[clear]{`r`Order a Drink|}{`W`----------------------------------|}"
+              "{`r`[`R`1`r`] `W`Ale                     `R`10 `r`gold |}"
+              "{`r`[`R`2`r`] `W`Brew                    `R`25 `r`gold |}"
+              "{`r`[`R`3`r`] `W`Whiskey                 `R`50 `r`gold |}"
+              "{|}{`r`L`R`)`W`eave                            ||}{`r`Gold`R`: `W`}<50>{|}"
+              "[menu drink 123l]{||}{`r`Maybe next time, eh? }[key]");
     game.roster = Roster{};
     ASSERT_TRUE(readRoster());
     EXPECT_DOUBLE_EQ(game.roster.slots[0].gold, 50);
@@ -101,45 +78,36 @@ TEST_F(Tavern, ARoomEndsTheGameButSavesNothing) {
     game.world.currentLocation = 9;
     savePlayer();
     const std::string saved = readFile("morchars.dat");
-    caller.type("gy ");
-    visitTavern();
-    EXPECT_EQ(said("`bright white`eturn to Towne||"),
-              "||`bright white`Welcome to the Tavern's Inn!||`red`Renting a room is: "
-              "`bright red`150`red` gold.||`red`Rent a room for `bright red`150`red`? "
-              "(`bright red`y`red`/`bright red`n`red`): ||`red`Getting your room ready... |"
-              "`bright white`DONE`red`!||" +
-                  anyKey);
+    EXPECT_EQ(caller.visit(visitTavern, "gy "),
+              menu + "{||`W`Welcome to the Tavern's Inn!}{||`r`Renting a room is: `R`}<150>"
+                     "{`r` gold.}{||`r`Rent a room for `R`}<150>{`r`? (`R`y`r`/`R`n`r`): }"
+                     "[answer YN]{||}{`r`Getting your room ready... }{|}{`W`DONE`r`!||}[any key]");
     EXPECT_EQ(game.session.roomRented, 1);
     EXPECT_EQ(game.session.today, 111526);
     EXPECT_EQ(game.roster.slots[2].lastPlayedDay, 111526);
     EXPECT_EQ(game.world.currentLocation, 0);
-    EXPECT_EQ(game.player.hitPoints, 0);
+    EXPECT_EQ(game.player.name, "");
     EXPECT_EQ(game.player.gold, 0);
     EXPECT_EQ(game.scores.table[0].name, "");
     EXPECT_EQ(readFile("scores.dat"), "Arwen#1500Ranger\n");
     EXPECT_EQ(readFile("morchars.dat"), saved);
-    caller.type("g"); // with a room, the inn sends him straight back to Towne
-    visitTavern();
-    EXPECT_EQ(said("`bright white`eturn to Towne||"), "");
+    EXPECT_EQ(caller.visit(visitTavern, "g"), menu) << "who has a room is sent back to Towne";
 }
 
 TEST_F(Tavern, WhoCannotPayOrWillNotGetsNoRoom) {
     game.player.gold = 149;
     game.session.roomRented = 1;
-    caller.type(" ");
-    rentRoom();
-    EXPECT_THAT(said(), testing::EndsWith("||`red`You don't have enough gold in your pocket."
-                                          "||`red`Maybe another time..."));
+    EXPECT_THAT(caller.visit(rentRoom, " "),
+                EndsWith("{||`r`You don't have enough gold in your pocket.}"
+                         "{||`r`Maybe another time...}[key]"));
     EXPECT_EQ(game.session.roomRented, 0);
     game.player.gold = 200;
-    caller.type("gnr");
-    visitTavern();
+    caller.visit(visitTavern, "gnr");
     EXPECT_EQ(game.session.roomRented, 0);
     EXPECT_EQ(game.player.gold, 200);
     game.player.level = 2147483647; // forged: the price wraps
     game.session.currentSlot = 50;
-    caller.type("y ");
-    rentRoom();
-    EXPECT_THAT(said(), HasSubstr("`bright red`-50`red` gold."));
+    caller.visit(rentRoom, "y ");
+    EXPECT_TRUE(caller.saw("<-50>{`r` gold.}"));
     EXPECT_EQ(game.session.roomRented, 1);
 }

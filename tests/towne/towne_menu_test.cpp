@@ -1,100 +1,95 @@
 // The hub's keys and its three ways out.
 #include "towne/towne_menu.h"
 
-#include "state/game_state.h"
 #include "support/temporary_directory.h"
-
-using namespace morvek;
-using namespace morvek::test;
-
-namespace {
-
-constexpr const char* hub = "clear\nmenu townmenu fhwambtlyoqp\n";
-
-} // namespace
 
 class Towne : public InTemporaryDirectory {
 protected:
     Towne() {
         game.session.dateStamp = "111526";
         game.session.inGame = 1;
-        game.player.name = "Arwen";
-        game.player.className = "Ranger";
-        game.player.experience = 40;
-        game.player.hitPoints = 10;
-        game.player.maxHitPoints = 20;
+        game.player = {.name = "Arwen",
+                       .className = "Ranger",
+                       .experience = 40,
+                       .hitPoints = 10,
+                       .maxHitPoints = 20,
+                       .strength = 9,
+                       .charisma = 9};
         game.session.sessionStartExperience = 40;
     }
     static PlayerRecord& slot(std::size_t number) { return game.roster.slots[number]; }
+
+    const std::string hub = "[clear][menu townmenu fhwambtlyoqp]";
 };
 
 TEST_F(Towne, QuittingWithoutNewExperienceTouchesNoScore) {
     game.encounter.monster.hitPoints = 5;
     game.scores.table[3].name = "Old";
-    caller.type("qk");
-    towneMenu();
-    EXPECT_EQ(caller.screen(), std::string(hub) + "say `bright white`Quit!|\nsay |\n"
-                                                  "say `red`Press any key!\nkey\n");
-    EXPECT_EQ(slot(0).onlineFlag, 0U);
+    EXPECT_EQ(caller.visit(towneMenu, "qk"), hub + "{`W`Quit!|}{|}[any key]");
     EXPECT_EQ(slot(0).name.view(), "Arwen");
-    EXPECT_EQ(game.session.inGame, 0);
-    EXPECT_FALSE(std::filesystem::exists("scores.dat"));
-    EXPECT_TRUE(game.player.name.empty());
-    EXPECT_EQ(game.player.hitPoints, 0);
+    EXPECT_EQ(slot(0).onlineFlag, 0U);
+    EXPECT_FALSE(fs::exists("scores.dat"));
+    EXPECT_EQ(game.player.name + game.scores.table[3].name, "");
+    EXPECT_EQ(game.player.strength + game.player.charisma, 0);
+    EXPECT_EQ(game.player.hitPoints + game.encounter.monster.hitPoints + game.session.inGame, 0);
     EXPECT_EQ(game.player.maxHitPoints, 20) << "not among what is emptied";
-    EXPECT_TRUE(game.scores.table[3].name.empty());
-    EXPECT_EQ(game.encounter.monster.hitPoints, 0);
 }
 
 TEST_F(Towne, QuittingWithNewExperienceEntersTheScoreAndDatesTheCallersSlot) {
-    slot(0).ownerName.assign("Other");
-    game.session.currentSlot = 0; // the caller's own slot counts, not this number
+    slot(0).ownerName.assign("Other"); // the caller's own slot counts, not the current number
     game.session.sessionStartExperience = 39;
-    caller.type("qk");
-    towneMenu();
+    caller.visit(towneMenu, "qk");
     EXPECT_EQ(readFile("scores.dat"), "Arwen#40Ranger\n");
     EXPECT_EQ(game.session.today, 111526);
     EXPECT_EQ(slot(1).lastPlayedDay, 111526);
     EXPECT_EQ(slot(0).lastPlayedDay, 0);
 }
 
-TEST_F(Towne, TheDeadLeaveAtOnceAndAreStoredHealed) {
-    game.world.playerDead = 1;
+TEST_F(Towne, WhoComesDeadOrLosesHisLastHitPointLeavesWithoutAWord) {
     game.player.hitPoints = 0;
     towneMenu();
-    EXPECT_EQ(slot(0).hitPoints, 20);
+    EXPECT_EQ(slot(0).hitPoints, 0);
+    game.world.playerDead = 1;
+    towneMenu();
+    EXPECT_EQ(slot(0).hitPoints, 20) << "the dead are stored healed";
     EXPECT_EQ(game.player.hitPoints, 0);
     game.player.hitPoints = 3; // dead, but with hit points: only the first save
     towneMenu();
     EXPECT_EQ(slot(0).hitPoints, 3);
-    EXPECT_TRUE(caller.calls.empty());
+    EXPECT_EQ(caller.screen, "");
     EXPECT_EQ(slot(0).onlineFlag, 1U) << "only quitting takes him off the list";
 }
 
-TEST_F(Towne, WhoeverLosesHisLastHitPointLeavesWithoutAWord) {
-    game.player.hitPoints = 0;
-    towneMenu();
-    EXPECT_TRUE(caller.calls.empty());
-    EXPECT_EQ(slot(0).name.view(), "Arwen");
+TEST_F(Towne, ShowsTheMenuAgainAfterEachKeyAlsoAfterOneWithoutAPlace) {
+    EXPECT_THROW(caller.visit(towneMenu, "mMx9lkyyo"), OutOfKeys);
+    EXPECT_THAT(caller.screen,
+                StartsWith(hub + "{|}" + hub + "{|}" + hub + "[clear][clear]{`r`Player List|}"));
+    EXPECT_TRUE(caller.saw("<1>{|}{|}[any key]" + hub + "{|}[clear]{`r`Your Status`bright red:}"));
+    EXPECT_TRUE(caller.saw("[any key]{|}" + hub + "[clear]{`r`Users currently on-line`R`:|}"));
 }
 
-TEST_F(Towne, KeysWithoutAPlaceShowTheMenuAgain) {
-    caller.type("mMx9");
-    EXPECT_THROW(towneMenu(), OutOfKeys);
-    EXPECT_EQ(caller.screen(), std::string(hub) + "say |\n" + hub + "say |\n" + hub)
-        << "a key that is no hot key is refused by the menu itself";
+TEST_F(Towne, EveryKeyLeadsToItsPlace) {
+    caller.visit(towneMenu, "f hrwrarbrtrp0\r qk");
+    EXPECT_TRUE(caller.saw(hub + "{||`W`You are out of turns for today.|}"
+                                 "{`r`Come back tomorrow...}{||}[any key]"));
+    for (const char* place : {"{`r`Health Shrine|}", "[menu weapons bsyr]", "[menu armours bsyr]",
+                              "{`r`Bank|}", "{`r`Tavern|}"}) {
+        EXPECT_TRUE(caller.saw(hub + "{|}[clear]" + place)) << place;
+    }
+    EXPECT_TRUE(caller.saw("{|`r`Enter player # to attack"));
+    game.player.hitPoints = 10;
+    game.session.roomRented = 1;
+    EXPECT_THAT(caller.visit(towneMenu, "tqk"), StartsWith(hub + "{|}" + hub));
 }
 
-TEST_F(Towne, ShowsStatusListAndUsersOnline) {
-    caller.type("lkyyo");
-    EXPECT_THROW(towneMenu(), OutOfKeys);
-    const std::string screen = caller.screen();
-    EXPECT_NE(screen.find(std::string(hub) + "clear\nclear\nsay `red`Player List|\n"),
-              std::string::npos);
-    EXPECT_NE(screen.find("show 1\nsay |\nsay |\nsay `red`Press any key!\nkey\n" +
-                          std::string(hub) + "say |\nclear\nsay `red`Your Status`bright red:\n"),
-              std::string::npos);
-    EXPECT_NE(screen.find("key\nsay |\n" + std::string(hub) +
-                          "clear\nsay `red`Users currently on-line`bright red`:|\n"),
-              std::string::npos);
+TEST_F(Towne, TheWayOutResumesWhereHeLeftAPlaceOnlyForWhoWasSentBack) {
+    game.player.turnsLeft = 5;
+    game.world.words.fill(1);
+    game.world.previousLocation = 3;
+    caller.visit(towneMenu, "ffqk");
+    EXPECT_EQ(caller.times("{`r`Forest 1|}"), 1);
+    game.player.hitPoints = 10;
+    game.world.previousLocation = 3;
+    game.world.leavingWorld = 1;
+    EXPECT_THAT(caller.visit(towneMenu, "ffqk"), StartsWith(hub + "[clear]{||}{`r`Forest 3|}"));
 }

@@ -1,16 +1,9 @@
 // One room at a time: its screens to the letter, its draws in their order, and its oddities.
 #include "walkers.h"
 
-using namespace morvek;
-using namespace morvek::test;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::StartsWith;
-
 namespace {
 
-const char* const statusTitle = "`red`Your Status`bright red:";
+const char* const statusTitle = "`r`Your Status`bright red:";
 constexpr RoomNumber castle = roomOf(Level::castle1, 1);
 
 } // namespace
@@ -19,45 +12,44 @@ TEST(RoomScreen, AnEncounterWithItsMenu) {
     beginCall();
     chance.script({4});
     walk(1, "cxf"); // the misspelt colour and the "c", another "y", are this location's own
-    EXPECT_THAT(
-        screens(),
-        StartsWith("[clear]{||}{`red`Forest 1|}{|}{`red`You've encountered `bright red`}<2>"
-                   "{ `bright white`}<Kobold Minion>{s}{`red.`|}{|}"
-                   "{`red`Your HP`bright red`: `bright white`}<20>{`red`/`bright white`}<25>{|}"
-                   "{`bright white`}<Kobold Minion>{'s `red`HP`bright red`: `bright white`}<1>"
-                   "{`red`/`bright white`}<1>{|\n}{`red`A`bright red`)`bright white`ttack|}"
-                   "{`red`Y`bright red`)`bright white`our Status|`red`}"
-                   "{`red`F`bright red`)`bright white`lee to Towne|`red`}[menu areaone acyf]"));
-    EXPECT_EQ(timesSaid(statusTitle), 1);
+    EXPECT_THAT(caller.screen,
+                StartsWith("[clear]{||}{`r`Forest 1|}{|}{`r`You've encountered `R`}<2>"
+                           "{ `W`}<Kobold Minion>{s}{`red.`|}{|}"
+                           "{`r`Your HP`R`: `W`}<20>{`r`/`W`}<25>{|}"
+                           "{`W`}<Kobold Minion>{'s `r`HP`R`: `W`}<1>"
+                           "{`r`/`W`}<1>{|\n}{`r`A`R`)`W`ttack|}"
+                           "{`r`Y`R`)`W`our Status|`r`}"
+                           "{`r`F`R`)`W`lee to Towne|`r`}[menu areaone acyf]"));
+    EXPECT_EQ(caller.times(statusTitle), 1);
     EXPECT_EQ(game.world.previousLocation, 99) << "flight from a fight notes nothing";
 
     beginCall();
     game.world.position(Level::castle1) = 9;
     walk(castle, "y"); // in a level it is flight
     EXPECT_EQ(game.world.position(Level::castle1), 1);
-    EXPECT_THAT(screens(), HasSubstr("<1>{ `bright white`}<Human Rabble>{|}{`red`Your HP"));
-    EXPECT_THAT(screens(), EndsWith("lee to Towne||`red`}[menu areaone ayf]"));
+    EXPECT_THAT(caller.screen, HasSubstr("<1>{ `W`}<Human Rabble>{|}{`r`Your HP"));
+    EXPECT_THAT(caller.screen, EndsWith("lee to Towne||`r`}[menu areaone ayf]"));
 }
 
 TEST(RoomScreen, DirectionsOfALocationAndOfALevel) {
     beginCall(true, false);
     walk(5, "f");
-    EXPECT_EQ(screens(), "{||}{||}{`red`Rattlehead Pathway 5|}{|}{`red`Directions`bright red`:||}"
-                         "{`red`2`bright red`) `bright white`South|}"
-                         "{`red`7`bright red`) `bright white`North West|}"
-                         "{`red`8`bright red`) `bright white`North|}"
-                         "{`red`9`bright red`) `bright white`North East|}{|}"
-                         "{`red`H`bright red`)`bright white`ealing Shrine|`red`}"
-                         "{`red`S`bright red`)`bright white`earch Area|`red}"
-                         "{`red`Y`bright red`)`bright white`our Status|`red`}"
-                         "{`red`F`bright red`)`bright white`lee to Towne|`red`}{|}"
-                         "[menu areaone 2789shyf]");
+    EXPECT_EQ(caller.screen, "{||}{||}{`r`Rattlehead Pathway 5|}{|}{`r`Directions`R`:||}"
+                             "{`r`2`R`) `W`South|}"
+                             "{`r`7`R`) `W`North West|}"
+                             "{`r`8`R`) `W`North|}"
+                             "{`r`9`R`) `W`North East|}{|}"
+                             "{`r`H`R`)`W`ealing Shrine|`r`}"
+                             "{`r`S`R`)`W`earch Area|`red}"
+                             "{`r`Y`R`)`W`our Status|`r`}"
+                             "{`r`F`R`)`W`lee to Towne|`r`}{|}"
+                             "[menu areaone 2789shyf]");
     beginCall(true);
     walk(roomOf(Level::castle1, 22), "yxdf"); // the status, the room anew, and on from there
-    EXPECT_THAT(screens(), HasSubstr("[key][clear]{||}{`red`Castle Level 1-22|}{|}{`red`Dir"));
-    EXPECT_THAT(screens(), HasSubstr("{`red`D`bright red`) `bright white`Down to Level 2|}{|}"
-                                     "{`red`H`bright red`)`bright white`ealing Shrine|`red`}"
-                                     "{`red`Y`bright red`)`bright white`our Status|`red`}"));
+    EXPECT_THAT(caller.screen, HasSubstr("[any key][clear]{||}{`r`Castle Level 1-22|}{|}{`r`Dir"));
+    EXPECT_THAT(caller.screen, HasSubstr("{`r`D`R`) `W`Down to Level 2|}{|}"
+                                         "{`r`H`R`)`W`ealing Shrine|`r`}"
+                                         "{`r`Y`R`)`W`our Status|`r`}"));
     EXPECT_EQ(game.world.position(Level::castle1), 1) << "the status led home from there too";
 }
 
@@ -90,22 +82,22 @@ TEST(Room, TheDeadAndThoseWithoutTurnsAreStoredAndDrawnForButSeeNothing) {
         walk(7, "");
         EXPECT_EQ(game.world.currentLocation, 7);
         EXPECT_EQ(game.encounter.groupActive, 1);
-        EXPECT_TRUE(caller.calls.empty());
+        EXPECT_EQ(caller.screen, "");
     }
 }
 
 TEST(Room, TheStatusInAFightComesBackToTheSameWoundedMonster) {
     beginCall();
     walk(30, "axyxf");
-    EXPECT_EQ(timesSaid(statusTitle), 1);
-    EXPECT_THAT(screens(), HasSubstr("<Kobold Skirmisher>{'s `red`HP`bright red`: `bright white`}"
-                                     "<26>{`red`/`bright white`}<27>{|\n}"));
+    EXPECT_EQ(caller.times(statusTitle), 1);
+    EXPECT_THAT(caller.screen, HasSubstr("<Kobold Skirmisher>{'s `r`HP`R`: `W`}"
+                                         "<26>{`r`/`W`}<27>{|\n}"));
     EXPECT_EQ(chance.drawn, 1 + 3 + 4 + 3) << "one group, one monster, one round, no more";
     EXPECT_EQ(game.encounter.monster.hitPoints, 0);
 }
 
 TEST(Exits, LeaveTheTrailThatTheirRowsSay) {
-    const std::vector<std::tuple<RoomNumber, const char*, int>> cases{
+    const Cases<RoomNumber, const char*, int> cases{
         {5, "8f", 5},   {5, "2f", 99},  {5, "9f", 99},       {12, "8f", 12},      {12, "17f", 6},
         {56, "ef", 56}, {58, "ef", 99}, {castle, "82f", 99}, {castle, "l4f", 56}, {1, "8f", 1},
     };
@@ -121,22 +113,22 @@ TEST(Exits, LeaveTheTrailThatTheirRowsSay) {
 TEST(Exits, SomeLeadNowhere) {
     beginCall(true);
     walk(roomOf(Level::mortuary1, 14), "26f"); // "2" is refused, "6" does nothing
-    EXPECT_THAT(screens(), HasSubstr(":||}{`red`6`bright red`) `bright white`East|}{|}"));
-    EXPECT_THAT(screens(), EndsWith("{|}[menu areaone 6hyf][menu areaone 6hyf]"));
+    EXPECT_THAT(caller.screen, HasSubstr(":||}{`r`6`R`) `W`East|}{|}"));
+    EXPECT_THAT(caller.screen, EndsWith("{|}[menu areaone 6hyf][menu areaone 6hyf]"));
 
     beginCall(true);
     walk(roomOf(Level::cavern1, 7), "exf");
-    EXPECT_THAT(screens(), HasSubstr("{`red`E`bright red`)`bright white`xit Rattlehead Cavern|}"));
-    EXPECT_THAT(screens(), HasSubstr("[menu areaone e2hyf]{||}{`red`Under Development}{||}"
-                                     "{`red`Press any key!}[key][clear]"));
+    EXPECT_THAT(caller.screen, HasSubstr("{`r`E`R`)`W`xit Rattlehead Cavern|}"));
+    EXPECT_THAT(caller.screen, HasSubstr("[menu areaone e2hyf]{||}{`r`Under Development}{||}"
+                                         "[any key][clear]"));
 }
 
 TEST(SpecialRooms, ForestOneAnnouncesAFlightAndWillHaveThePlayerBack) {
     beginCall(true);
     game.encounter.monster.monsterReady = 1;
     walk(1, "f");
-    EXPECT_THAT(screens(), EndsWith("[menu areaone 846shyf]{||}"
-                                    "{`red`Returning to Towne`bright red`...||}"));
+    EXPECT_THAT(caller.screen, EndsWith("[menu areaone 846shyf]{||}"
+                                        "{`r`Returning to Towne`R`...||}"));
     EXPECT_EQ(game.world.previousLocation, 1);
     EXPECT_EQ(game.encounter.monster.monsterReady, 0);
 }
@@ -146,14 +138,14 @@ TEST(SpecialRooms, TheCastleGateTakesItsHiddenKeyInAVisitsFirstMenuOfAnActiveGro
     walk(56, "cf"); // without a status: he is on his way home
     EXPECT_EQ(game.encounter.groupActive, 0);
     EXPECT_EQ(timesShown("Cedar River 56"), 2);
-    EXPECT_THAT(screens(), EndsWith("[menu areaone ayf]"));
-    EXPECT_EQ(timesSaid(statusTitle), 0);
+    EXPECT_THAT(caller.screen, EndsWith("[menu areaone ayf]"));
+    EXPECT_EQ(caller.times(statusTitle), 0);
 
     beginCall();
     chance.script({0, 0, 0, 0, 1}); // the first blow misses
     walk(56, "axcf");
-    EXPECT_THAT(screens(), HasSubstr("[menu areaone acyf]"));
-    EXPECT_THAT(screens(), EndsWith("[menu areaone ayf]")) << "refused from the second menu on";
+    EXPECT_THAT(caller.screen, HasSubstr("[menu areaone acyf]"));
+    EXPECT_THAT(caller.screen, EndsWith("[menu areaone ayf]")) << "refused from the second menu on";
 
     beginCall(); // whoever dies in the room shown anew is not on his way home
     game.session.characterFileName = testing::TempDir() + "no/such/place";
@@ -168,7 +160,7 @@ TEST(SpecialRooms, TheMortuarysEntranceShowsItsDirectionsWhoeverIsAlive) {
     beginCall();
     game.encounter.monster.hitPoints = 9; // a trainer, left alive in the hall
     walk(26, "sxey");                     // an ambush, which finds its monster inside
-    EXPECT_EQ(timesSaid("`red`E`bright red`)`bright white`nter Mortuary\n\r"), 2);
+    EXPECT_EQ(caller.times("{`r`E`R`)`W`nter Mortuary|}"), 2);
     EXPECT_EQ(game.encounter.monster.name, "Zombie Rotter");
     EXPECT_EQ(game.encounter.ambushPending, 1);
 }

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+// A directory of its own for one test, gone with it.
+struct Folder {
+    Folder() {
+        if (mkdtemp(self.data()) == nullptr) {
+            std::abort();
+        }
+    }
+    ~Folder() { std::filesystem::remove_all(self); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    std::string path(const std::string& name = "") const { return self + '/' + name; }
+
+    // Writes a file into it; its path.
+    std::string write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(path(name), std::ios::binary) << bytes;
+        return path(name);
+    }
+
+    std::string self = "/tmp/morvek.XXXXXX";
+};

@@ -1,0 +1,23 @@
+// What every test of the game begins with: its state, its caller, its chance, and the words to
+// talk about them.
+#pragma once
+
+#include "state/game_state.h"
+#include "support/scripted_caller.h"
+#include "support/scripted_chance.h"
+
+#include <gmock/gmock.h>
+
+#include <tuple>
+#include <vector>
+
+using namespace morvek;
+using namespace morvek::test;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+// A table that a test runs over: a row for each case.
+template <typename... Columns>
+using Cases = std::vector<std::tuple<Columns...>>;
