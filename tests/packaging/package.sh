@@ -32,7 +32,7 @@ plays() {
 
 {
     cmake -S "$source" --preset release -B "$build" -DMORVEK_SYSOP=ON
-    cmake --build "$build"
+    cmake --build "$build" --parallel 2
 } >"$work/log" 2>&1 || fail "$(cat "$work/log")"
 
 cd "$work"
@@ -58,7 +58,6 @@ installed=yes
 dpkg --install "$package"
 plays /usr/bin/morvek /usr/bin/morvek-sysop "$work/installed-game"
 dpkg --remove morvek
-dpkg --purge morvek
 installed=
 ! dpkg --status morvek >status 2>&1 || fail "still installed: $(cat status)"
 while read -r path; do
