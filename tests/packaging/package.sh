@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# Builds the release and its two packages in the directory BUILD, which it keeps for the next time,
+# and plays from each: the archive where it is unpacked; the Debian package installed into this
+# system, where that may be done, and removed again without a trace.
+#   package.sh SOURCE BUILD
+set -euo pipefail
+source=$1 build=$2
+work=$(mktemp -d)
+installed=
+trap '[ -z "$installed" ] || dpkg --purge morvek; rm -rf "$work"' EXIT
+
+fail() {
+    echo "$*" >&2
+    exit 1
+}
+
+skip() {
+    echo "Skipped: $*"
+    exit 77
+}
+
+# plays MORVEK SYSOP GAME: makes the game and has a caller of that board play up to the first save.
+plays() {
+    "$2" init "$3" --board "The Oak"
+    printf '%s\r\n' 2 -1 0 Board 1 'Real Name' Alice 50 40 1 1 >"$3/DOOR32.SYS"
+    (cd "$3" && printf 'SArwen\ry2xqqxq' | timeout 10 "$1" -D DOOR32.SYS >screen) ||
+        fail "$1 ended with status $?"
+    grep -q "The Oak" "$3/screen" || fail "$1 does not know its board"
+    "$2" --game "$3" players | grep -q Alice || fail "$1 has not saved the caller's character"
+    "$2" --game "$3" check
+}
+
+{
+    cmake -S "$source" --preset release -B "$build" -DMORVEK_SYSOP=ON
+    cmake --build "$build" --parallel 2
+} >"$work/log" 2>&1 || fail "$(cat "$work/log")"
+
+cd "$work"
+cpack --config "$build/CPackConfig.cmake" -G ZIP -B "$work" >log 2>&1 || fail "$(cat log)"
+mkdir unpacked
+(cd unpacked && cmake -E tar xf ../morvek.zip)
+awk '!/^[ -~]*\r$/ || length > 46 || NR > 10 { exit 1 }' unpacked/FILE_ID.DIZ ||
+    fail "FILE_ID.DIZ is not what boards show"
+plays "$work/unpacked/morvek" "$work/unpacked/morvek-sysop" "$work/game"
+grep -roE '\]\([^):#]+' unpacked/docs --include='*.md' | while IFS=: read -r guide link; do
+    [ -e "$(dirname "$guide")/${link#](}" ] || fail "$guide names ${link#](}, which is not there"
+done
+
+command -v dpkg-shlibdeps >/dev/null || skip "no dpkg-dev here; the archive is good"
+cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work" >log 2>&1 || fail "$(cat log)"
+package=$(echo "$work"/morvek_*.deb)
+dpkg-deb --fsys-tarfile "$package" | tar -t | sed 's|^\.||' >contents
+! grep -vE '^/(usr/((bin|share)/.*)?)?$' contents || fail "these are out of place"
+[ "$(id -u)" -eq 0 ] || skip "not root; the archive is good and the Debian package built"
+! dpkg --status morvek >status 2>/dev/null || skip "a package of this name is installed already"
+
+installed=yes
+dpkg --install "$package"
+plays /usr/bin/morvek /usr/bin/morvek-sysop "$work/installed-game"
+dpkg --remove morvek
+installed=
+! dpkg --status morvek >status 2>&1 || fail "still installed: $(cat status)"
+while read -r path; do
+    case $path in
+    */morvek*) [ ! -e "$path" ] || fail "left behind: $path" ;;
+    esac
+done <contents
