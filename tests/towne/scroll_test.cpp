@@ -102,9 +102,6 @@ TEST_F(Board, WhatCannotBeOpenedOrCreatedIsShownFromMemory) {
     fs::create_directory("scroll.dat");
     EXPECT_EQ(entries("wTo a directory\ryc"), shown("Arwen", "To a directory", "{||}"));
     fs::remove("scroll.dat");
-    ::mkfifo("scroll.dat", 0666);
-    EXPECT_THAT(entries("wTo a pipe\ryc"), EndsWith(shown("Arwen", "To a pipe", "{||}")));
-    fs::remove("scroll.dat");
     ::chmod(".", 0555);
     const AsNobody nobody;
     EXPECT_THAT(entries("wTo nobody\ryc"), StartsWith(shown("Arwen", "To a directory")));
