@@ -94,18 +94,6 @@ TEST_F(CharacterFile, TheLastSlotIsReachedByTheHealedSaveAlone) {
     EXPECT_EQ(game.session.currentSlot, 49);
 }
 
-TEST_F(CharacterFile, TheQuickSaveWritesSlotZeroWhoeverOwnsIt) {
-    ownByOthers(1);
-    slot(0).level = 6;
-    game.player.level = 2;
-    game.player.weapon = "Mace";
-    saveQuick();
-    EXPECT_EQ(storedSlot(0).name.view(), "Somebody");
-    EXPECT_EQ(storedSlot(0).ownerName.view(), "Other");
-    EXPECT_EQ(storedSlot(0).weapon.view(), "Mace");
-    EXPECT_EQ(storedSlot(0).level, 6);
-}
-
 TEST_F(CharacterFile, AnEmptyUserNameOwnsTheFirstFreeSlot) {
     newCall(true, "");
     ownByOthers(1);

@@ -56,8 +56,7 @@ TEST(Training, AYesToTheQuestionTrainerGivesAnsiAndANoEndsTheTraining) {
     newCall(false);
     game.player.level = 7;
     game.player.experience = 13000;
-    EXPECT_THAT(caller.visit(questionTrainer, "yk"),
-                HasSubstr("[answer YN]{`W`YES`W`!}{||}{`r`I'm ready whenever you are.||}"));
+    EXPECT_THAT(caller.visit(questionTrainer, "yk"), HasSubstr("whenever you are.||}[any key]"));
     EXPECT_EQ(game.session.inTraining, 1);
     EXPECT_THAT(caller.visit(questionTrainer, "n"), StartsWith("[clear]"));
     EXPECT_EQ(game.session.inTraining, 0);

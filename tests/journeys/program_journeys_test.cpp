@@ -33,16 +33,10 @@ std::string contentOf(const std::string& path) {
 // A game directory as an operator leaves it, and the program in it.
 struct Game {
     Folder folder;
-    std::set<std::string> filesBefore;
 
     Game() {
         std::filesystem::copy(MORVEK_MENUS_DIR, folder.path());
-        write("morvek.cfg", "Morvek\nThe Test Board\n.\n");
-    }
-
-    void write(const std::string& name, const std::string& bytes) {
-        folder.write(name, bytes);
-        filesBefore = files();
+        folder.write("morvek.cfg", "Morvek\nThe Test Board\n.\n");
     }
 
     Child program(const std::vector<std::string>& arguments) const {
@@ -59,19 +53,15 @@ struct Game {
         };
     }
 
-    std::set<std::string> files() const {
+    // The files that the program left, beside the operator's own.
+    std::set<std::string> newFiles() const {
+        const std::string operators = ".asc .ans .cfg .SYS .DRP";
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            names.insert(entry.path().filename());
-        }
-        return names;
-    }
-
-    // The files that have come since the operator wrote the last of his.
-    std::set<std::string> newFiles() const {
-        std::set<std::string> names = files();
-        for (const std::string& name : filesBefore) {
-            names.erase(name);
+            const std::string extension = entry.path().extension();
+            if (operators.find(extension) == std::string::npos) {
+                names.insert(entry.path().filename());
+            }
         }
         return names;
     }
@@ -79,14 +69,7 @@ struct Game {
     std::string text(const std::string& name) const { return contentOf(folder.path(name)); }
 
     // The news of the day that the call began on.
-    std::string news() const {
-        for (const std::string& name : newFiles()) {
-            if (name.ends_with(".txt")) {
-                return text(name);
-            }
-        }
-        return "";
-    }
+    std::string news() const { return newFiles().empty() ? "" : text(*newFiles().begin()); }
 
     // How the display file of that name ends on the screen.
     std::string endOf(const std::string& menu) const {
@@ -102,7 +85,7 @@ struct Game {
 TEST(ProgramJourney, AFirstGameAndAReturn) {
     Game game;
     const std::string dropFile = door32.with({{7, "Ace"}});
-    game.write("DOOR32.SYS", dropFile);
+    game.folder.write("DOOR32.SYS", dropFile);
     {
         const TerminalCall call(game.program({"-D", "."}));
         const std::string title = call.until(game.endOf("intmenu.ans"));
@@ -194,7 +177,7 @@ TEST(ProgramJourney, FromEveryBoard) {
          }) {
         Game game;
         const std::string bytes = row.file.with(row.others);
-        game.write(row.file.name, bytes);
+        game.folder.write(row.file.name, bytes);
         const Outcome call = runWithKeys(game.program({"-D", row.file.name}), "sxJo\ry1x");
         EXPECT_EQ(call.status, 2) << bytes << call.complaints;
         EXPECT_THAT(call.shown, HasSubstr(std::to_string(row.minutes) + " minutes")) << bytes;
@@ -210,7 +193,7 @@ TEST(ProgramJourney, ToNobody) {
          std::vector<std::pair<BoardFile, std::vector<std::pair<std::size_t, std::string>>>>{
              {door32, {{1, "1"}}}, {bbsdev, {{2, "fossil"}}}, {doorSys, {{19, "secret"}}}}) {
         Game game;
-        game.write(file.name, file.with(others));
+        game.folder.write(file.name, file.with(others));
         const Outcome call = runWithKeys(game.program({"-D", file.name}), "sxJo\ry1x");
         EXPECT_EQ(call.status, 1);
         EXPECT_EQ(call.shown, "");
@@ -226,7 +209,7 @@ TEST(ProgramJourney, ThroughATelnetProgram) {
         GTEST_SKIP() << "telnet is not installed";
     }
     Game game;
-    game.write("DOOR32.SYS", door32.with({{2, std::to_string(handedSocket)}}));
+    game.folder.write("DOOR32.SYS", door32.with({{2, std::to_string(handedSocket)}}));
     sockaddr_in address{};
     socklen_t size = sizeof address;
     address.sin_family = AF_INET;

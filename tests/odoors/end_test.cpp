@@ -2,9 +2,7 @@
 #include <array>
 #include <csignal>
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 #include "OpenDoor.h"
@@ -137,19 +135,4 @@ TEST(Time, MinutesGoByAndWarningsComeOnce) {
               "7 6 \n\rYou have at most 5 minutes left.\n\r5 4 2 "
               "\n\rYou have at most 1 minute left.\n\r1 1 \n\rYour time is used up.\n\r");
     EXPECT_EQ(callWithKeys({"-L"}, "a", [&] { pass(7200); }).shown, "0 ") << "no limit to keep";
-}
-
-// A stream that others share stays without waiting, if it was so, and yet nothing is lost.
-TEST(Streams, StayAsTheyAre) {
-    std::array<int, 2> ends{};
-    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
-    ASSERT_EQ(fcntl(ends[0], F_SETFL, O_RDWR | O_NONBLOCK), 0);
-    std::vector<char> shown(1000000);
-    const pid_t child =
-        startChild(doorChild(plain, [] { od_printf("%*s", 1000000, "x"); }), ends[0], ends[0]);
-    usleep(20000);
-    EXPECT_EQ(recv(ends[1], shown.data(), shown.size(), MSG_WAITALL), 1000000);
-    EXPECT_EQ(waitForEnd(child), 0);
-    EXPECT_NE(fcntl(ends[0], F_GETFL) & O_NONBLOCK, 0);
-    EXPECT_EQ(waitForEnd(startChild(doorChild(plain, [] {}), -1, ends[0])), 1);
 }

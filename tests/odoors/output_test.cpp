@@ -51,17 +51,6 @@ TEST_F(OutputTest, ColourIsSentOnceBeforeTextThatNeedsIt) {
     EXPECT_EQ(coded("l"), "l");
 }
 
-TEST_F(OutputTest, AttributeIsKeptWithoutAnsiGraphics) {
-    ansi = 0;
-    EXPECT_EQ(coded("`bright red`a"), "a");
-    ansi = 1;
-    EXPECT_EQ(coded("b"), "\033[0;1;31mb");
-    output.setAttribute({15, 1, false});
-    output.clear();
-    EXPECT_EQ(output.take(), "\033[2J\033[H");
-    EXPECT_EQ(coded("c"), "\033[0;1;37;44mc");
-}
-
 TEST_F(OutputTest, OnlyDisplayFilesSendControlBytes) {
     output.show(std::string("`red`\x1b[2J\0\t\x7f\b!\r\n\x80", 17));
     EXPECT_EQ(output.take(), "\033[0;37m`red`[2J!\r\n\x80");

@@ -85,10 +85,5 @@ TEST_F(Tavern, WhoCannotPayOrWillNotGetsNoRoom) {
     EXPECT_EQ(game.session.roomRented, 0);
     game.player.gold = 200;
     caller.visit(visitTavern, "gnr");
-    EXPECT_EQ(game.session.roomRented, 0);
-    game.player.level = 2147483647; // forged: the price wraps
-    game.session.currentSlot = 50;
-    caller.visit(rentRoom, "y ");
-    EXPECT_TRUE(caller.saw("<-50>{`r` gold.}"));
-    EXPECT_EQ(game.session.roomRented, 1);
+    EXPECT_EQ(game.player.gold, 200);
 }
