@@ -20,11 +20,9 @@ protected:
             own(number, "Other", "Somebody");
         }
     }
-    // Stores the roster, cut or continued to the length, and loads it in a new game.
-    static void reload(std::size_t length = sizeof game.roster.slots) {
-        std::string bytes = rosterBytes();
-        bytes.resize(length, 'x');
-        writeFile("morchars.dat", bytes);
+    // Stores the roster, and loads it in a new game.
+    static void reload() {
+        writeFile("morchars.dat", rosterBytes());
         begin();
         loadPlayer();
     }
@@ -131,19 +129,16 @@ TEST_F(CharacterFile, AFileThatCannotBeUsedChangesNothingNotEvenTheRoster) {
 }
 
 TEST_F(CharacterFile, AFileOfAnyLengthFillsWhatItCan) {
-    for (const std::size_t length : {97U, 1499U, 1500U, 1599U, 74999U, 75001U}) {
+    for (const std::size_t length : {0U, 59U, 97U, 1499U, 1500U, 1599U, 74999U, 75001U}) {
         own(0, "Alice", "Eowyn");
         own(1, "Bob", "Boromir");
-        reload(length);
-        EXPECT_EQ(slot(0).name.view(), "Eowyn") << length;
-        EXPECT_EQ(slot(1).name.view(), length < 1599 ? "" : "Boromir") << length;
-        EXPECT_EQ(slot(49).version.view(), "0.6.8a") << length;
-    }
-    for (const std::size_t length : {0U, 1U, 59U, 84U, 96U}) {
-        writeFile("morchars.dat", std::string(length, 'x'));
+        std::string bytes = rosterBytes();
+        bytes.resize(length, 'x');
+        writeFile("morchars.dat", bytes);
         begin();
         EXPECT_TRUE(readRoster());
-        EXPECT_EQ(slot(0).name.view(), "") << length;
+        EXPECT_EQ(slot(0).name.view(), length < 97 ? "" : "Eowyn") << length;
+        EXPECT_EQ(slot(1).name.view(), length < 1599 ? "" : "Boromir") << length;
     }
 }
 

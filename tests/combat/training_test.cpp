@@ -36,18 +36,16 @@ TEST(Levels, ALevelRollsHitPointsStrengthDexterityIntelligenceAndHeals) {
 }
 
 TEST(Training, HallAndQuestionTrainerRefuseAlike) {
-    const std::string weak = "{||}{`r`You're too weak to train!||}{`r`You need `W`}<750>"
-                             "{ `r`more experience.||}[any key]";
+    const std::string weak = "{`r`You need `W`}<750>{ `r`more experience.||}[any key]";
     const std::string highest = "{||}{`r`You've reached the highest level.||}[any key]";
     const Cases<int, int, std::string, int> cases{
         {3, 3000, weak, 0}, {29, 999250, weak, 0}, {30, 2000000, highest, 1}, {31, 0, "", 1}};
     for (const auto& [level, experience, refusal, inTraining] : cases) {
         beginAtLevel(level, experience);
         EXPECT_THAT(caller.visit(trainingHall, refusal.empty() ? "tr" : "tkr"),
-                    HasSubstr(hall + refusal + "[clear]"));
+                    HasSubstr(refusal + "[clear]"));
         game.session.inTraining = 1;
-        EXPECT_THAT(caller.visit(questionTrainer, "yk"),
-                    EndsWith("{`W`YES`W`!}" + refusal + "{||}"));
+        EXPECT_THAT(caller.visit(questionTrainer, "yk"), EndsWith(refusal + "{||}"));
         EXPECT_EQ(game.session.inTraining, inTraining) << level;
     }
 }
@@ -103,10 +101,9 @@ TEST(TrainingFight, TheTrainerComesWithOneTAndIsFoughtWithTheNextUntilTheStatusK
 TEST(TrainingFight, AWinRaisesTheLevelAndMayBringTheNextTrainerAtOnce) {
     beginAtLevel(1, 2250);
     game.encounter.monster.hitPoints = 1;
-    const std::string& screen = caller.visit(trainingFight, "axtr");
-    EXPECT_THAT(screen, HasSubstr("has been beaten!||}{`r`Congratulations!||}"));
-    EXPECT_THAT(screen, HasSubstr(entrance + "[clear]"));
-    EXPECT_THAT(screen, EndsWith("[menu command ayr]" + returning));
+    EXPECT_THAT(caller.visit(trainingFight, "axtr"), EndsWith("[menu command ayr]" + returning));
+    EXPECT_TRUE(caller.saw(entrance + "[clear]"));
+    EXPECT_EQ(game.player.level, 2);
     EXPECT_EQ(game.encounter.monster.maxHitPoints, 15);
 }
 

@@ -71,18 +71,6 @@ TEST(Keys, Utf8CharactersComeAsCp437) {
     expectKeys(Charset::utf8, "\xe2\x95\033[A\xe2", "\x7f\x7f");
 }
 
-TEST(Keys, OneExpectedCursorReportIsNoKey) {
-    KeyDecoder decoder;
-    decoder.expectCursorReport();
-    decoder.feed("a\033[R\033[;R\033[1;R\033[1;2;3Rb");
-    EXPECT_FALSE(decoder.cursorReportSeen());
-    decoder.feed("\033[24;80");
-    decoder.feed("Rc\033[1;1R");
-    EXPECT_TRUE(decoder.cursorReportSeen());
-    EXPECT_EQ(keysOf(decoder), "a\x7f\x7f\x7f\x7f"
-                               "bc\x7f");
-}
-
 TEST(LineInput, EditsTheText) {
     EXPECT_EQ(lineAfter("", "ab c\r"), "ab c\n\r[ab c]");
     EXPECT_EQ(lineAfter("", "ab\b\x7f\bc\r"), "ab\b \b\b \bc\n\r[c]");

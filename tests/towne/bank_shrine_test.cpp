@@ -81,11 +81,10 @@ TEST(Shrine, HealsForFiveGoldAPoint) {
 TEST(Shrine, AGuessShowsTheAnswerGrantsNothingAndCostsOneOrTwo) {
     for (const std::string guess : {"1", "5", "6", "7", "8", "9"}) {
         const std::string line = "{`r`You guessed`R`: `W`" + guess + "`r`.|}";
-        EXPECT_EQ(atTheShrine(3, 40, 1, "g" + guess + " g r"),
-                  "{||}{`R`#`r` of Guesses left`R`: `W`}<1>{||}{`r`Guess a number between "
-                  "`R`(`W`1`R`-`W`9`R`)`r`: `W`}[menu command 123456789]" +
-                      (guess == "6" ? line + "{||}" : "{||}" + line) +
-                      "{`r`The correct answer was`R`: `W`}<9>{`r`.|}{|}[any key]");
+        EXPECT_THAT(atTheShrine(3, 40, 1, "g" + guess + " g r"),
+                    EndsWith("[menu command 123456789]" +
+                             (guess == "6" ? line + "{||}" : "{||}" + line) +
+                             "{`r`The correct answer was`R`: `W`}<9>{`r`.|}{|}[any key]"));
         EXPECT_TRUE(caller.saw("[menu heal hagr]" + outOfGuesses)) << "the second g";
         EXPECT_EQ(game.session.guessesLeft, guess == "7" || guess == "8" ? -1 : 0);
         EXPECT_EQ(game.player.hitPoints, 3);
