@@ -92,18 +92,6 @@ TEST_F(CharacterFile, TheLastSlotIsReachedByTheHealedSaveAlone) {
     EXPECT_EQ(game.session.currentSlot, 49);
 }
 
-TEST_F(CharacterFile, AnEmptyUserNameOwnsTheFirstFreeSlot) {
-    newCall(true, "");
-    ownByOthers(1);
-    own(1, "", "Nameless");
-    reload();
-    EXPECT_EQ(game.player.name, "Nameless");
-    game.session.currentSlot = 9;
-    savePlayer();
-    EXPECT_EQ(storedSlot(1).slotIndex, 9);
-    EXPECT_TRUE(storedSlot(1).ownerName.view().empty());
-}
-
 TEST_F(CharacterFile, AFileThatCannotBeUsedChangesNothingNotEvenTheRoster) {
     const auto saveInVain = [] {
         savePlayer();

@@ -35,6 +35,14 @@ TEST(Levels, ALevelRollsHitPointsStrengthDexterityIntelligenceAndHeals) {
     EXPECT_TRUE(chance.seededBefore.empty());
 }
 
+TEST(Levels, NobodyRisesAboveSeven) {
+    const std::string future = "{`r`Future levels will be added later.||}{`r`Press any key!|}[key]";
+    beginAtLevel(6, 10000);
+    EXPECT_THAT(caller.visit(levelUp, "xx"), EndsWith("[key]" + future));
+    EXPECT_EQ(caller.visit(levelUp, "x"), future);
+    EXPECT_EQ(game.player.level, 7);
+}
+
 TEST(Training, HallAndQuestionTrainerRefuseAlike) {
     const std::string weak = "{`r`You need `W`}<750>{ `r`more experience.||}[any key]";
     const std::string highest = "{||}{`r`You've reached the highest level.||}[any key]";

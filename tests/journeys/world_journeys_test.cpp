@@ -45,23 +45,6 @@ TEST(WorldJourney, AFlightAndTheResumption) {
     }
 }
 
-// An ambush finds its monsters in a cleared room and, when he flees, where he comes out next.
-TEST(WorldJourney, AnAmbushInAClearedRoom) {
-    beginCall(true);
-    game.world.currentLocation = 9;
-    game.world.searched(9) = 0;
-    game.world.previousLocation = 10;
-    game.encounter.monster.monsterReady = 1; // as after a group slain here
-    chance.script({0, 0, 0, 0, 1, 2});
-    goOut("sxaxf");
-    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<3>")) << "rolled anew";
-    EXPECT_EQ(game.encounter.ambushPending, 1);
-    goOut("axax3f");
-    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<2>"));
-    EXPECT_EQ(game.encounter.ambushPending, 0);
-    EXPECT_EQ(game.world.currentLocation, 11);
-}
-
 // The last turn, far out: both messages once, also by one who heard them before, and nothing else
 // on the way home.
 TEST(WorldJourney, ExhaustionFarFromHome) {
