@@ -20,11 +20,9 @@ protected:
             own(number, "Other", "Somebody");
         }
     }
-    // Stores the roster, cut or continued to the length, and loads it in a new game.
-    static void reload(std::size_t length = sizeof game.roster.slots) {
-        std::string bytes = rosterBytes();
-        bytes.resize(length, 'x');
-        writeFile("morchars.dat", bytes);
+    // Stores the roster, and loads it in a new game.
+    static void reload() {
+        writeFile("morchars.dat", rosterBytes());
         begin();
         loadPlayer();
     }
@@ -39,8 +37,6 @@ TEST_F(CharacterFile, LoadsTheFirstSlotOwnedByExactlyThisName) {
     reload();
     EXPECT_EQ(game.player.name, "Eowyn");
     EXPECT_EQ(game.session.foundPlayer, 1);
-    EXPECT_EQ(game.session.newPlayer, 0);
-    EXPECT_EQ(caller.screen, "[clear]{`r`Starting game`W`...||}");
 }
 
 TEST_F(CharacterFile, AnyOtherDayGivesThirtyTurns) {
@@ -53,23 +49,9 @@ TEST_F(CharacterFile, AnyOtherDayGivesThirtyTurns) {
         reload();
         EXPECT_EQ(game.player.turnsLeft, day == 111526 ? 4 : 30);
         EXPECT_EQ(game.player.turnsPerDay, day == 111526 ? 5 : 30);
-        EXPECT_EQ(game.session.today, 111526);
-        EXPECT_EQ(game.session.storedDay, day);
         EXPECT_EQ(slot(3).lastPlayedDay, 111526);
         EXPECT_EQ(slot(3).turnsLeft, 4) << "the slot follows with the next save";
     }
-}
-
-TEST_F(CharacterFile, WithoutAFileACharacterIsCreatedAndSavedInTheFirstSlot) {
-    caller.visit(loadPlayer, "Eowyn\ry2");
-    EXPECT_TRUE(caller.saw("{`r`Welcome to the world of the Morvek Role Play Game!||}"
-                           "{`r`Creating a new player...|}{|}{`r`Character Name"));
-    EXPECT_EQ(readFile("morchars.dat").size(), 75000U);
-    EXPECT_EQ(storedSlot(0).name.view(), "Eowyn");
-    EXPECT_EQ(storedSlot(0).ownerName.view(), "Alice");
-    EXPECT_EQ(storedSlot(0).lastPlayedDay, 0) << "so the first return counts as a new day";
-    EXPECT_EQ(storedSlot(49).version.view(), "0.6.8a");
-    EXPECT_EQ(game.world.exhaustedShown, 50);
 }
 
 TEST_F(CharacterFile, SavingTakesAFreeSlotBeforeTheCallersOwn) {
@@ -105,38 +87,9 @@ TEST_F(CharacterFile, TheLastSlotIsReachedByTheHealedSaveAlone) {
     EXPECT_EQ(storedSlot(49).lastPlayedDay, 0);
     EXPECT_EQ(storedSlot(7).lastPlayedDay, 111526) << "the slot of the current number is dated";
     EXPECT_EQ(game.player.hitPoints, -3);
-    EXPECT_EQ(game.world.exhaustedShown, 50);
     savePlayerHealed(); // and now the slot is his own
     EXPECT_EQ(storedSlot(49).slotIndex, 49);
     EXPECT_EQ(game.session.currentSlot, 49);
-}
-
-TEST_F(CharacterFile, TheQuickSaveWritesSlotZeroWhoeverOwnsIt) {
-    ownByOthers(1);
-    slot(0).level = 6;
-    game.player.gold = 70;
-    game.player.level = 2;
-    game.player.weapon = "Mace";
-    saveQuick();
-    EXPECT_EQ(storedSlot(0).name.view(), "Somebody");
-    EXPECT_EQ(storedSlot(0).ownerName.view(), "Other");
-    EXPECT_EQ(storedSlot(0).gold, 70);
-    EXPECT_EQ(storedSlot(0).weapon.view(), "Mace");
-    EXPECT_EQ(storedSlot(0).level, 6);
-    EXPECT_EQ(storedSlot(0).inUse, 1);
-    EXPECT_EQ(game.world.exhaustedShown, 50);
-}
-
-TEST_F(CharacterFile, AnEmptyUserNameOwnsTheFirstFreeSlot) {
-    newCall(true, "");
-    ownByOthers(1);
-    own(1, "", "Nameless");
-    reload();
-    EXPECT_EQ(game.player.name, "Nameless");
-    game.session.currentSlot = 9;
-    savePlayer();
-    EXPECT_EQ(storedSlot(1).slotIndex, 9);
-    EXPECT_TRUE(storedSlot(1).ownerName.view().empty());
 }
 
 TEST_F(CharacterFile, AFileThatCannotBeUsedChangesNothingNotEvenTheRoster) {
@@ -157,23 +110,23 @@ TEST_F(CharacterFile, AFileThatCannotBeUsedChangesNothingNotEvenTheRoster) {
     const AsNobody nobody;
     saveInVain();
     game.session.characterFileName = "unreadable";
-    EXPECT_FALSE(readRoster());
+    caller.type("Eowyn\ry2");
+    loadPlayer();
+    EXPECT_EQ(game.player.name, "Eowyn") << "created, but not saved";
+    EXPECT_EQ(fs::file_size("unreadable"), 0U);
 }
 
 TEST_F(CharacterFile, AFileOfAnyLengthFillsWhatItCan) {
-    for (const std::size_t length : {97U, 1499U, 1500U, 1599U, 74999U, 75001U}) {
+    for (const std::size_t length : {0U, 59U, 97U, 1499U, 1500U, 1599U, 74999U, 75001U}) {
         own(0, "Alice", "Eowyn");
         own(1, "Bob", "Boromir");
-        reload(length);
-        EXPECT_EQ(slot(0).name.view(), "Eowyn") << length;
-        EXPECT_EQ(slot(1).name.view(), length < 1599 ? "" : "Boromir") << length;
-        EXPECT_EQ(slot(49).version.view(), "0.6.8a") << length;
-    }
-    for (const std::size_t length : {0U, 1U, 59U, 84U, 96U}) {
-        writeFile("morchars.dat", std::string(length, 'x'));
+        std::string bytes = rosterBytes();
+        bytes.resize(length, 'x');
+        writeFile("morchars.dat", bytes);
         begin();
         EXPECT_TRUE(readRoster());
-        EXPECT_EQ(slot(0).name.view(), "") << length;
+        EXPECT_EQ(slot(0).name.view(), length < 97 ? "" : "Eowyn") << length;
+        EXPECT_EQ(slot(1).name.view(), length < 1599 ? "" : "Boromir") << length;
     }
 }
 
@@ -193,17 +146,4 @@ TEST_F(CharacterFile, RandomBytesDoNoHarm) {
         savePlayerHealed();
         EXPECT_EQ(readFile("morchars.dat").substr(3000), bytes.substr(3000)) << "others' bytes";
     }
-}
-
-TEST_F(CharacterFile, AFileThatCannotBeReadIsNotWrittenEither) {
-    own(0, "Other", "Somebody");
-    writeFile("morchars.dat", rosterBytes(), 0222);
-    begin();
-    caller.type("Eowyn\ry2");
-    {
-        const AsNobody nobody;
-        loadPlayer();
-    }
-    EXPECT_EQ(game.player.name, "Eowyn");
-    EXPECT_EQ(storedSlot(0).name.view(), "Somebody");
 }

@@ -20,11 +20,4 @@ inline void meet(const std::string& opponent) {
                               .name = opponent};
 }
 
-// All that a lost fight takes from the opponent.
-inline double leftOfOpponent() {
-    const Monster& monster = game.encounter.monster;
-    return monster.maxHitPoints + monster.experience + monster.initiative + monster.damage +
-           monster.gold;
-}
-
 } // namespace morvek::test

@@ -27,10 +27,9 @@ TEST_F(Configuration, LinesAreTakenAsTheyAreAndMayBeMissing) {
 
 TEST_F(Configuration, ALineOf254CharactersIsTooLongInEveryPlace) {
     const std::string longest(253, 'x');
-    EXPECT_EQ(read(longest + "\n" + longest + "\n" + longest + "\n"), longest + "|" + longest);
-    EXPECT_EQ(read(longest + "\n" + longest + "\n" + longest), longest + "|" + longest);
-    for (const std::string& before :
-         {std::string(), longest + "\n", longest + "\n" + longest + "\n"}) {
+    const std::string line = longest + "\n";
+    EXPECT_EQ(read(line + line + longest), longest + "|" + longest);
+    for (const std::string& before : {std::string(), line, line + line}) {
         EXPECT_EQ(read(before + longest + "x"), "too long") << before.size();
         EXPECT_EQ(read(before + longest + "x\nb\nc\n"), "too long") << before.size();
     }

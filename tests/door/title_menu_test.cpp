@@ -48,23 +48,6 @@ TEST_F(Title, ATooLongConfigurationEndsBeforeTheCallerIsConnected) {
     EXPECT_EQ(caller.screen, "[options morvek]");
 }
 
-TEST_F(Title, ANewCallerIsCreatedSavedAndFoundAgain) {
-    EXPECT_EQ(play("SArwen\ry3kqkkQ"), 0);
-    EXPECT_EQ(readFile("111526.txt"), "It's a new day!\n\rAlice joined the game.\n\r");
-    EXPECT_EQ(readFile("morchars.dat").size(), 75000U);
-    EXPECT_EQ(readFile("morchars.dat")[56], 0) << "off-line after the quit";
-    EXPECT_TRUE(caller.saw("Top 10 Scores List is empty.|}{|}[any key]"));
-
-    newCall();
-    EXPECT_THROW(play("Sk"), OutOfKeys);
-    EXPECT_FALSE(caller.saw("Creating"));
-    EXPECT_TRUE(caller.saw("Arwen"));
-    EXPECT_EQ(readFile("morchars.dat")[56], 1) << "a dropped call stays marked";
-    EXPECT_EQ(game.session.inGame, 1);
-    EXPECT_EQ(game.player.turnsLeft, 30);
-    EXPECT_EQ(game.world.currentLocation, 0);
-}
-
 TEST_F(Title, StartingAgainInOneCallAsksAndChecksANewNameLikeTheFirst) {
     newCall(true, "Thomas the Rhymer of Erceldoune");
     game.session.nameChecked = 1;

@@ -71,17 +71,4 @@ TEST_F(DataFile, AFailedWriteLeavesTheOldContent) {
     writeFile("data.new", "left behind by a call that was killed, longer than what comes");
     EXPECT_TRUE(replaceFile("data", "new"));
     EXPECT_EQ(readFile("data"), "new");
-    EXPECT_EQ(filesHere(), 1U);
-}
-
-TEST_F(DataFile, AShortFileFillsOnlyTheBeginningOfTheBuffer) {
-    writeFile("data", "abc");
-    std::string buffer = "123456";
-    EXPECT_EQ(readInto("data", buffer), 3U);
-    EXPECT_EQ(buffer, "abc456");
-    EXPECT_EQ(readInto("missing", buffer), std::nullopt);
-    EXPECT_EQ(readInto(".", buffer), std::nullopt) << "a directory holds nothing to read";
-    EXPECT_TRUE(appendTo("data", "def"));
-    createWith("data", "not now");
-    EXPECT_EQ(readWhole("data"), "abcdef");
 }

@@ -35,14 +35,6 @@ TEST(ScoreFile, ReadsEntriesUntilOneIsNotWhole) {
     EXPECT_EQ(entriesOf(eleven).substr(0, 3), "10 ");
 }
 
-TEST(ScoreFile, EveryCutOfAFileReadsWhatIsWholeInIt) {
-    const std::string whole = "Arwen#1500Ranger\nBilbo#20Rogue\n";
-    for (std::size_t length = 1; length <= whole.size(); ++length) {
-        const std::string entries = entriesOf(whole.substr(0, length));
-        EXPECT_EQ(entries.front(), length < 7 ? '0' : length < 24 ? '1' : '2') << length;
-    }
-}
-
 TEST(ScoreFile, WritesBothBulletinsByteForByte) {
     std::vector<ScoreEntry> entries(10);
     entries[0] = {"Arwen of the Long Long Name", 1500, "Ranger"}; // padded, never cut

@@ -34,36 +34,6 @@ protected:
     }
 };
 
-// From creation to level 7 through six trainers, one a call; there is no eighth level.
-TEST_F(TowneJourney, ThroughTheTrainersToLevelSeven) {
-    call("Alice", "SArwen\ry4kqkkQ");
-    const std::array<std::int32_t, 7> needs{1000, 2250, 3750, 5500, 7500, 10000, 13000};
-    for (int level = 1; level <= 7; ++level) {
-        meanwhile([&](PlayerRecord& arwen) {
-            EXPECT_EQ(arwen.level, level);
-            EXPECT_EQ(arwen.experienceNeeded, needs[static_cast<std::size_t>(level) - 1]);
-            EXPECT_EQ(arwen.maxHitPoints, 15 + 3 * (level - 1));
-            arwen.experience = arwen.experienceNeeded;
-        });
-        const int rounds = (5 * level + 5 + 3) / 4;
-        std::deque<int> draws(level == 1 ? 1 : 2, 0); // the trainer's damage
-        addRounds(draws, rounds - 1);
-        for (const int drawn : {2, 2, 0, 0, 3}) {
-            draws.push_back(drawn);
-        }
-        std::string fight;
-        for (int round = 1; round < rounds; ++round) {
-            fight += "ak";
-        }
-        const std::string gained = level == 6 ? "kk" : "k"; // the last gain, and the note
-        call("Alice", "Skttttt" + fight + "a" + gained + "rrrqkkQ", draws);
-        EXPECT_EQ(caller.saw("`r`Congratulations!"), level < 7);
-        EXPECT_EQ(caller.saw("`r`Future levels will be added later."), level >= 6);
-    }
-    EXPECT_EQ(storedSlot(0).level, 7);
-    EXPECT_EQ(storedSlot(0).strength, 3 + 6 * 3);
-}
-
 // The second caller attacks and robs the first. His possessions then stand in the first slot,
 // under the first caller's name, and the money that he took is counted in both.
 TEST_F(TowneJourney, TheSecondCallerRobsTheFirst) {

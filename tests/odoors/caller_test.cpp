@@ -62,27 +62,21 @@ TEST(CallerTest, IsReachedAsHeReallyCanBe) {
     std::array<int, 2> sockets{};
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, sockets.data()), 0);
     const int socket = sockets[0];
-    // The socket; 0: standard input and output; -1: nobody can be served.
+    // The socket; 0: standard input and output.
     const auto reached = [](Route route, int handle, const std::string& option, Streams streams) {
         DropFile file;
         file.route = route;
         file.socket = handle;
-        try {
-            return resolveCaller(optionsOf(option), file, streams).socket.value_or(0);
-        } catch (const Refusal&) {
-            return -1;
-        }
+        return resolveCaller(optionsOf(option), file, streams).socket.value_or(0);
     };
     const Streams closed{false, false, false};
     EXPECT_EQ(reached(Route::socket, socket, "", {true, true, true}), 0);
     EXPECT_EQ(reached(Route::socket, socket, "", closed), socket);
     EXPECT_EQ(reached(Route::socket, dup(STDERR_FILENO), "", {}), 0);
-    EXPECT_EQ(reached(Route::socket, 1000, "", closed), -1);
-    for (const Route route : {Route::socket, Route::unreachable}) {
-        EXPECT_EQ(reached(route, socket, "-STDIO", {}), 0);
-        EXPECT_EQ(reached(route, sockets[1], "-SOCKET " + std::to_string(socket), {}), socket);
-        EXPECT_EQ(reached(route, sockets[1], "-H0", {}), 0);
-    }
+    EXPECT_THROW(reached(Route::socket, 1000, "", closed), Refusal);
+    EXPECT_EQ(reached(Route::unreachable, 0, "-STDIO", {}), 0);
+    EXPECT_EQ(reached(Route::unreachable, 0, "-SOCKET " + std::to_string(socket), {}), socket);
+    EXPECT_EQ(reached(Route::socket, socket, "-H0", {}), 0);
     close(sockets[0]);
     close(sockets[1]);
 }

@@ -75,8 +75,4 @@ TEST(Terminal, IsAskedForAnsiGraphics) {
     EXPECT_LT(waited, std::chrono::milliseconds(1900));
     silent.type("\033[1;6Rb");
     EXPECT_EQ(silent.until(">"), "<98>");
-
-    DoorCall told({"-LOCAL", "-GRAPHICS"}, door);
-    EXPECT_EQ(told.until("ready"), "\033[0;37mhello\033[0;31m1ready");
-    EXPECT_EQ(callWithKeys({"-LOCAL"}, "", door).shown, "hello0ready");
 }

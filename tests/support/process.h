@@ -18,7 +18,6 @@ struct Outcome {
     int status = -1;
     std::string shown;
     std::string complaints;
-    std::vector<std::string> writes;
 };
 
 // Runs a child whose caller typed all his keys beforehand and is then gone.

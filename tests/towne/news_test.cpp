@@ -7,21 +7,6 @@ protected:
     News() { game.session.dateStamp = "111526"; }
 };
 
-TEST_F(News, ADaysFileBeginsWithTheDayAndGrowsByALineACall) {
-    newsJoined();
-    newsJoined();
-    EXPECT_EQ(readFile("111526.txt"), "It's a new day!\n\r"
-                                      "Alice joined the game.\n\r"
-                                      "Alice joined the game.\n\r");
-}
-
-TEST_F(News, ShowsPiecesOfALineOrOf49Characters) {
-    writeFile("111526.txt", "short\n\r" + std::string(60, 'x') + "\n");
-    EXPECT_EQ(caller.visit(showNews, "k"), "[clear]{|`r`News for today`R`:||}{`W`}<short\n>{|}<\r" +
-                                               std::string(48, 'x') + ">{|}<" +
-                                               std::string(12, 'x') + "\n>{|}[any key]");
-}
-
 TEST_F(News, IsSilentWhereItsFileCannotBeUsed) {
     fs::create_directory("111526.txt");
     newsJoined();

