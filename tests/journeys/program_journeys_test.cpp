@@ -33,10 +33,16 @@ std::string contentOf(const std::string& path) {
 // A game directory as an operator leaves it, and the program in it.
 struct Game {
     Folder folder;
+    std::set<std::string> filesBefore;
 
     Game() {
         std::filesystem::copy(MORVEK_MENUS_DIR, folder.path());
-        folder.write("morvek.cfg", "Morvek\nThe Test Board\n.\n");
+        write("morvek.cfg", "Morvek\nThe Test Board\n.\n");
+    }
+
+    void write(const std::string& name, const std::string& bytes) {
+        folder.write(name, bytes);
+        filesBefore = files();
     }
 
     Child program(const std::vector<std::string>& arguments) const {
@@ -53,15 +59,19 @@ struct Game {
         };
     }
 
-    // The files that the program left, beside the operator's own.
-    std::set<std::string> newFiles() const {
-        const std::string operators = ".asc .ans .cfg .SYS .DRP";
+    std::set<std::string> files() const {
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            const std::string extension = entry.path().extension();
-            if (operators.find(extension) == std::string::npos) {
-                names.insert(entry.path().filename());
-            }
+            names.insert(entry.path().filename());
+        }
+        return names;
+    }
+
+    // The files that have come since the operator wrote the last of his.
+    std::set<std::string> newFiles() const {
+        std::set<std::string> names = files();
+        for (const std::string& name : filesBefore) {
+            names.erase(name);
         }
         return names;
     }
@@ -69,7 +79,14 @@ struct Game {
     std::string text(const std::string& name) const { return contentOf(folder.path(name)); }
 
     // The news of the day that the call began on.
-    std::string news() const { return newFiles().empty() ? "" : text(*newFiles().begin()); }
+    std::string news() const {
+        for (const std::string& name : newFiles()) {
+            if (name.ends_with(".txt")) {
+                return text(name);
+            }
+        }
+        return "";
+    }
 
     // How the display file of that name ends on the screen.
     std::string endOf(const std::string& menu) const {
@@ -85,7 +102,7 @@ struct Game {
 TEST(ProgramJourney, AFirstGameAndAReturn) {
     Game game;
     const std::string dropFile = door32.with({{7, "Ace"}});
-    game.folder.write("DOOR32.SYS", dropFile);
+    game.write("DOOR32.SYS", dropFile);
     {
         const TerminalCall call(game.program({"-D", "."}));
         const std::string title = call.until(game.endOf("intmenu.ans"));
@@ -105,6 +122,8 @@ TEST(ProgramJourney, AFirstGameAndAReturn) {
         call.until(game.endOf("townmenu.ans"));
         call.type("l");
         EXPECT_THAT(call.until("Press any key!"), HasSubstr("Aldur"));
+        call.type(" o");
+        EXPECT_THAT(call.until("Press any key!"), HasSubstr("Users currently on-line"));
         call.type(" q");
         call.until("Press any key!");
         call.type(" ");
@@ -150,7 +169,7 @@ TEST(ProgramJourney, EveryKeyAtOnceThroughAPipe) {
     EXPECT_THAT(game.newFiles(), UnorderedElementsAre("morchars.dat", EndsWith(".txt")));
 }
 
-// What boards write in their drop files that is not what one would expect. Each
+// Every kind of drop file, and what boards write in them that is not what one would expect. Each
 // caller creates a character, whose status tells his minutes, and is then gone.
 TEST(ProgramJourney, FromEveryBoard) {
     struct Row {
@@ -161,23 +180,32 @@ TEST(ProgramJourney, FromEveryBoard) {
         bool ansi = true;
     };
     const BoardFile shortDoorSys{"door.sys", 31, {}, doorSys31};
+    const std::string longName(40, 'x');
     for (const Row& row : {
-             Row{door32, {{2, "0"}}},
+             Row{door32, {}},
+             {door32, {{2, "0"}}},
+             {door32, {{2, "1000"}}},
              {door32, {{1, "0"}, {2, "9"}}},
              {door32, {{4, "WWIV v5"}, {9, "2700"}}},
              {door32, {{9, "99999999999999999999"}, {10, "0"}}, "J\x94rg Ace", 32767, false},
              {door32, {{7, " "}, {10, "4"}}, "Alice Doe"},
+             {doorSys, {}},
              {doorSys, {{1, "COM0:"}, {20, "NG"}}, "J\x94rg Ace", 45, false},
              {doorSys, {{36, ""}, {20, "7e"}}, "Alice Doe", 45, false},
              {shortDoorSys, {{10, "J\x94rg Ace"}}},
+             {dorinfo, {}},
+             {dorinfo, {{7, "J\x94rg Ace"}, {8, "NLN"}}},
              {dorinfo, {{8, ""}, {10, "0"}}, "J\x94rg", 45, false},
+             {chain, {}},
              {chain, {{2, ""}, {14, "0"}, {15, "0"}, {16, "59.9"}}, "Alice Doe", 0, false},
+             {chain, {{16, "2700"}}},
+             {bbsdev, {}},
              {bbsdev, {{1, "1.7"}, {2, "LOCAL"}, {8, "n"}, {11, ""}}, "J\x94rg Ace", 32767, false},
              {bbsdev, {{2, "socket"}, {3, "-1"}, {12, "UTF-8"}}},
          }) {
         Game game;
         const std::string bytes = row.file.with(row.others);
-        game.folder.write(row.file.name, bytes);
+        game.write(row.file.name, bytes);
         const Outcome call = runWithKeys(game.program({"-D", row.file.name}), "sxJo\ry1x");
         EXPECT_EQ(call.status, 2) << bytes << call.complaints;
         EXPECT_THAT(call.shown, HasSubstr(std::to_string(row.minutes) + " minutes")) << bytes;
@@ -193,7 +221,7 @@ TEST(ProgramJourney, ToNobody) {
          std::vector<std::pair<BoardFile, std::vector<std::pair<std::size_t, std::string>>>>{
              {door32, {{1, "1"}}}, {bbsdev, {{2, "fossil"}}}, {doorSys, {{19, "secret"}}}}) {
         Game game;
-        game.folder.write(file.name, file.with(others));
+        game.write(file.name, file.with(others));
         const Outcome call = runWithKeys(game.program({"-D", file.name}), "sxJo\ry1x");
         EXPECT_EQ(call.status, 1);
         EXPECT_EQ(call.shown, "");
@@ -209,7 +237,7 @@ TEST(ProgramJourney, ThroughATelnetProgram) {
         GTEST_SKIP() << "telnet is not installed";
     }
     Game game;
-    game.folder.write("DOOR32.SYS", door32.with({{2, std::to_string(handedSocket)}}));
+    game.write("DOOR32.SYS", door32.with({{2, std::to_string(handedSocket)}}));
     sockaddr_in address{};
     socklen_t size = sizeof address;
     address.sin_family = AF_INET;
@@ -231,7 +259,19 @@ TEST(ProgramJourney, ThroughATelnetProgram) {
     telnet.type("Alx\x7f"
                 "dur\r");
     EXPECT_THAT(telnet.until("correct? "), HasSubstr("Alx\b \bdur\n\r"));
-    telnet.type("y3\033[Aq\r\rq");
+    telnet.type("y");
+    telnet.until(game.endOf("clasmenu.ans"));
+    telnet.type("3");
+    EXPECT_THAT(telnet.until("Press any key!"), HasSubstr("Aldur"));
+    telnet.type("\033[A");
+    telnet.until(game.endOf("townmenu.ans"));
+    telnet.type("q");
+    telnet.until("Press any key!");
+    telnet.type("\r");
+    telnet.until("Press any key!");
+    telnet.type("\r");
+    telnet.until(game.endOf("intmenu.ans"));
+    telnet.type("q");
     EXPECT_THAT(telnet.until("closed by foreign host"), HasSubstr("Quit Game"));
     EXPECT_EQ(waitForEnd(program), 0);
     EXPECT_GE(telnet.status(), 0);
