@@ -120,7 +120,7 @@ TEST_F(CharacterFile, TheQuickSaveWritesSlotZeroWhoeverOwnsIt) {
     saveQuick();
     EXPECT_EQ(storedSlot(0).name.view(), "Somebody");
     EXPECT_EQ(storedSlot(0).ownerName.view(), "Other");
-    EXPECT_EQ(storedSlot(0).gold, 70);
+    EXPECT_EQ(storedSlot(0).gold + 0, 70);
     EXPECT_EQ(storedSlot(0).weapon.view(), "Mace");
     EXPECT_EQ(storedSlot(0).level, 6);
     EXPECT_EQ(storedSlot(0).inUse, 1);
