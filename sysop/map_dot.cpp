@@ -20,7 +20,7 @@ std::string nodeName(RoomNumber number) {
 
 void writeRoom(const Room& room, Cell cell, bool isReachable, std::ostream& out) {
     out << "    " << nodeName(room.number) << " [label=\""
-        << (room.level ? std::to_string(room.position) : room.title);
+        << (room.level ? std::to_string(room.position) : room.title.text());
     for (const std::string& name : inhabitantsOf(room)) {
         out << "\\n" << name;
     }

@@ -223,12 +223,12 @@ std::string sentenceOf(const Exit& exit) {
     case Passage::unfinished:
         return key + " is under development";
     case Passage::sealed:
-        return key + " would lead to " + roomAt(exit.to).title + ", but is refused";
+        return key + " would lead to " + roomAt(exit.to).title.text() + ", but is refused";
     case Passage::open:
         break;
     }
     const Room& to = roomAt(exit.to);
-    return key + " leads to " + (to.level ? shortName(exit.to) : std::string(to.title));
+    return key + " leads to " + (to.level ? shortName(exit.to) : std::string(to.title.text()));
 }
 
 void addOddities(const Room& room, std::vector<std::string>& lines) {
@@ -335,7 +335,7 @@ std::string regionOf(const Room& room) {
     if (room.level) {
         return nameOf(*room.level).title;
     }
-    std::string title = room.title;
+    std::string title = room.title.text();
     title.erase(std::min(title.find_first_of("0123456789"), title.size()));
     title.erase(title.find_last_not_of(' ') + 1);
     return title;
@@ -352,7 +352,7 @@ std::vector<std::string> inhabitantsOf(const Room& room) {
 }
 
 std::vector<std::string> accountOf(const Room& room) {
-    std::vector<std::string> lines{room.level ? shortName(room.number) : room.title};
+    std::vector<std::string> lines{room.level ? shortName(room.number) : room.title.text()};
     const std::vector<std::string> names = inhabitantsOf(room);
     lines.push_back(names.empty() ? "Nobody lives here"
                                   : names[0] + (names.size() > 1 ? " or " + names[1] : ""));

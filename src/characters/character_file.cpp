@@ -16,7 +16,7 @@ constexpr std::int32_t turnsOfADay = 30;
 constexpr std::int32_t exhaustedShownBySave = 50;
 
 std::span<char> rosterBytes() {
-    return {reinterpret_cast<char*>(game.roster.slots.data()), sizeof game.roster.slots};
+    return {reinterpret_cast<char*>(game.roster.slots().data()), sizeof game.roster.slots()};
 }
 
 // A file that cannot be read is not written either: the roster in memory is not what it holds.
@@ -69,7 +69,7 @@ bool readRoster() {
 }
 
 PlayerRecord* ownSlot() {
-    for (PlayerRecord& slot : std::span(game.roster.slots).first(searchedSlots)) {
+    for (PlayerRecord& slot : std::span(game.roster.slots()).first(searchedSlots)) {
         if (isCallers(slot)) {
             return &slot;
         }
@@ -101,7 +101,7 @@ void savePlayer() {
     if (!file.isOpen()) {
         return;
     }
-    if (PlayerRecord* slot = slotToSaveInto(std::span(game.roster.slots).first(searchedSlots))) {
+    if (PlayerRecord* slot = slotToSaveInto(std::span(game.roster.slots()).first(searchedSlots))) {
         if (isCallers(*slot)) {
             slot->slotIndex = game.session.currentSlot;
         }
@@ -117,9 +117,9 @@ void savePlayerHealed() {
     if (!file.isOpen()) {
         return;
     }
-    if (PlayerRecord* slot = slotToSaveInto(game.roster.slots)) {
+    if (PlayerRecord* slot = slotToSaveInto(game.roster.slots())) {
         if (isCallers(*slot)) {
-            game.session.currentSlot = static_cast<std::int32_t>(slot - game.roster.slots.data());
+            game.session.currentSlot = static_cast<std::int32_t>(slot - game.roster.slots().data());
             slot->slotIndex = game.session.currentSlot;
         } else if (PlayerRecord* dated = slotOfCurrentNumber()) {
             dated->lastPlayedDay = game.session.today;
@@ -135,7 +135,7 @@ void saveQuick() {
     if (!file.isOpen()) {
         return;
     }
-    storePossessions(game.roster.slots.front());
+    storePossessions(game.roster.slots().front());
     game.world.exhaustedShown = exhaustedShownBySave;
     writeRoster(file);
 }

@@ -90,7 +90,7 @@ void rollAbilities() {
 void enterName() {
     std::string typed = askName();
     while (game.session.nameChecked == 0) {
-        if (typed == game.roster.slots.front().name.view()) {
+        if (typed == game.roster.slots().front().name.view()) {
             refuseName();
             typed = askName();
         } else {

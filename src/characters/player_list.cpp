@@ -51,9 +51,9 @@ void loadRoster() {
         return;
     }
     for (std::size_t slot = 0; slot < searchedSlots; ++slot) {
-        const PlayerRecord& stored = game.roster.slots[slot];
+        const PlayerRecord& stored = game.roster.slots()[slot];
         if (!stored.ownerName.view().empty()) {
-            copyToList(game.roster.list[slot], stored);
+            copyToList(game.roster.list()[slot], stored);
         }
     }
 }
@@ -64,7 +64,7 @@ void showPlayerList() {
     say("`bright white`-----------\n\r");
     say("\n\r");
     for (std::size_t slot = 0; slot < searchedSlots; ++slot) {
-        const TextSlot& name = game.roster.list[slot].name;
+        const TextSlot& name = game.roster.list()[slot].name;
         if (!name.view().empty()) {
             showListed(name, slot);
             game.roster.playerCount = static_cast<std::int32_t>(slot + 2);
@@ -77,7 +77,7 @@ void showUsersOnline() {
     say("`red`Users currently on-line`bright red`:\n\r");
     say("`bright white`------------------------\n\r\n\r");
     for (std::size_t slot = 0; slot < searchedSlots; ++slot) {
-        const PlayerRecord& stored = game.roster.slots[slot];
+        const PlayerRecord& stored = game.roster.slots()[slot];
         if (stored.onlineFlag == 1) {
             showListed(stored.name, slot);
         }

@@ -7,6 +7,7 @@
 
 #include "state/dice.h"
 #include "state/game_state.h"
+#include "state/row_text.h"
 
 #include <algorithm>
 #include <array>
@@ -33,12 +34,12 @@ constexpr std::int32_t kept = 0;
 
 struct KindRow {
     MonsterKind kind;
-    std::string_view name;
-    std::string_view size;
-    std::string_view origin;
-    std::string_view keyword;
-    std::string_view role;
-    std::string_view alignment;
+    RowText<24> name;
+    RowText<8> size;
+    RowText<20> origin;
+    RowText<8> keyword;
+    RowText<12> role;
+    RowText<12> alignment;
     std::int32_t hitPoints;
     DamageDie damage;
     std::int32_t initiative;
@@ -119,9 +120,8 @@ constexpr bool everyKindHasItsRow() {
 }
 
 static_assert(everyKindHasItsRow());
-static_assert(std::ranges::all_of(bestiary, [](const KindRow& row) {
-    return !row.name.empty() && row.name.size() < 30;
-}));
+static_assert(std::ranges::all_of(bestiary,
+                                  [](const KindRow& row) { return *row.name.text() != '\0'; }));
 
 const KindRow& rowOf(MonsterKind kind) {
     return bestiary[static_cast<std::size_t>(kind)];
@@ -158,19 +158,19 @@ void setStats(Monster& monster, const std::array<std::int32_t, 9>& stats) {
 } // namespace
 
 std::string_view monsterName(MonsterKind kind) {
-    return rowOf(kind).name;
+    return rowOf(kind).name.text();
 }
 
 // The draws come in this order: experience, then damage, then gold.
 void setUpMonster(MonsterKind kind) {
     const KindRow& row = rowOf(kind);
     Monster& monster = game.encounter.monster;
-    monster.name = row.name;
-    monster.size = row.size;
-    monster.origin = row.origin;
-    monster.keyword = row.keyword;
-    monster.role = row.role;
-    monster.alignment = row.alignment;
+    monster.name = row.name.text();
+    monster.size = row.size.text();
+    monster.origin = row.origin.text();
+    monster.keyword = row.keyword.text();
+    monster.role = row.role.text();
+    monster.alignment = row.alignment.text();
     monster.maxHitPoints = row.hitPoints;
     monster.hitPoints = row.hitPoints;
     monster.initiative = row.initiative;

@@ -3,11 +3,12 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace morvek {
 
-enum class MonsterKind {
+enum class MonsterKind : std::uint8_t {
     koboldMinion,
     koboldSkirmisher,
     goblinCutter,

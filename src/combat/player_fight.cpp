@@ -22,7 +22,7 @@ PlayerRecord* targetRecord() {
     if (slot < 0 || slot >= static_cast<std::int32_t>(slotCount)) {
         return nullptr;
     }
-    return &game.roster.slots[static_cast<std::size_t>(slot)];
+    return &game.roster.slots()[static_cast<std::size_t>(slot)];
 }
 
 void takeGold(PlayerRecord& beaten) {

@@ -4,14 +4,14 @@
 
 namespace morvek {
 
-GameState game;
+constinit GameState game;
 
 PlayerRecord* slotOfCurrentNumber() {
     const std::int32_t number = game.session.currentSlot;
     if (number < 0 || number >= static_cast<std::int32_t>(slotCount)) {
         return nullptr;
     }
-    return &game.roster.slots[static_cast<std::size_t>(number)];
+    return &game.roster.slots()[static_cast<std::size_t>(number)];
 }
 
 std::int32_t dayNumber() {

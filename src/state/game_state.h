@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace morvek {
@@ -95,14 +96,35 @@ constexpr std::array<PlayerRecord, slotCount> emptySlots() {
     return slots;
 }
 
-// The character file in memory, and what the player list made of it.
-struct Roster {
-    std::array<PlayerRecord, slotCount> slots = emptySlots();
-    std::array<PlayerListEntry, slotCount> list{};
+// The character file in memory, and what the player list made of it. They take their 90,000 bytes
+// when somebody first asks for them, so a caller who only looks at the title does without.
+class Roster {
+public:
+    using Slots = std::array<PlayerRecord, slotCount>;
+    using List = std::array<PlayerListEntry, slotCount>;
+
+    Slots& slots() { return made().slots; }
+    List& list() { return made().list; }
+
     std::int32_t playerCount = 0; // the number of the last player listed, plus one
+
+private:
+    struct Tables {
+        Slots slots = emptySlots();
+        List list{};
+    };
+
+    Tables& made() {
+        if (!tables) {
+            tables = std::make_unique<Tables>();
+        }
+        return *tables;
+    }
+
+    std::unique_ptr<Tables> tables;
 };
 
-static_assert(sizeof(Roster::slots) == 75000);
+static_assert(sizeof(Roster::Slots) == 75000);
 
 struct ScoreEntry {
     std::string name;

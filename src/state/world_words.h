@@ -16,7 +16,7 @@ using WorldWords = std::array<std::int32_t, worldWordCount>;
 // The levels of many rooms, and where the words of each begin: a level's `position` word holds
 // the room last entered (1 to rooms, 0 before the first), and the words below it the
 // `levelCleared` flags of rooms 1, 2, 3, ...
-enum class Level { castle1, castle2, mortuary1, cavern1 };
+enum class Level : std::uint8_t { castle1, castle2, mortuary1, cavern1 };
 
 struct LevelWords {
     Level level;

@@ -27,7 +27,7 @@ const PlayerRecord* findTarget(std::int32_t number) {
     if (number <= 0 || number >= game.roster.playerCount) {
         return nullptr;
     }
-    const PlayerRecord& slot = game.roster.slots.at(static_cast<std::size_t>(number - 1));
+    const PlayerRecord& slot = game.roster.slots().at(static_cast<std::size_t>(number - 1));
     return slot.name.view() == game.player.name ? nullptr : &slot;
 }
 

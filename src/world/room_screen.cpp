@@ -31,7 +31,7 @@ void showGroup(const Room& room, std::string_view name) {
 
 void showTitle(const Room& room) {
     say("\n\r\n\r");
-    say("`red`%s\n\r", room.title);
+    say("`red`%s\n\r", room.title.text());
 }
 
 void showEncounter(const Room& room) {
@@ -58,8 +58,8 @@ void showDirections(const Room& room) {
     say("\n\r");
     say("`red`Directions`bright red`:\n\r\n\r");
     for (const Exit& exit : room.exitList()) {
-        if (exit.line != nullptr) {
-            say("%s", exit.line);
+        if (const char* line = lineOf(exit.sign)) {
+            say("%s", line);
         }
     }
     say("\n\r");

@@ -10,40 +10,40 @@ namespace morvek::rows {
 
 using enum MonsterKind;
 
-constexpr Exit compass(char key, int to, const char* line) {
-    return {.key = key, .to = static_cast<RoomNumber>(to), .line = line};
+constexpr Exit compass(char key, int to, Sign sign) {
+    return {.key = key, .to = static_cast<RoomNumber>(to), .sign = sign};
 }
 
 constexpr Exit n(int to) {
-    return compass('8', to, "`red`8`bright red`) `bright white`North\n\r");
+    return compass('8', to, Sign::north);
 }
 
 constexpr Exit s(int to) {
-    return compass('2', to, "`red`2`bright red`) `bright white`South\n\r");
+    return compass('2', to, Sign::south);
 }
 
 constexpr Exit w(int to) {
-    return compass('4', to, "`red`4`bright red`) `bright white`West\n\r");
+    return compass('4', to, Sign::west);
 }
 
 constexpr Exit e(int to) {
-    return compass('6', to, "`red`6`bright red`) `bright white`East\n\r");
+    return compass('6', to, Sign::east);
 }
 
 constexpr Exit nw(int to) {
-    return compass('7', to, "`red`7`bright red`) `bright white`North West\n\r");
+    return compass('7', to, Sign::northWest);
 }
 
 constexpr Exit ne(int to) {
-    return compass('9', to, "`red`9`bright red`) `bright white`North East\n\r");
+    return compass('9', to, Sign::northEast);
 }
 
 constexpr Exit sw(int to) {
-    return compass('1', to, "`red`1`bright red`) `bright white`South West\n\r");
+    return compass('1', to, Sign::southWest);
 }
 
 constexpr Exit se(int to) {
-    return compass('3', to, "`red`3`bright red`) `bright white`South East\n\r");
+    return compass('3', to, Sign::southEast);
 }
 
 constexpr Exit noTrail(Exit exit) {
@@ -57,36 +57,25 @@ constexpr Exit lateTrail(Exit exit) {
 }
 
 constexpr Exit sealed(Exit exit) {
-    exit.line = nullptr;
+    exit.sign = Sign::none;
     exit.passage = Passage::sealed;
     return exit;
 }
 
-constexpr Exit paintedEast{.key = '6', .line = e(nowhere).line, .passage = Passage::painted};
+constexpr Exit paintedEast{.key = '6', .sign = Sign::east, .passage = Passage::painted};
 
 // The exits by letter, each with its own way of writing its line.
-constexpr Exit enterCastle{.key = 'e',
-                           .to = roomOf(Level::castle1, 1),
-                           .line = "`red`E`bright red`)`bright white`nter Castle\n\r"};
-constexpr Exit leaveCastle{
-    .key = 'l', .to = 56, .line = "`red`L`bright red`)`bright white`eave Castle\n\r"};
-constexpr Exit downToLevel2{.key = 'd',
-                            .to = roomOf(Level::castle2, 1),
-                            .line = "`red`D`bright red`) `bright white`Down to Level 2\n\r"};
-constexpr Exit upToLevel1{.key = 'u',
-                          .to = roomOf(Level::castle1, 22),
-                          .line = "`red`U`bright red`) `bright white`Up to Level 1\n\r"};
-constexpr Exit enterMortuary{.key = 'e',
-                             .to = roomOf(Level::mortuary1, 1),
-                             .line = "`red`E`bright red`)`bright white`nter Mortuary\n\r"};
-constexpr Exit leaveMortuary{
-    .key = 'l', .to = 26, .line = "`red`L`bright red`) `bright white`eave Mortuary\n\r"};
+constexpr Exit enterCastle{.key = 'e', .to = roomOf(Level::castle1, 1), .sign = Sign::enterCastle};
+constexpr Exit leaveCastle{.key = 'l', .to = 56, .sign = Sign::leaveCastle};
+constexpr Exit downToLevel2{
+    .key = 'd', .to = roomOf(Level::castle2, 1), .sign = Sign::downToLevel2};
+constexpr Exit upToLevel1{.key = 'u', .to = roomOf(Level::castle1, 22), .sign = Sign::upToLevel1};
+constexpr Exit enterMortuary{
+    .key = 'e', .to = roomOf(Level::mortuary1, 1), .sign = Sign::enterMortuary};
+constexpr Exit leaveMortuary{.key = 'l', .to = 26, .sign = Sign::leaveMortuary};
 constexpr Exit enterCavern{.key = 'e', .to = roomOf(Level::cavern1, 1), .passage = Passage::sealed};
-constexpr Exit exitToPathway{
-    .key = 'e', .to = 13, .line = "`red`E`bright red`)`bright white`xit to Rattlehead Pathway\n\r"};
-constexpr Exit unfinishedExit{.key = 'e',
-                              .line = "`red`E`bright red`)`bright white`xit Rattlehead Cavern\n\r",
-                              .passage = Passage::unfinished};
+constexpr Exit exitToPathway{.key = 'e', .to = 13, .sign = Sign::exitToPathway};
+constexpr Exit unfinishedExit{.key = 'e', .sign = Sign::exitCavern, .passage = Passage::unfinished};
 
 constexpr Inhabitants nobody{};
 constexpr Inhabitants rabbleOrBandit{humanRabble, humanBandit};
@@ -102,7 +91,7 @@ constexpr Oddities morveksRoom{.morveksRoom = true};
 using Exits = std::initializer_list<Exit>;
 
 // A numbered location; its compass exits lead to locations.
-constexpr Room place(int number, const char* title, const char* keys, Exits exits,
+constexpr Room place(int number, std::string_view title, std::string_view keys, Exits exits,
                      Inhabitants inhabitants, Oddities oddities = {}) {
     Room room{.number = static_cast<RoomNumber>(number),
               .title = title,
@@ -121,11 +110,11 @@ constexpr bool isCompassKey(char key) {
 
 // A level's room; its compass exits lead to positions in the same level, and no exit of it leaves
 // a trail.
-constexpr Room levelRoom(Level level, int position, const char* title, const char* keys,
+constexpr Room levelRoom(Level level, int position, std::string_view title, std::string_view keys,
                          Exits exits, Inhabitants inhabitants, Group group, Oddities oddities) {
     Room room = place(roomOf(level, position), title, keys, exits, inhabitants, oddities);
     room.level = level;
-    room.position = position;
+    room.position = static_cast<std::uint8_t>(position);
     room.group = group;
     for (Exit& exit : std::span(room.exits).first(room.exitCount)) {
         exit.trail = Trail::none;
@@ -136,24 +125,24 @@ constexpr Room levelRoom(Level level, int position, const char* title, const cha
     return room;
 }
 
-constexpr Room castle1(int position, const char* title, const char* keys, Exits exits,
+constexpr Room castle1(int position, std::string_view title, std::string_view keys, Exits exits,
                        Inhabitants inhabitants) {
     return levelRoom(Level::castle1, position, title, keys, exits, inhabitants, Group::rolled, {});
 }
 
-constexpr Room castle2(int position, const char* keys, Exits exits, Inhabitants inhabitants,
+constexpr Room castle2(int position, std::string_view keys, Exits exits, Inhabitants inhabitants,
                        Oddities oddities = {}) {
     return levelRoom(Level::castle2, position, "Castle Level 2", keys, exits, inhabitants,
                      Group::rolled, oddities);
 }
 
-constexpr Room mortuary(int position, const char* keys, Exits exits, Inhabitants inhabitants,
+constexpr Room mortuary(int position, std::string_view keys, Exits exits, Inhabitants inhabitants,
                         Group group = Group::rolled) {
     return levelRoom(Level::mortuary1, position, "Underground Mortuary Level 1", keys, exits,
                      inhabitants, group, {});
 }
 
-constexpr Room cavern(int position, const char* keys, Exits exits, Inhabitants inhabitants,
+constexpr Room cavern(int position, std::string_view keys, Exits exits, Inhabitants inhabitants,
                       Group group = Group::rolled) {
     return levelRoom(Level::cavern1, position, "Rattlehead Cavern Level 1", keys, exits,
                      inhabitants, group, {});

@@ -191,7 +191,7 @@ RoomNumber move(Visit& visit, const Room& room) {
     if (isLeavingWorld() || isOutOfTurns() || isDead()) {
         return goOnTo(visit, Stage::leaving);
     }
-    const char key = menu("areaone", room.keys);
+    const char key = menu("areaone", room.keys.text());
     switch (key) {
     case 's':
         return searchArea(visit);

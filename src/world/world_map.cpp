@@ -7,6 +7,29 @@ namespace {
 
 using namespace rows;
 
+// In the order of the signs; an exit by letter has its own way of writing its line.
+constexpr std::array signLines{
+    static_cast<const char*>(nullptr),
+    "`red`8`bright red`) `bright white`North\n\r",
+    "`red`2`bright red`) `bright white`South\n\r",
+    "`red`4`bright red`) `bright white`West\n\r",
+    "`red`6`bright red`) `bright white`East\n\r",
+    "`red`7`bright red`) `bright white`North West\n\r",
+    "`red`9`bright red`) `bright white`North East\n\r",
+    "`red`1`bright red`) `bright white`South West\n\r",
+    "`red`3`bright red`) `bright white`South East\n\r",
+    "`red`E`bright red`)`bright white`nter Castle\n\r",
+    "`red`L`bright red`)`bright white`eave Castle\n\r",
+    "`red`D`bright red`) `bright white`Down to Level 2\n\r",
+    "`red`U`bright red`) `bright white`Up to Level 1\n\r",
+    "`red`E`bright red`)`bright white`nter Mortuary\n\r",
+    "`red`L`bright red`) `bright white`eave Mortuary\n\r",
+    "`red`E`bright red`)`bright white`xit to Rattlehead Pathway\n\r",
+    "`red`E`bright red`)`bright white`xit Rattlehead Cavern\n\r",
+};
+
+static_assert(signLines.size() == static_cast<std::size_t>(Sign::exitCavern) + 1);
+
 // Number, title, hot keys, exits, inhabitants, oddities. Not every way has a way back, and some
 // rooms have no way in.
 constexpr std::array<Room, roomCount> rooms{{
@@ -202,13 +225,13 @@ constexpr bool everyRowStandsAtItsNumber() {
 constexpr bool isRight(const Room& room, const Exit& exit) {
     switch (exit.passage) {
     case Passage::open:
-        return room.takes(exit.key) && exit.line != nullptr && exit.to != nowhere &&
+        return room.takes(exit.key) && exit.sign != Sign::none && exit.to != nowhere &&
                exit.to <= roomCount;
     case Passage::painted:
     case Passage::unfinished:
-        return room.takes(exit.key) && exit.line != nullptr && exit.to == nowhere;
+        return room.takes(exit.key) && exit.sign != Sign::none && exit.to == nowhere;
     case Passage::sealed:
-        return !room.takes(exit.key) && exit.line == nullptr && exit.to != nowhere &&
+        return !room.takes(exit.key) && exit.sign == Sign::none && exit.to != nowhere &&
                exit.to <= roomCount;
     }
     return false;
@@ -225,7 +248,7 @@ constexpr bool everyExitIsRight() {
 // The movement menu's keys are the exits' and then those of the features.
 constexpr bool everyHotKeyDoesSomething() {
     return std::all_of(rooms.begin(), rooms.end(), [](const Room& room) {
-        const std::string_view keys = room.keys;
+        const std::string_view keys = room.keys.text();
         const std::string_view features = room.level ? "hyf" : "shyf";
         const std::string_view ways = keys.substr(0, keys.size() - features.size());
         return keys.ends_with(features) && std::all_of(ways.begin(), ways.end(), [&](char key) {
@@ -293,6 +316,10 @@ static_assert(everyOtherRoomIsReachedOnFoot());
 static_assert(everyKindButTheBlackbladeLivesSomewhere());
 
 } // namespace
+
+const char* lineOf(Sign sign) {
+    return signLines.at(static_cast<std::size_t>(sign));
+}
 
 std::span<const Room, roomCount> allRooms() {
     return rooms;

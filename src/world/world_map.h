@@ -4,6 +4,7 @@
 #pragma once
 
 #include "combat/bestiary.h"
+#include "state/row_text.h"
 #include "state/world_words.h"
 
 #include <algorithm>
@@ -47,10 +48,34 @@ enum class Trail : std::uint8_t {
     none,
 };
 
+// An exit's line among the directions.
+enum class Sign : std::uint8_t {
+    none,
+    north,
+    south,
+    west,
+    east,
+    northWest,
+    northEast,
+    southWest,
+    southEast,
+    enterCastle,
+    leaveCastle,
+    downToLevel2,
+    upToLevel1,
+    enterMortuary,
+    leaveMortuary,
+    exitToPathway,
+    exitCavern,
+};
+
+// The line with its colour codes; null for none.
+const char* lineOf(Sign sign);
+
 struct Exit {
     char key = 0;
     RoomNumber to = nowhere;
-    const char* line = nullptr; // among the directions; null: none
+    Sign sign = Sign::none;
     Trail trail = Trail::before;
     Passage passage = Passage::open;
 };
@@ -84,11 +109,11 @@ struct Oddities {
 struct Room {
     RoomNumber number = nowhere;
     std::optional<Level> level = std::nullopt; // none: a numbered location
-    int position = 0;                          // in its level
-    const char* title = "";
-    const char* keys = ""; // hot keys of the movement menu
+    std::uint8_t position = 0;                 // in its level
+    RowText<32> title{""};
+    RowText<12> keys{""}; // hot keys of the movement menu
     std::array<Exit, 4> exits{};
-    std::size_t exitCount = 0;
+    std::uint8_t exitCount = 0;
     Inhabitants inhabitants;
     Group group = Group::rolled;
     Oddities oddities;
@@ -99,7 +124,7 @@ struct Room {
     }
 
     [[nodiscard]] constexpr bool takes(char key) const {
-        return std::string_view(keys).find(key) != std::string_view::npos;
+        return std::string_view(keys.text()).find(key) != std::string_view::npos;
     }
 
     // The exit of that key, or null.

@@ -14,14 +14,14 @@ protected:
         game.session.dateStamp = "111526";
         game.player.name = "Arwen";
     }
-    static PlayerRecord& slot(std::size_t number) { return game.roster.slots[number]; }
+    static PlayerRecord& slot(std::size_t number) { return game.roster.slots()[number]; }
     static void ownByOthers(std::size_t count) {
         for (std::size_t number = 0; number < count; ++number) {
             own(number, "Other", "Somebody");
         }
     }
     // Stores the roster, cut or continued to the length, and loads it in a new game.
-    static void reload(std::size_t length = sizeof game.roster.slots) {
+    static void reload(std::size_t length = sizeof game.roster.slots()) {
         std::string bytes = rosterBytes();
         bytes.resize(length, 'x');
         writeFile("morchars.dat", bytes);

@@ -4,8 +4,8 @@
 
 TEST(Creation, OnlySlotZeroForbidsANameAndANoKeepsTheFirst) {
     newCall();
-    game.roster.slots[0].name.assign("Arwen");
-    game.roster.slots[1].name.assign("Boromir");
+    game.roster.slots()[0].name.assign("Arwen");
+    game.roster.slots()[1].name.assign("Boromir");
     const std::string question = "{|}{`r`Character Name`R`: `W`}[line 50 0 127 ]";
     EXPECT_EQ(caller.visit(enterName, "Arwen\rxBoromir\rnEowyn\r"),
               question + "{That name is unavailable, choose another one.||}[any key]" + question +

@@ -16,7 +16,7 @@ TEST_F(PlayerList, ListsWhatTheFileHoldsUnderSlotPlusOne) {
                                             "{`R`}<`red`Bo>{ `r`#`W`}<1>{|}"
                                             "{`R`}<Eowyn>{ `r`#`W`}<49>{|}");
     EXPECT_EQ(game.roster.playerCount, 50);
-    EXPECT_EQ(game.roster.list[0].version.view(), "0.6.9a");
+    EXPECT_EQ(game.roster.list()[0].version.view(), "0.6.9a");
 
     fs::remove("morchars.dat"); // nothing is loaded, and the old list stays
     loadRoster();
@@ -24,10 +24,10 @@ TEST_F(PlayerList, ListsWhatTheFileHoldsUnderSlotPlusOne) {
 }
 
 TEST_F(PlayerList, TheOnlineListReadsMemoryOnly) {
-    game.roster.slots[2].onlineFlag = 1;
-    game.roster.slots[2].name.assign("Arwen");
-    game.roster.slots[4].onlineFlag = 2;
-    game.roster.slots[49].onlineFlag = 1;
+    game.roster.slots()[2].onlineFlag = 1;
+    game.roster.slots()[2].name.assign("Arwen");
+    game.roster.slots()[4].onlineFlag = 2;
+    game.roster.slots()[49].onlineFlag = 1;
     EXPECT_EQ(caller.visit(showUsersOnline, "x"),
               "[clear]{`r`Users currently on-line`R`:|}{`W`------------------------||}"
               "{`R`}<Arwen>{ `r`#`W`}<3>{|}{|}[any key]");

@@ -43,7 +43,7 @@ TEST(Arena, AQuickerOpponentStrikesFirstAndABeatenPlayerStrikesAtWhatIsLeft) {
 TEST_F(PlayerFight, ABeatenPlayerLosesHisGoldAndTheQuickSaveTakesSlotZero) {
     meet("Bartholomew the Elder of Morvek");
     game.session.targetSlot = 4;
-    game.roster.slots[4].gold = 1000;
+    game.roster.slots()[4].gold = 1000;
     game.player.gold = 5;
     game.player.weaponNumber = 6;
     chance.script({6, 0, 0, 15}); // the weapon's d8, then the blow
@@ -52,8 +52,8 @@ TEST_F(PlayerFight, ABeatenPlayerLosesHisGoldAndTheQuickSaveTakesSlotZero) {
     EXPECT_TRUE(caller.saw("{`r`You took `W`}<1000>{ `R`gold `r`from `W`}"));
     game.roster = Roster{};
     ASSERT_TRUE(readRoster());
-    EXPECT_EQ(0 + game.roster.slots[4].gold, 0); // a field of a packed record: by value
-    EXPECT_EQ(0 + game.roster.slots[0].gold, 1005);
+    EXPECT_EQ(0 + game.roster.slots()[4].gold, 0); // a field of a packed record: by value
+    EXPECT_EQ(0 + game.roster.slots()[0].gold, 1005);
 }
 
 TEST_F(PlayerFight, EmptyPocketsAreNamedAndNothingIsSaved) {

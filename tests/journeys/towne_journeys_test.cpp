@@ -19,8 +19,8 @@ protected:
     // What happens to the first character between two calls.
     static void meanwhile(const std::function<void(PlayerRecord&)>& change) {
         readInto("morchars.dat",
-                 {reinterpret_cast<char*>(game.roster.slots.data()), sizeof game.roster.slots});
-        change(game.roster.slots[0]);
+                 {reinterpret_cast<char*>(game.roster.slots().data()), sizeof game.roster.slots()});
+        change(game.roster.slots()[0]);
         writeFile("morchars.dat", rosterBytes());
     }
 

@@ -16,13 +16,13 @@ inline std::string storedText(std::string text) {
 
 // Gives a slot of the roster in memory a character.
 inline void own(std::size_t number, std::string_view owner, std::string_view name) {
-    game.roster.slots[number].ownerName.assign(owner);
-    game.roster.slots[number].name.assign(name);
+    game.roster.slots()[number].ownerName.assign(owner);
+    game.roster.slots()[number].name.assign(name);
 }
 
 // The roster in memory, as the character file holds it.
 inline std::string rosterBytes() {
-    return {reinterpret_cast<const char*>(game.roster.slots.data()), sizeof game.roster.slots};
+    return {reinterpret_cast<const char*>(game.roster.slots().data()), sizeof game.roster.slots()};
 }
 
 // A slot of the character file.

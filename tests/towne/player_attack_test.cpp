@@ -10,7 +10,7 @@ bool attack(const std::string& keys, const char* player = "Bors") {
     newCall(false);
     game.player.name = player;
     game.roster.playerCount = 5;
-    auto& slots = game.roster.slots;
+    auto& slots = game.roster.slots();
     slots[0].name.assign("Arwen");
     slots[1].name.assign("Bors");
     slots[3].name.assign("`Cuthbert");

@@ -57,7 +57,7 @@ TEST_F(Tavern, TheBarSavesTheCharacterOnTheWayOut) {
     caller.visit(orderDrink, "l ");
     game.roster = Roster{};
     ASSERT_TRUE(readRoster());
-    EXPECT_DOUBLE_EQ(game.roster.slots[0].gold, 50);
+    EXPECT_DOUBLE_EQ(game.roster.slots()[0].gold, 50);
 }
 
 TEST_F(Tavern, ARoomEndsTheGameButSavesNothing) {
@@ -69,7 +69,7 @@ TEST_F(Tavern, ARoomEndsTheGameButSavesNothing) {
     caller.visit(visitTavern, "gy ");
     EXPECT_EQ(game.session.roomRented, 1);
     EXPECT_EQ(game.session.today, 111526);
-    EXPECT_EQ(game.roster.slots[2].lastPlayedDay, 111526);
+    EXPECT_EQ(game.roster.slots()[2].lastPlayedDay, 111526);
     EXPECT_EQ(game.world.currentLocation, 0);
     EXPECT_EQ(game.player.name + game.scores.table[0].name, "");
     EXPECT_EQ(readFile("scores.dat"), "Arwen#1500Ranger\n");

@@ -15,7 +15,7 @@ protected:
                        .maxHitPoints = 20};
         game.session.sessionStartExperience = 40;
     }
-    static PlayerRecord& slot(std::size_t number) { return game.roster.slots[number]; }
+    static PlayerRecord& slot(std::size_t number) { return game.roster.slots()[number]; }
 
     const std::string hub = "[clear][menu townmenu fhwambtlyoqp]";
 };
