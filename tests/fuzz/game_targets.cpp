@@ -1,0 +1,171 @@
+// What the game reads: its files, and the keys of a whole call.
+#include "files.h"
+#include "fuzz.h"
+#include "held_call.h"
+
+#include "door/configuration.h"
+#include "door/door_session.h"
+#include "door/screen.h"
+#include "door/title_menu.h"
+#include "files/configuration_file.h"
+#include "files/score_file.h"
+#include "files/scroll_file.h"
+#include "state/game_state.h"
+#include "towne/news.h"
+#include "towne/scores.h"
+#include "towne/scroll_board.h"
+
+#include <cstring>
+
+using namespace morvek;
+
+namespace fuzz {
+namespace {
+
+constexpr std::size_t rosterSize = sizeof(Roster::slots);
+
+void beginGame() {
+    static const GameState fresh;
+    game = fresh;
+    game.session.dateStamp = "111526";
+    files.clear();
+    seed = 0;
+}
+
+void own(PlayerRecord& slot, std::string_view owner, std::string_view name) {
+    slot.ownerName.assign(owner);
+    slot.name.assign(name);
+    slot.className.assign("Ranger");
+    slot.weapon.assign("Club");
+    slot.armour.assign("Cloth");
+    slot.level = slot.weaponNumber = slot.armourNumber = 1;
+    slot.experienceNeeded = 1000;
+    slot.hitPoints = slot.maxHitPoints = slot.strength = slot.dexterity = 18;
+    slot.turnsLeft = slot.turnsPerDay = 30;
+    slot.gold = 5000;
+}
+
+// A character file of three, the second of them the caller's.
+std::string characterFile() {
+    auto slots = emptySlots();
+    own(slots[0], "Bob", "Bjorn");
+    own(slots[1], "Alice", "Arwen");
+    own(slots[2], "Carol", "Cirdan");
+    return {reinterpret_cast<const char*>(slots.data()), rosterSize};
+}
+
+// Forges the character file: each patch is the number of a slot, an offset of two bytes in its
+// record, a length, and so many bytes. A patch without bytes ends the file there.
+void forge(std::string& bytes, std::string_view& patches, std::size_t most) {
+    for (; most > 0 && !patches.empty(); --most) {
+        const std::size_t slot = takeNumber(patches) % slotCount;
+        const std::size_t offset = takeNumber(patches) + 256 * takeNumber(patches);
+        const std::size_t place = slot * sizeof(PlayerRecord) + offset % sizeof(PlayerRecord);
+        const std::string_view patch = take(patches, takeNumber(patches) % 64);
+        if (patch.empty()) {
+            bytes.resize(std::min(bytes.size(), place));
+        } else if (place + patch.size() <= bytes.size()) {
+            patch.copy(bytes.data() + place, patch.size());
+        }
+    }
+}
+
+void playWhole() {
+    limitUserName(TextSlot::capacity);
+    takeDisplayName();
+    detectTerminal();
+    titleMenu();
+}
+
+// A call with the forged files of the input; a saved roster is always a whole one.
+void play(const Call& call) {
+    const std::string before = files["morchars.dat"];
+    hold(call, playWhole);
+    require(files["morchars.dat"] == before || files["morchars.dat"].size() == rosterSize);
+}
+
+} // namespace
+
+void configuration(std::string_view input) {
+    beginGame();
+    files[configurationFileName] = input;
+    hold(Call(1, "Q"), [] {
+        if (readConfiguration()) {
+            require(game.session.hostName.size() <= longestConfigurationLine);
+            require(game.session.gameDirectory.size() <= longestConfigurationLine);
+            titleMenu();
+        }
+    });
+}
+
+// The name of the player whose score is entered ends in a line feed.
+void scores(std::string_view input) {
+    beginGame();
+    const unsigned bits = takeNumber(input);
+    game.player.experience = static_cast<std::int32_t>(takeNumber(input) << 5U);
+    game.player.name = take(input, std::min<std::size_t>(15, input.find('\n')));
+    game.player.className = "Ranger";
+    files[scoreFileName] = input.substr(std::min<std::size_t>(input.size(), 1));
+    hold(Call(bits), [] {
+        showTopTen();
+        prepareScore();
+        updateScores(3);
+        showTopTen();
+        require(game.scores.count >= 0 && game.scores.count <= 10);
+        waitForKey();
+    });
+    for (const char byte : files[plainBulletinName]) {
+        require((static_cast<unsigned char>(byte) >= ' ' && byte != 127) || byte == '\n');
+    }
+}
+
+// Up to 31 keys, and the board's file.
+void board(std::string_view input) {
+    workInMemory();
+    beginGame();
+    game.player.name = "Arwen";
+    const unsigned bits = takeNumber(input);
+    const std::string_view keys = take(input, takeNumber(input) % 32);
+    writeFile(scrollFileName, input);
+    hold(Call(bits, keys), scrollBoard);
+}
+
+void news(std::string_view input) {
+    beginGame();
+    const unsigned bits = takeNumber(input);
+    files["111526.txt"] = input;
+    hold(Call(bits, "x"), [] {
+        newsJoined();
+        showNews();
+    });
+}
+
+// A tour of all that shows the characters of the file, and of what saves them.
+void characterRecord(std::string_view input) {
+    beginGame();
+    Call call(takeNumber(input), "Skyklkokp1\rnqkkQ");
+    files["morchars.dat"] = characterFile();
+    forge(files["morchars.dat"], input, input.size());
+    play(call);
+}
+
+// Chance, the caller's name, up to 7 patches of the character file, or no such file; and his keys.
+void wholeGame(std::string_view input) {
+    workInMemory();
+    writeFile(scrollFileName, "");
+    beginGame();
+    const unsigned bits = takeNumber(input);
+    seed = takeNumber(input);
+    Call call(bits);
+    if ((bits & 32) != 0) {
+        call.name = take(input, takeNumber(input) % 40);
+    }
+    if ((bits & 64) == 0) {
+        files["morchars.dat"] = characterFile();
+        forge(files["morchars.dat"], input, takeNumber(input) % 8);
+    }
+    call.keys = input;
+    play(call);
+}
+
+} // namespace fuzz

@@ -1,0 +1,155 @@
+#include "held_call.h"
+
+#include "fuzz.h"
+
+#include <array>
+#include <ctime>
+#include <memory>
+
+#include <sys/socket.h>
+
+namespace {
+
+constexpr std::time_t begin = 1794744000; // 15 November 2026, 12:00 UTC
+long milliseconds = 0;                    // since then
+
+// The clock goes on only while the caller is waited for.
+int waitingClock(clockid_t, timespec* now) {
+    *now = {begin + milliseconds / 1000, milliseconds % 1000 * 1'000'000};
+    return 0;
+}
+
+} // namespace
+
+// The session is the toolkit's own; from inside, it can be begun anew for each input.
+#define clock_gettime waitingClock
+#include "clock.cpp"
+#undef clock_gettime
+#include "opendoor.cpp"
+#include "terminal.h"
+
+namespace fuzz {
+namespace {
+
+struct CallEnded {};
+
+Call call(0);
+
+// Of control bytes the toolkit sends line ends, backspaces, form feeds, and the sequences that
+// clear, move, colour and ask; everything that the texts of others hold is kept from the caller.
+void inspect(std::string_view shown) {
+    for (std::size_t i = 0; call.trusted && i < shown.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(shown[i]);
+        if (byte >= ' ' && byte != 127) {
+            continue;
+        }
+        require(std::string_view("\r\n\b\f\033").find(shown[i]) != std::string_view::npos);
+        if (byte == '\033') {
+            i = shown.find_first_not_of("[0123456789;", i + 1);
+            require(i < shown.size() && std::string_view("JHmn").find(shown[i]) < 4);
+        }
+    }
+}
+
+int someSocket() {
+    static const int socket = [] {
+        std::array<int, 2> ends{};
+        require(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) == 0);
+        return ends[0];
+    }();
+    return socket;
+}
+
+} // namespace
+
+void hold(const Call& next, const std::function<void()>& door) {
+    call = next;
+    milliseconds = 0;
+    od_control = {};
+    options = {};
+    options.local = !call.telnet;
+    options.userName = call.name;
+    options.minutesLeft = call.hurried ? 7 : 60;
+    options.charset = call.utf8 ? odoors::Charset::utf8 : odoors::Charset::cp437;
+    if (call.ansi || !call.telnet) {
+        options.ansi = call.ansi;
+    }
+    if (call.telnet) {
+        options.handle = someSocket();
+    }
+    std::destroy_at(&session());
+    std::construct_at(&session());
+    opened = false;
+    try {
+        od_init();
+        door();
+    } catch (const CallEnded&) {
+    }
+}
+
+} // namespace fuzz
+
+using fuzz::call;
+
+// Both are linked in the place of the real ones.
+extern "C" void __wrap_od_exit(int, int) {
+    throw fuzz::CallEnded();
+}
+extern "C" void __wrap__exit(int) {
+    throw fuzz::CallEnded();
+}
+
+namespace odoors {
+
+void makeTerminalRaw(int) {}
+void restoreTerminal() {}
+void watchSignals(int) {}
+bool sessionSignalled() {
+    return false;
+}
+
+Connection::Connection(int socket)
+    : input_(socket), output_(socket), telnet_(std::make_unique<Telnet>()) {}
+
+Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
+    if (call.keys.empty()) {
+        return lose();
+    }
+    if (call.slow && (patience == 0 || call.keys.front() == 0)) {
+        fuzz::take(call.keys, patience == 0 ? 0 : 1);
+        milliseconds += std::clamp<Milliseconds>(patience, 0, 60'000);
+        return Event::nothing;
+    }
+    const std::string_view typed = fuzz::take(call.keys, call.slow ? 1 : 4096);
+    const std::size_t before = bytes.size();
+    if (telnet_) {
+        telnet_->receive(typed, bytes);
+    } else {
+        bytes += typed;
+    }
+    return bytes.size() > before ? Event::bytes : Event::nothing;
+}
+
+bool Connection::write(std::string_view bytes) {
+    fuzz::inspect(bytes);
+    if (telnet_) {
+        telnet_->send(bytes);
+        telnet_->takeForLine();
+    }
+    return true;
+}
+
+void Connection::writeAtParting(std::string_view bytes) {
+    write(bytes);
+}
+
+bool Connection::canBeAsked() const {
+    return true;
+}
+
+Connection::Event Connection::lose() {
+    lost_ = true;
+    return Event::lost;
+}
+
+} // namespace odoors

@@ -1,0 +1,124 @@
+// What the door toolkit reads: drop files, options, display files, the caller's bytes.
+#include "bbsdev.h"
+#include "caller.h"
+#include "chain.h"
+#include "clock.h"
+#include "display_file.h"
+#include "door32.h"
+#include "door_sys.h"
+#include "dorinfo.h"
+#include "fuzz.h"
+#include "held_call.h"
+#include "text.h"
+
+#include <array>
+#include <vector>
+
+#include "OpenDoor.h"
+
+namespace fuzz {
+namespace {
+
+void resolve(const odoors::Options& options, const std::optional<odoors::DropFile>& file) {
+    const odoors::Caller caller = odoors::resolveCaller(options, file, odoors::Streams{});
+    require(caller.name.size() < sizeof od_control.user_name);
+    odoors::TimeLimit limit(0, caller.secondsLeft, caller.timed);
+    require(limit.end() >= 0 && limit.takeWarning(0) == 0);
+    require(limit.minutesLeft(0) >= 0 && limit.minutesLeft(limit.end()) <= 32767);
+    require(caller.inactivitySeconds >= 0 && caller.inactivitySeconds < odoors::never / 1000);
+}
+
+// The caller of a drop file under both names, or one line that says why there is none.
+void readDropFile(odoors::DropFile (*read)(const odoors::DropLines&), std::string_view input) {
+    try {
+        const odoors::DropFile file = read({"call", input});
+        odoors::Options options;
+        options.standardStreams = true;
+        resolve(options, file);
+        options.realName = true;
+        resolve(options, file);
+    } catch (const odoors::Refusal& refusal) {
+        require(refusal.reason.starts_with("call: line "));
+        require(refusal.reason.find('\n') == std::string::npos);
+    }
+}
+
+} // namespace
+
+void door32Sys(std::string_view input) {
+    readDropFile(odoors::readDoor32, input);
+}
+
+void doorSys(std::string_view input) {
+    readDropFile(odoors::readDoorSys, input);
+}
+
+void dorinfoDef(std::string_view input) {
+    readDropFile(odoors::readDorinfo, input);
+}
+
+void chainTxt(std::string_view input) {
+    readDropFile(odoors::readChain, input);
+}
+
+void bbsdevDrp(std::string_view input) {
+    readDropFile(odoors::readBbsdev, input);
+}
+
+// The command line, a line of the input a word.
+void options(std::string_view input) {
+    std::string words(input);
+    std::vector<const char*> arguments;
+    for (std::size_t begin = 0; begin < words.size();) {
+        const std::size_t end = std::min(words.find('\n', begin), words.size() - 1);
+        arguments.push_back(words.data() + begin);
+        words[end] = words[end] == '\n' ? '\0' : words[end];
+        begin = end + 1;
+    }
+    try {
+        resolve(odoors::readOptions(arguments), std::nullopt);
+    } catch (const odoors::Refusal& refusal) {
+        require(!refusal.reason.empty());
+    }
+}
+
+// A menu's display file, which is also said as a text with colour codes.
+void displayFile(std::string_view input) {
+    workInMemory();
+    Call call(takeNumber(input));
+    writeFile("menu.asc", input);
+    call.keys = "x";
+    call.trusted = false;
+    hold(call, [] { od_hotkey_menu("MENU", "x", 1); });
+    call.trusted = true;
+    hold(call, [=] {
+        od_printf("%s", std::string(input).c_str());
+        od_disp(input.data(), static_cast<int>(input.size()), 1);
+        od_get_key(1);
+    });
+}
+
+// Every way in which the caller is asked, in turn.
+void terminal(std::string_view input) {
+    const unsigned bits = takeNumber(input);
+    hold(Call(bits, input), [] {
+        od_autodetect(0);
+        while (true) {
+            std::array<char, 21> line{"abc"};
+            od_input_str(line.data(), 20, 32, 255);
+            const std::string_view typed = line.data();
+            require(typed.size() <= 20);
+            require(std::all_of(typed.begin(), typed.end(), [](char key) {
+                return static_cast<unsigned char>(key) >= ' ' && key != 127;
+            }));
+            od_set_cursor(3, 40);
+            od_disp_str(line.data());
+            require(std::string_view("YNx").find(od_get_answer("YNx")) != std::string_view::npos);
+            od_clr_scr();
+            od_get_key(0);
+            require(od_get_key(1) != 0);
+        }
+    });
+}
+
+} // namespace fuzz
