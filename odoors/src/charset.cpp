@@ -1,6 +1,8 @@
 #include "charset.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 
 #include "text.h"
 
@@ -25,15 +27,12 @@ char continuation(char16_t character, int shift) {
     return static_cast<char>(0x80 | ((character >> shift) & 0x3f));
 }
 
-} // namespace
+bool isUpper(char byte) {
+    return static_cast<unsigned char>(byte) >= firstUpper;
+}
 
-void appendAsUtf8(std::string& text, char byte) {
-    const auto code = static_cast<unsigned char>(byte);
-    if (code < firstUpper) {
-        text += byte;
-        return;
-    }
-    const char16_t character = upperHalf[code - firstUpper];
+// A character above 127, as its two or three bytes.
+void appendCharacter(std::string& text, char16_t character) {
     if (character < 0x800) {
         text += static_cast<char>(0xc0 | (character >> 6));
     } else {
@@ -41,6 +40,21 @@ void appendAsUtf8(std::string& text, char byte) {
         text += continuation(character, 6);
     }
     text += continuation(character, 0);
+}
+
+} // namespace
+
+void appendAsUtf8(std::string& text, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto plain = static_cast<std::size_t>(
+            std::distance(bytes.begin(), std::find_if(bytes.begin(), bytes.end(), isUpper)));
+        text += bytes.substr(0, plain);
+        bytes.remove_prefix(plain);
+        if (!bytes.empty()) {
+            appendCharacter(text, upperHalf[static_cast<unsigned char>(bytes[0]) - firstUpper]);
+            bytes.remove_prefix(1);
+        }
+    }
 }
 
 char cp437Byte(char32_t character) {

@@ -9,8 +9,8 @@ namespace odoors {
 // What a caller's terminal shows. The game's own texts are always CP437.
 enum class Charset { cp437, utf8 };
 
-// Adds one CP437 byte to a text in UTF-8; bytes below 128 stay as they are.
-void appendAsUtf8(std::string& text, char byte);
+// Adds CP437 bytes to a text in UTF-8; bytes below 128 stay as they are.
+void appendAsUtf8(std::string& text, std::string_view bytes);
 
 // The CP437 byte of a Unicode character, 0 when there is none.
 char cp437Byte(char32_t character);

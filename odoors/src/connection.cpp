@@ -15,6 +15,7 @@ namespace odoors {
 namespace {
 
 constexpr std::size_t chunk = 4096;
+constexpr int forEver = -1; // to poll: no clock to be set, for weeks all the same
 
 // Whether a failed read or write is worth another try.
 bool isPassing(int error) {
@@ -32,8 +33,9 @@ Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
     }
     // The output is watched too, since a caller may go away without closing the input.
     std::array<pollfd, 2> ends{{{input_, POLLIN, 0}, {output_, 0, 0}}};
-    const Milliseconds longest = std::numeric_limits<int>::max();
-    const int wait = static_cast<int>(std::clamp<Milliseconds>(patience, 0, longest));
+    constexpr Milliseconds longest = std::numeric_limits<int>::max();
+    const int wait =
+        patience > longest ? forEver : static_cast<int>(std::max<Milliseconds>(patience, 0));
     if (poll(ends.data(), ends.size(), wait) < 0) {
         return errno == EINTR ? Event::nothing : lose();
     }

@@ -1,5 +1,8 @@
 #include "display_file.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "files.h"
 
 namespace odoors {
@@ -9,8 +12,12 @@ namespace {
 constexpr char endOfText = 26;
 
 std::optional<std::string> readAnyCase(const std::string& path) {
-    const std::optional<std::string> found = findFile(path);
-    return found ? readFile(*found) : std::nullopt;
+    std::optional<std::string> bytes = readFile(path);
+    if (!bytes) {
+        const std::optional<std::string> found = findFile(path);
+        bytes = found ? readFile(*found) : std::nullopt;
+    }
+    return bytes;
 }
 
 } // namespace
@@ -23,7 +30,11 @@ std::string readDisplayFile(const std::string& name, bool ansi) {
     if (!bytes) {
         bytes = readAnyCase(name + ".asc");
     }
-    return bytes ? bytes->substr(0, bytes->find(endOfText)) : std::string();
+    if (!bytes) {
+        return {};
+    }
+    bytes->resize(std::min(bytes->size(), bytes->find(endOfText)));
+    return *std::move(bytes);
 }
 
 } // namespace odoors

@@ -1,10 +1,12 @@
 #include "files.h"
 
+#include <algorithm>
 #include <array>
-#include <cstdio>
+#include <cerrno>
 #include <memory>
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,7 +19,6 @@ namespace {
 constexpr std::size_t chunk = 4096;
 
 struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
     void operator()(DIR* directory) const { closedir(directory); }
 };
 
@@ -42,20 +43,21 @@ std::optional<std::string> findFile(const std::string& path) {
 }
 
 std::optional<std::string> readFile(const std::string& path) {
-    const std::unique_ptr<std::FILE, Closer> file(std::fopen(path.c_str(), "rbe"));
-    if (!file) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
         return std::nullopt;
     }
     std::string bytes;
     std::array<char, chunk> buffer;
-    std::size_t count = 0;
-    while ((count = std::fread(buffer.data(), 1, buffer.size(), file.get())) > 0) {
-        bytes.append(buffer.data(), count);
+    ssize_t count = 0;
+    while ((count = read(file, buffer.data(), buffer.size())) > 0 ||
+           (count < 0 && errno == EINTR)) {
+        bytes.append(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     }
-    if (std::ferror(file.get()) != 0) {
-        return std::nullopt;
-    }
-    return bytes;
+    const int problem = errno;
+    close(file);
+    errno = problem;
+    return count < 0 ? std::nullopt : std::optional(bytes);
 }
 
 bool isDirectory(const std::string& path) {

@@ -116,6 +116,11 @@ void od_printf(const char* format, ...) {
     std::array<char, 1024> text;
     va_list arguments;
     va_start(arguments, format);
+    if (std::string_view(format) == "%s") { // nothing to be formatted
+        session().output.showCoded(orEmpty(va_arg(arguments, const char*)));
+        va_end(arguments);
+        return;
+    }
     // The analyzer loses sight of va_start when it looks at several files in one run.
     // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
     const int length = std::vsnprintf(text.data(), text.size(), format, arguments);

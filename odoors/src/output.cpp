@@ -1,6 +1,7 @@
 #include "output.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace odoors {
@@ -17,14 +18,22 @@ bool isControl(char byte) {
     return static_cast<unsigned char>(byte) < ' ' || byte == deleteByte;
 }
 
+// Control bytes of a text do not reach the terminal, but for the ends of lines.
+bool isDropped(char byte) {
+    return isControl(byte) && byte != '\r' && byte != '\n';
+}
+
 } // namespace
 
 void Output::show(std::string_view text) {
-    for (const char byte : text) {
-        if (!isControl(byte) || byte == '\r' || byte == '\n') {
+    while (!text.empty()) {
+        const auto shown = static_cast<std::size_t>(
+            std::distance(text.begin(), std::find_if(text.begin(), text.end(), isDropped)));
+        if (shown > 0) {
             sendAttribute();
-            put(byte);
+            put(text.substr(0, shown));
         }
+        text.remove_prefix(std::min(text.size(), shown + 1));
     }
 }
 
@@ -44,9 +53,7 @@ void Output::showFile(std::string_view bytes) {
         return;
     }
     sendAttribute();
-    for (const char byte : bytes) {
-        put(byte);
-    }
+    put(bytes);
     inSequence_ = false;
     if (bytes.find(escape) != std::string_view::npos) {
         terminalAttribute_.reset();
@@ -56,9 +63,7 @@ void Output::showFile(std::string_view bytes) {
 void Output::erase(int characters) {
     for (; characters > 0; --characters) {
         sendAttribute();
-        for (const char byte : {'\b', ' ', '\b'}) {
-            put(byte);
-        }
+        put("\b \b");
     }
 }
 
@@ -98,13 +103,21 @@ void Output::sendAttribute() {
     }
 }
 
-void Output::put(char byte) {
+void Output::put(std::string_view bytes) {
     if (charset_ == Charset::utf8) {
-        appendAsUtf8(bytes_, byte);
+        appendAsUtf8(bytes_, bytes);
     } else {
-        bytes_ += byte;
+        bytes_ += bytes;
     }
-    followColumn(byte);
+    // What stands before the last CR has no say in where the cursor is.
+    if (const std::size_t lastReturn = bytes.rfind('\r'); lastReturn != std::string_view::npos) {
+        column_ = 0;
+        inSequence_ = false;
+        bytes.remove_prefix(lastReturn + 1);
+    }
+    for (const char byte : bytes) {
+        followColumn(byte);
+    }
 }
 
 void Output::followColumn(char byte) {
@@ -112,7 +125,7 @@ void Output::followColumn(char byte) {
         inSequence_ = byte == '[' || byte == ';' || (byte >= '0' && byte <= '9');
     } else if (byte == escape) {
         inSequence_ = true;
-    } else if (byte == '\r' || byte == '\f') {
+    } else if (byte == '\f') {
         column_ = 0;
     } else if (byte == '\b') {
         column_ = std::max(0, column_ - 1);

@@ -58,7 +58,7 @@ public:
 private:
     bool ansi() const { return ansiFlag_ == 1; }
     void sendAttribute();
-    void put(char byte);
+    void put(std::string_view bytes);
     void followColumn(char byte);
 
     const char& ansiFlag_;

@@ -27,7 +27,8 @@ bool sameLetter(char one, char other) {
 }
 
 bool sameLetters(std::string_view one, std::string_view other) {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(), sameLetter);
+    return one.size() == other.size() &&
+           (one == other || std::equal(one.begin(), one.end(), other.begin(), sameLetter));
 }
 
 bool isDigit(char c) {

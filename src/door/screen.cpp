@@ -35,7 +35,11 @@ int remainingMinutes() {
 }
 
 void say(const char* format, ...) {
-    std::array<char, 512> buffer{};
+    if (std::strchr(format, '%') == nullptr) {
+        od_printf("%s", format);
+        return;
+    }
+    std::array<char, 512> buffer;
     std::va_list arguments;
     va_start(arguments, format);
     const int length = std::vsnprintf(buffer.data(), buffer.size(), format, arguments);

@@ -22,11 +22,10 @@ using namespace morvek;
 namespace fuzz {
 namespace {
 
-constexpr std::size_t rosterSize = sizeof(Roster::slots);
+constexpr std::size_t rosterSize = sizeof(Roster::Slots);
 
 void beginGame() {
-    static const GameState fresh;
-    game = fresh;
+    game = GameState{};
     game.session.dateStamp = "111526";
     files.clear();
     seed = 0;

@@ -83,7 +83,7 @@ TEST(CharsetTest, EveryByteGoesToUtf8AndBack) {
     for (int code = 1; code < 256; ++code) {
         const std::string byte(1, static_cast<char>(code));
         std::string character;
-        appendAsUtf8(character, byte[0]);
+        appendAsUtf8(character, byte);
         EXPECT_EQ(cp437FromUtf8(character), byte);
         text += code % 17 == 0 ? character : "";
     }

@@ -1,6 +1,6 @@
 // A long walk in one call: what a step costs, and how long the way home is.
-#include "heap_meter.h"
-#include "quiet_caller.h"
+#include "bench/heap_meter.h"
+#include "bench/quiet_caller.h"
 #include "state/game_state.h"
 #include "world/walk.h"
 
