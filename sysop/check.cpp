@@ -80,7 +80,8 @@ void checkScoreEntry(const ScoreEntry& entry, const std::string& place, Findings
         findings.push_back({Severity::error, scoreFileName, place, "name",
                             "holds a control byte (" + inQuotes(entry.name) + " without it)"});
     }
-    if (entry.score < 1) {
+    // The inn enters even who has no experience yet.
+    if (entry.score < 0) {
         findings.push_back(
             {Severity::warning, scoreFileName, place, "score",
              "is " + std::to_string(entry.score) + "; only experience is ever entered"});
