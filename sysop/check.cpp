@@ -297,8 +297,8 @@ void checkNews(const GameDirectory& home, Findings& findings) {
 
 bool checkGame(const GameDirectory& home, std::ostream& out) {
     Findings findings;
-    for (const auto& look :
-         {checkConfiguration, checkMenus, checkCharacters, checkBoard, checkScores, checkNews}) {
+    for (const auto& look : {checkConfiguration, checkAccess, checkMenus, checkCharacters,
+                             checkBoard, checkScores, checkNews}) {
         look(home, findings);
     }
     for (const Finding& finding : findings) {

@@ -143,6 +143,17 @@ TEST_F(Sysop, CheckReadsScoresBoardAndNewsAsTheGameDoes) {
     EXPECT_THAT(told("139926.txt", "It's a new day!\n\r"), HasSubstr("is named after no day"));
 }
 
+TEST_F(Sysop, CheckNamesWhatItsUserCannotWrite) {
+    writeFile("scroll.dat", "", 0666);
+    writeFile("scores.dat", "A#5Rogue\n", 0444);
+    ::chmod(".", 0555);
+    const AsNobody nobody;
+    EXPECT_EQ(run({"check"}), 1);
+    EXPECT_THAT(out, HasSubstr("warning: . admits no new file"));
+    EXPECT_THAT(out, HasSubstr("warning: scores.dat cannot be written"));
+    EXPECT_THAT(out, HasSubstr("0 errors and 2 warnings")) << out;
+}
+
 TEST_F(Sysop, CheckReadsTheConfigurationAndLooksForTheMenus) {
     std::filesystem::remove("heal.asc");
     std::filesystem::remove("drink.asc");
