@@ -134,7 +134,9 @@ void checkScoreOrder(std::span<const ScoreEntry> entries, Findings& findings) {
 
 void checkNewsText(const std::string& file, std::string_view text, Findings& findings) {
     if (!text.starts_with(newDay)) {
-        findings.push_back({Severity::warning, file, "line 1", "", "is not \"It's a new day!\""});
+        findings.push_back({Severity::note, file, "line 1", "",
+                            "is not \"It's a new day!\", as when a call is killed while it begins "
+                            "the day"});
     }
     for (std::size_t i = 0; !text.empty(); ++i) {
         const std::size_t end = text.find(newsLineEnd);
