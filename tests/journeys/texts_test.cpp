@@ -4,7 +4,6 @@
 #include "game_directory.h"
 
 #include <gtest/gtest.h>
-#include <sys/socket.h>
 
 namespace {
 
@@ -63,27 +62,11 @@ void forgeFiles(Game& game, std::string (*form)(std::string)) {
     game.write("scores.dat", scores);
 }
 
-std::string callOnSocket(const Child& child, const std::string& keys) {
-    std::array<int, 2> ends{};
-    EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
-    EXPECT_EQ(write(ends[0], keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
-    const pid_t process = startOnSocket(child, ends[1]);
-    std::string shown;
-    char byte = 0;
-    while (read(ends[0], &byte, 1) == 1) {
-        shown += byte;
+// What a terminal obeys of that which is shown: control bytes, escape sequences and telnet's own.
+std::string obeyed(std::string shown, bool telnet) {
+    for (std::size_t at = 0; telnet && (at = shown.find("\xff\xff", at)) != std::string::npos;) {
+        shown.replace(at, 2, "x"); // doubled it is a letter
     }
-    EXPECT_EQ(waitForEnd(process), 0);
-    close(ends[0]);
-    // Of the telnet protocol a doubled 255 is a letter; what is left of them are commands.
-    for (std::size_t at = 0; (at = shown.find("\xff\xff", at)) != std::string::npos;) {
-        shown.replace(at, 2, "x");
-    }
-    return shown;
-}
-
-// What a terminal obeys of that which is shown: control bytes, escape sequences and telnet.
-std::string obeyed(const std::string& shown, bool telnet) {
     std::string kept;
     bool sequence = false;
     for (const char byte : shown) {
@@ -91,25 +74,26 @@ std::string obeyed(const std::string& shown, bool telnet) {
         if (sequence || code < ' ' || code == 127 || (telnet && code == 255)) {
             kept += byte;
         }
-        sequence = byte == '\033' || (sequence && (byte == '[' || byte == ';' || isdigit(byte)));
+        sequence = byte == '\033' || (sequence && std::string_view("[;0123456789").find(byte) < 12);
     }
     return kept;
 }
 
-// All callers look at everything: the top ten, the list, who is on-line, their own status and
-// wares, the board, and a fight with another.
-std::string everythingShown(const Game& game, const std::vector<std::string>& options) {
+// All callers look at everything: the top ten, the list, who is on-line, their status, the board,
+// and another whom they attack. What they saw, and the bulletins, which are the same for all.
+std::string everythingShown(const Game& game, std::vector<std::string> options) {
     const bool telnet = options.front() == "-HANDLE";
     std::string shown;
+    options.insert(options.end(), {"-USERNAME", ""});
     for (int i = 0; i < texts; ++i) {
+        options.back() = ownerOf(i);
         const std::string other = std::to_string((i + 1) % texts + 1);
-        const std::string keys = "hxsxlxoxyxwsnrtlcrp" + other + "\ryyxrqxxq";
-        std::vector<std::string> arguments = options;
-        arguments.insert(arguments.end(), {"-USERNAME", ownerOf(i)});
-        const Child child = game.program(arguments);
-        shown += telnet ? callOnSocket(child, keys) : runWithKeys(child, keys).shown;
+        const std::string keys = "hxsxlxoxyxtlcrp" + other + "\ryyxrqxxq";
+        const Child child = game.program(options);
+        const Outcome call = telnet ? runOnSocket(child, keys) : runWithKeys(child, keys);
+        EXPECT_EQ(call.status, 0);
+        shown += call.shown;
     }
-    // The bulletins are the same whoever calls.
     return telnet ? shown : shown + game.text("scores.asc") + game.text("scores.ans");
 }
 

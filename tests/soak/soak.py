@@ -29,8 +29,9 @@ SEQUENCE = re.compile(rb"\x1b\[[0-9;]*([A-Za-z])")
 count, seen = Counter(), set()
 
 
-def keys_for(screen, likes, rng):
-    if likes is VANDAL and rng.random() < .3:
+def keys_for(screen, likes, rng, vandal):
+    """What is typed at the end of such a screen."""
+    if vandal:
         return bytes(rng.choices(range(256), k=rng.randint(1, 12)))
     line = re.split(rb"[\r\n]", screen)[-1]
     if re.search(rb"key!$|Y/N|y.?/.?n|\? $", line):
@@ -46,26 +47,27 @@ def keys_for(screen, likes, rng):
 class Call:
     """One call, from the caller's end."""
 
-    def __init__(self, caller, home):
+    def __init__(self, caller):
         name, self.likes, self.rng = caller
-        self.drift = {way: self.rng.choice([1, 9]) for way in ("North", "South", "East", "West")}
+        drift = {way: self.rng.choice([1, 9]) for way in ("North", "South", "East", "West")}
+        self.moods = self.likes | drift
         self.left, self.end = self.rng.choice([20, 100, 400]), self.rng.choice(ENDS)
         way = self.rng.choice(["pipe"] * 4 + ["terminal", "socket"])
         if way == "pipe":
-            (theirs, self.to), (self.of, out) = os.pipe(), os.pipe()
+            (theirs, to), (of, out) = os.pipe(), os.pipe()
+            self.to, self.of = open(to, "wb", 0), open(of, "rb", 0)
         else:
             pair = pty.openpty() if way == "terminal" else [s.detach() for s in socket.socketpair()]
-            self.to, theirs = self.of, out = pair
+            self.to, theirs = self.of, out = open(pair[0], "r+b", 0), pair[1]
         if way == "terminal":
             tty.setraw(theirs)
         options = ["-HANDLE", str(theirs)] if way == "socket" else ["-LOCAL"]
         options += ["-USERNAME", name, self.rng.choice(["-GRAPHICS", "-ASCII"]),
                     "-CHARSET", self.rng.choice(["utf8", "cp437"])]
         streams = (subprocess.DEVNULL,) * 2 if way == "socket" else (theirs, out)
-        self.process = subprocess.Popen([PROGRAM] + options, cwd=home, stdin=streams[0],
-                                        stdout=streams[1], stderr=subprocess.PIPE,
-                                        pass_fds=[theirs])
-        self.screen, self.ours = b"", {self.to, self.of}
+        self.process = subprocess.Popen([PROGRAM] + options, stdin=streams[0], stdout=streams[1],
+                                        stderr=subprocess.PIPE, pass_fds=[theirs])
+        self.screen = b""
         for end in {theirs, out}:
             os.close(end)
         count[way] += 1
@@ -75,9 +77,9 @@ class Call:
         answer = b""
         while select.select([self.of], [], [], patience)[0]:
             try:
-                shown = os.read(self.of, 65536)
-            except OSError:
-                shown = b""
+                shown = self.of.read(65536)
+            except OSError:  # So ends a terminal.
+                return False
             if not shown:
                 return False
             patience = 0
@@ -88,14 +90,14 @@ class Call:
 
     def turn(self):
         """Types once; false when the call is over."""
-        likes = WAYS_OUT if self.left <= 0 else VANDAL if self.likes is VANDAL else self.likes | self.drift
-        typed = keys_for(self.screen, likes, self.rng)
+        vandal = self.likes is VANDAL and self.rng.random() < .3
+        typed = keys_for(self.screen, WAYS_OUT if self.left <= 0 else self.moods, self.rng, vandal)
         self.left -= len(typed)
         count["keys"] += len(typed)
         if self.left < -1000:
             self.end = "eof"  # He does not find out.
         try:
-            os.write(self.to, typed)
+            self.to.write(typed)
         except OSError:
             return False
         return (self.left > 0 or self.end == "quit") and self.look(.004)
@@ -105,31 +107,30 @@ class Call:
         if isinstance(self.end, int):
             self.process.send_signal(self.end)
         elif self.end != "quit":
-            self.close({self.to} if self.end == "eof" else {self.to, self.of})
-        while self.of in self.ours and self.look(5) and self.process.poll() is None:
-            pass
-        self.close({self.to, self.of})
+            self.to.close()
+        latest = time.monotonic() + 20
+        while self.end != "gone" and not self.of.closed and time.monotonic() < latest:
+            if not self.look(5):
+                break
+        self.to.close()
+        self.of.close()
         complaints = self.process.communicate(timeout=20)[1]
         legal = {0} if self.end == "quit" else {0, 2, isinstance(self.end, int) and -self.end}
         how = self.process.returncode
         assert how in legal and not complaints, (self.end, how, complaints)
         count[getattr(self.end, "name", self.end)] += 1
 
-    def close(self, ends):
-        for end in self.ours & ends:
-            os.close(end)
-        self.ours -= ends
-
 
 def pass_a_day():
     """What was today is long ago, for the characters and for the news."""
     if os.path.exists("morchars.dat"):
         with open("morchars.dat", "r+b") as file:
-            for slot in range(0, 75000, 1500):
-                file.seek(slot + 64)
-                if file.read(4) != bytes(4):  # He has an owner.
-                    file.seek(slot + 52)
-                    file.write((10126).to_bytes(4, "little"))
+            roster = bytearray(file.read())
+            for slot in range(0, len(roster), 1500):
+                if roster[slot + 64]:  # He has an owner.
+                    roster[slot + 52 : slot + 56] = (10126).to_bytes(4, "little")
+            file.seek(0)
+            file.write(roster)
     for name in os.listdir():
         if name.endswith(".txt"):
             os.replace(name, "010126.txt")
@@ -147,14 +148,14 @@ def check(killed):
 
 
 def play():
-    crowd = [(f"{i}\x1b[2J`%n\n" if likes is VANDAL else f"Caller {i}", likes, random.Random(SEED + str(i)))
-             for i, likes in enumerate([EXPLORER, FIGHTER, SHOPPER, WRITER, VANDAL] * 12)]
-    rng = random.Random(SEED)
-    killed = False
+    rng, killed, crowd = random.Random(SEED), False, []
+    for i, likes in enumerate([EXPLORER, FIGHTER, SHOPPER, WRITER, VANDAL] * 12):
+        name = f"{i}\x1b[2J`%n\n" if likes is VANDAL else f"Caller {i}"
+        crowd.append((name, likes, random.Random(SEED + name)))
     while count["keys"] < KEYS:
         if rng.random() < .3:
             pass_a_day()
-        calls = [Call(caller, ".") for caller in rng.sample(crowd, 1 + (rng.random() < .05))]
+        calls = [Call(caller) for caller in rng.sample(crowd, 1 + (rng.random() < .05))]
         count["calls"] += len(calls)
         while calls:
             for call in calls[:]:
