@@ -3,19 +3,16 @@
 #include <algorithm>
 #include <utility>
 
+#include "text.h"
+
 namespace odoors {
 
 namespace {
 
 constexpr char escape = 27;
-constexpr char deleteByte = 127;
 constexpr char codeMark = '`';
 constexpr int tabWidth = 8;
 constexpr int widestScreen = 255;
-
-bool isControl(char byte) {
-    return static_cast<unsigned char>(byte) < ' ' || byte == deleteByte;
-}
 
 } // namespace
 

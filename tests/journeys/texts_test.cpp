@@ -127,6 +127,8 @@ TEST(Texts, ANameIsTakenWithoutItsControlBytes) {
         game.write("DOOR32.SYS", door32.with({{7, name + "\tx"}}));
         EXPECT_EQ(runWithKeys(game.program(options), "sxJo\ry1xqxxq").status, 0);
         EXPECT_EQ(game.news().substr(17, 6), "x[2J\x9b\xff") << game.news();
+        const std::string complaint = runWithKeys(game.program({name}), "").complaints;
+        EXPECT_EQ(complaint.substr(0, 22), "unknown option x[2J\x9b\xff\n");
         EXPECT_EQ(game.text("morchars.dat").substr(ownerNameAt, 6), "x[2J\x9b\xff");
     }
 }
