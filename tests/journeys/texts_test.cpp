@@ -102,7 +102,6 @@ std::string everythingShown(const Game& game, std::vector<std::string> options) 
 TEST(Texts, SteerNobodysTerminal) {
     for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
              {"-LOCAL", "-ASCII", "-CHARSET", "cp437"},
-             {"-LOCAL", "-GRAPHICS", "-CHARSET", "cp437"},
              {"-LOCAL", "-GRAPHICS", "-CHARSET", "utf8"},
              {"-HANDLE", std::to_string(handedSocket), "-GRAPHICS"}}) {
         Game all;
