@@ -80,7 +80,8 @@ void checkScoreEntry(const ScoreEntry& entry, const std::string& place, Findings
         findings.push_back({Severity::error, scoreFileName, place, "name",
                             "holds a control byte (" + inQuotes(entry.name) + " without it)"});
     }
-    if (entry.score < 1) {
+    // The inn enters even who has no experience yet.
+    if (entry.score < 0) {
         findings.push_back(
             {Severity::warning, scoreFileName, place, "score",
              "is " + std::to_string(entry.score) + "; only experience is ever entered"});
@@ -133,7 +134,9 @@ void checkScoreOrder(std::span<const ScoreEntry> entries, Findings& findings) {
 
 void checkNewsText(const std::string& file, std::string_view text, Findings& findings) {
     if (!text.starts_with(newDay)) {
-        findings.push_back({Severity::warning, file, "line 1", "", "is not \"It's a new day!\""});
+        findings.push_back({Severity::note, file, "line 1", "",
+                            "is not \"It's a new day!\", as when a call is killed while it begins "
+                            "the day"});
     }
     for (std::size_t i = 0; !text.empty(); ++i) {
         const std::size_t end = text.find(newsLineEnd);
@@ -296,8 +299,8 @@ void checkNews(const GameDirectory& home, Findings& findings) {
 
 bool checkGame(const GameDirectory& home, std::ostream& out) {
     Findings findings;
-    for (const auto& look :
-         {checkConfiguration, checkMenus, checkCharacters, checkBoard, checkScores, checkNews}) {
+    for (const auto& look : {checkConfiguration, checkAccess, checkMenus, checkCharacters,
+                             checkBoard, checkScores, checkNews}) {
         look(home, findings);
     }
     for (const Finding& finding : findings) {

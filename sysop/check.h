@@ -30,6 +30,7 @@ using Findings = std::vector<Finding>;
 
 // Each of these looks at one kind of file and adds what it finds.
 void checkConfiguration(const GameDirectory& home, Findings& findings);
+void checkAccess(const GameDirectory& home, Findings& findings);
 void checkMenus(const GameDirectory& home, Findings& findings);
 void checkCharacters(const GameDirectory& home, Findings& findings);
 void checkBoard(const GameDirectory& home, Findings& findings);

@@ -125,7 +125,8 @@ void checkTakenSlot(const PlayerRecord& slot, std::size_t index, RecordFindings&
     checkFields(slot, findings);
     checkWorld(slot, findings);
     if (index >= searchedSlots) {
-        findings.add(Severity::warning, "",
+        // Who is killed while the game is full comes to stand here.
+        findings.add(Severity::note, "",
                      "is one that the game never looks into: `remove` "
                      "another player, and this one takes his place");
     }

@@ -10,10 +10,6 @@ namespace {
 
 constexpr std::size_t longestSequenceKept = 16;
 
-bool isControl(char byte) {
-    return static_cast<unsigned char>(byte) < ' ' || byte == 127;
-}
-
 // Whether the byte can go on with a character of UTF-8.
 bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;

@@ -31,7 +31,9 @@ Session& session() {
     return theSession;
 }
 
-[[noreturn]] void refuse(const odoors::Refusal& refusal, const char* more) {
+// A reason may quote an option, into which a board may have put a caller's text.
+[[noreturn]] void refuse(odoors::Refusal refusal, const char* more) {
+    std::erase_if(refusal.reason, odoors::isControl);
     // A board may have closed the other end of standard error.
     std::signal(SIGPIPE, SIG_IGN);
     std::fprintf(stderr, "%s\n%s", refusal.reason.c_str(), more);

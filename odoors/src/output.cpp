@@ -4,19 +4,16 @@
 #include <iterator>
 #include <utility>
 
+#include "text.h"
+
 namespace odoors {
 
 namespace {
 
 constexpr char escape = 27;
-constexpr char deleteByte = 127;
 constexpr char codeMark = '`';
 constexpr int tabWidth = 8;
 constexpr int widestScreen = 255;
-
-bool isControl(char byte) {
-    return static_cast<unsigned char>(byte) < ' ' || byte == deleteByte;
-}
 
 // Control bytes of a text do not reach the terminal, but for the ends of lines.
 bool isDropped(char byte) {

@@ -35,6 +35,10 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
+bool isControl(char byte) {
+    return static_cast<unsigned char>(byte) < ' ' || byte == 127;
+}
+
 std::optional<std::int64_t> readNumber(std::string_view text) {
     text = withoutTrailingBlanks(text);
     while (!text.empty() && text.front() == ' ') {

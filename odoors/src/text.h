@@ -25,6 +25,9 @@ bool sameLetter(char one, char other);
 // Whether the character is one of 0 to 9.
 bool isDigit(char c);
 
+// Whether the byte is one that terminals obey and do not show: below 32, or 127.
+bool isControl(char byte);
+
 // The whole number that the text is, blanks around it allowed, held within ±10^13; none when the
 // text is anything else.
 std::optional<std::int64_t> readNumber(std::string_view text);

@@ -49,7 +49,7 @@ int runDoor(int argc, char* argv[]) {
     }
     openSession();
     // A record holds no longer a name; whoever has one is known by its beginning everywhere.
-    limitUserName(TextSlot::capacity);
+    tidyUserName(TextSlot::capacity);
     setColour(brightWhite, black);
     takeDateStamp();
     takeDisplayName();

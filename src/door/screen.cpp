@@ -11,6 +11,17 @@
 #include <limits>
 
 namespace morvek {
+namespace {
+
+bool isControl(char byte) {
+    return static_cast<unsigned char>(byte) < ' ' || byte == 127;
+}
+
+void display(std::string_view text) {
+    od_disp(text.data(), static_cast<int>(text.size()), 1);
+}
+
+} // namespace
 
 bool hasAnsi() {
     return od_control.user_ansi == 1;
@@ -24,10 +35,9 @@ std::string_view userName() {
     return od_control.user_name;
 }
 
-void limitUserName(std::size_t length) {
-    if (length < sizeof od_control.user_name) {
-        od_control.user_name[length] = '\0';
-    }
+void tidyUserName(std::size_t longest) {
+    const std::string tidy = withoutControls(userName()).substr(0, longest);
+    od_control.user_name[tidy.copy(od_control.user_name, sizeof od_control.user_name - 1)] = '\0';
 }
 
 int remainingMinutes() {
@@ -55,12 +65,24 @@ void say(const char* format, ...) {
     od_printf("%s", whole.c_str());
 }
 
+std::string withoutControls(std::string_view text) {
+    std::string kept(text);
+    std::erase_if(kept, isControl);
+    return kept;
+}
+
 void show(std::string_view value) {
-    od_disp(value.data(), static_cast<int>(value.size()), 1);
+    display(withoutControls(value));
 }
 
 void show(std::int32_t value) {
     show(std::to_string(value));
+}
+
+void showPiece(std::string_view piece) {
+    std::string shown(piece.starts_with('\r') ? "\r" : "");
+    shown.append(withoutControls(piece)).append(piece.ends_with('\n') ? "\n" : "");
+    display(shown);
 }
 
 std::string moneyText(double amount) {

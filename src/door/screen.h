@@ -1,6 +1,9 @@
 // The game's whole vocabulary for talking to the caller. Nothing else in the game speaks to the
 // door toolkit. Texts end their lines with "\n\r"; colours stand in them between backquotes, and
 // a colour left open ends with its own text, so texts are said one by one and never joined.
+//
+// What stands in a data file or a caller's name may have been forged: no control byte in it, a line
+// end included, may steer the terminal of another caller.
 #pragma once
 
 #include <cstddef>
@@ -19,8 +22,8 @@ void turnAnsiOn();
 // The caller's name as the toolkit has it; may be empty.
 std::string_view userName();
 
-// Cuts the toolkit's own user name to so many bytes.
-void limitUserName(std::size_t length);
+// Takes the control bytes out of the toolkit's own user name and cuts it to so many bytes.
+void tidyUserName(std::size_t longest);
 
 // The whole minutes that the caller has left.
 int remainingMinutes();
@@ -28,9 +31,16 @@ int remainingMinutes();
 // Says a text: formatted as printf does, colour codes obeyed, also those that an argument brings.
 [[gnu::format(printf, 1, 2)]] void say(const char* format, ...);
 
-// Shows a value as it is: a backquote is a backquote.
+// The text without its control bytes: what of a stored text may be said.
+std::string withoutControls(std::string_view text);
+
+// Shows a value as it is, but for control bytes: a backquote is a backquote.
 void show(std::string_view value);
 void show(std::int32_t value);
+
+// Shows a piece of a stored line, which may begin with the return that ends the line before it and
+// end in a line feed.
+void showPiece(std::string_view piece);
 
 // Shows an amount of money without decimals.
 void showMoney(double amount);

@@ -51,7 +51,7 @@ void showNews() {
     say("`bright white`");
     for (std::string_view rest = *news; !rest.empty();) {
         const std::size_t length = pieceLength(rest);
-        show(rest.substr(0, length));
+        showPiece(rest.substr(0, length));
         say("\n\r");
         rest.remove_prefix(length);
     }

@@ -34,15 +34,19 @@ void createMissingFile() {
     }
 }
 
+std::string shown(const std::string& text) {
+    return withoutControls(text.substr(0, longestShown));
+}
+
 // The texts are other callers': never a format, though the colour codes in them take effect.
 void sayEntry(const ScrollEntry& entry, const char* lineEnd) {
     if (entry.author.empty() || entry.message.empty()) {
         return;
     }
     say("`red`");
-    say("%s", entry.author.substr(0, longestShown).c_str());
+    say("%s", shown(entry.author).c_str());
     say("`bright red`: `bright white`");
-    say("%s", entry.message.substr(0, longestShown).c_str());
+    say("%s", shown(entry.message).c_str());
     say("%s", lineEnd);
 }
 

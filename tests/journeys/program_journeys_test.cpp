@@ -1,12 +1,5 @@
 // The program as boards start it: by its name, in a directory of its own, on a caller's streams.
-#include "odoors/board.h"
-#include "support/process.h"
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <set>
+#include "game_directory.h"
 
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
@@ -17,86 +10,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;
-
-namespace {
-
-constexpr std::size_t recordSize = 1500;
-// Where the texts of two of its slots begin.
-constexpr std::size_t ownerNameAt = 68;
-constexpr std::size_t nameAt = 92;
-
-std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-// A game directory as an operator leaves it, and the program in it.
-struct Game {
-    Folder folder;
-    std::set<std::string> filesBefore;
-
-    Game() {
-        std::filesystem::copy(MORVEK_MENUS_DIR, folder.path());
-        write("morvek.cfg", "Morvek\nThe Test Board\n.\n");
-    }
-
-    void write(const std::string& name, const std::string& bytes) {
-        folder.write(name, bytes);
-        filesBefore = files();
-    }
-
-    Child program(const std::vector<std::string>& arguments) const {
-        return [arguments, directory = folder.path()] {
-            std::vector<char*> words{const_cast<char*>("morvek")};
-            for (const std::string& argument : arguments) {
-                words.push_back(const_cast<char*>(argument.c_str()));
-            }
-            words.push_back(nullptr);
-            if (chdir(directory.c_str()) == 0) {
-                execv(MORVEK_PROGRAM, words.data());
-            }
-            std::abort();
-        };
-    }
-
-    std::set<std::string> files() const {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            names.insert(entry.path().filename());
-        }
-        return names;
-    }
-
-    // The files that have come since the operator wrote the last of his.
-    std::set<std::string> newFiles() const {
-        std::set<std::string> names = files();
-        for (const std::string& name : filesBefore) {
-            names.erase(name);
-        }
-        return names;
-    }
-
-    std::string text(const std::string& name) const { return contentOf(folder.path(name)); }
-
-    // The news of the day that the call began on.
-    std::string news() const {
-        for (const std::string& name : newFiles()) {
-            if (name.ends_with(".txt")) {
-                return text(name);
-            }
-        }
-        return "";
-    }
-
-    // How the display file of that name ends on the screen.
-    std::string endOf(const std::string& menu) const {
-        std::string bytes = text(menu);
-        bytes.resize(std::min(bytes.size(), bytes.find('\x1a')));
-        return bytes.substr(bytes.size() - std::min<std::size_t>(bytes.size(), 20));
-    }
-};
-
-} // namespace
 
 // A caller's first game and his return, at the terminal that his board gives the door.
 TEST(ProgramJourney, AFirstGameAndAReturn) {
@@ -150,23 +63,6 @@ TEST(ProgramJourney, AFirstGameAndAReturn) {
     again.type(" q  q");
     EXPECT_EQ(again.status(), 0);
     EXPECT_EQ(game.text("morchars.dat").size(), roster.size());
-}
-
-// A script plays through pipes: all keys are there before the program, and then no more.
-TEST(ProgramJourney, EveryKeyAtOnceThroughAPipe) {
-    const Game game;
-    const Outcome whole =
-        runWithKeys(game.program({"-LOCAL", "-USERNAME", "Bea"}), "hxsBee\ry8xl q  q");
-    EXPECT_EQ(whole.status, 0);
-    EXPECT_THAT(whole.complaints, IsEmpty());
-    EXPECT_THAT(whole.shown, HasSubstr("Bee #1\n\r"));
-    EXPECT_THAT(whole.shown, EndsWith("Quit Game\n\r\n\r"));
-    EXPECT_THAT(whole.shown, testing::Not(HasSubstr("\033")));
-    const Outcome cut = runWithKeys(game.program({"-LOCAL", "-USERNAME", "Bea"}), "sxy");
-    EXPECT_EQ(cut.status, 2);
-    EXPECT_THAT(cut.complaints, IsEmpty());
-    EXPECT_THAT(cut.shown, EndsWith("Remaining Time : 60 minutes\n\r\n\rPress any key!"));
-    EXPECT_THAT(game.newFiles(), UnorderedElementsAre("morchars.dat", EndsWith(".txt")));
 }
 
 // Every kind of drop file, and what boards write in them that is not what one would expect. Each

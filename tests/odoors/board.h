@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include <fcntl.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 // A drop file as its boards write it: for Jörg Ace, in truth Alice Doe, who has ANSI graphics and
@@ -85,4 +86,24 @@ inline pid_t startOnSocket(const Child& child, int socket) {
     close(nothing);
     close(socket);
     return process;
+}
+
+// Runs a child whose caller is on a socket, has sent these bytes beforehand, and is then gone.
+inline Outcome runOnSocket(const Child& child, const std::string& bytes) {
+    std::array<int, 2> ends{};
+    if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) {
+        return {};
+    }
+    send(ends[0], bytes.data(), bytes.size(), 0);
+    shutdown(ends[0], SHUT_WR);
+    const pid_t process = startOnSocket(child, ends[1]);
+    Outcome outcome;
+    std::array<char, 4096> buffer;
+    ssize_t count = 0;
+    while ((count = recv(ends[0], buffer.data(), buffer.size(), 0)) > 0) {
+        outcome.shown.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    outcome.status = waitForEnd(process);
+    close(ends[0]);
+    return outcome;
 }

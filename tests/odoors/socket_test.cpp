@@ -2,7 +2,6 @@
 #include "telnet.h"
 
 #include <gtest/gtest.h>
-#include <sys/socket.h>
 
 #include "OpenDoor.h"
 #include "board.h"
@@ -16,23 +15,8 @@ namespace {
 // WILL and DO of echo (1), no go-ahead (3) and binary (0), as far as they are ours to offer.
 const std::string offers = "\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03\xff\xfb\0\xff\xfd\0"s;
 
-// A call whose caller is on a socket, has sent these bytes beforehand, and is then gone.
 Outcome callOnSocket(const std::string& bytes, const Door& door) {
-    std::array<int, 2> ends{};
-    EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()), 0);
-    send(ends[0], bytes.data(), bytes.size(), 0);
-    shutdown(ends[0], SHUT_WR);
-    const Arguments arguments{"-HANDLE", std::to_string(handedSocket)};
-    const pid_t child = startOnSocket(doorChild(arguments, door), ends[1]);
-    Outcome outcome;
-    std::array<char, 4096> buffer;
-    ssize_t count = 0;
-    while ((count = recv(ends[0], buffer.data(), buffer.size(), 0)) > 0) {
-        outcome.shown.append(buffer.data(), static_cast<std::size_t>(count));
-    }
-    outcome.status = waitForEnd(child);
-    close(ends[0]);
-    return outcome;
+    return runOnSocket(doorChild({"-HANDLE", std::to_string(handedSocket)}, door), bytes);
 }
 
 } // namespace

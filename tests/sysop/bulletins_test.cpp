@@ -97,3 +97,31 @@ TEST_F(Sysop, PlayersAreListedAndShownWhole) {
     EXPECT_EQ(run({"show", "3"}), 1);
     EXPECT_EQ(run({"show"}), 2);
 }
+
+TEST_F(Sysop, ShowsNoControlByteOfAnyFile) {
+    std::string all;
+    std::vector<PlayerRecord> slots(18, character("Bob", "Bjorn"));
+    for (int byte = 1; byte < 256; ++byte) {
+        all += static_cast<char>(byte);
+        PlayerRecord& slot = slots[static_cast<std::size_t>(byte / 15)];
+        for (TextSlot* text : {&slot.ownerName, &slot.name, &slot.className, &slot.weapon}) {
+            text->assign(all.substr(all.size() / 15 * 15));
+        }
+    }
+    save(slots);
+    writeFile("scores.dat", "#5" + all + "\n" + all + "#4\x1b[2J\n");
+    writeFile("scroll.dat", std::string(reinterpret_cast<const char*>(&slots[0].name), 48));
+    writeFile("111526.txt", all);
+    for (const std::string verb : {"players", "show 1", "check", "scores", "news", "board"}) {
+        for (const char* format : {"", " --json", " --html"}) {
+            std::istringstream words(verb + format);
+            run({std::istream_iterator<std::string>(words), {}});
+            EXPECT_TRUE(std::all_of(
+                out.begin(), out.end(),
+                [](char byte) {
+                    return byte == '\n' || (static_cast<unsigned char>(byte) >= ' ' && byte != 127);
+                }))
+                << verb << format << out;
+        }
+    }
+}

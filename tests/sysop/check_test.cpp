@@ -59,14 +59,11 @@ std::string cell(std::string_view text) {
 
 } // namespace
 
+// What else the game makes, the soak checks.
 TEST_F(Sysop, CheckFindsNothingInWhatTheGameMakes) {
-    EXPECT_EQ(run({"check"}), 0) << out;
     PlayerRecord online = character("Bob", "Bjorn");
     online.onlineFlag = 1;
     save({character("Alice", "Arwen"), online, character("Carol", "")});
-    writeFile("scores.dat", "Arwen the Bold#1500Ranger\nBjorn#900Wizard\n");
-    writeFile("scroll.dat", cell("Arwen") + cell("Hi `red`all") + std::string(912, '\0'));
-    writeFile("111526.txt", "It's a new day!\n\rAlice joined the game.\n\r");
     EXPECT_EQ(run({"check"}), 0) << out;
     EXPECT_THAT(out, HasSubstr("note: morchars.dat: slot 2 (Bob): onlineFlag is 1"));
     EXPECT_THAT(out, HasSubstr("note: morchars.dat: slot 3 (Carol): name is empty"));
@@ -141,6 +138,17 @@ TEST_F(Sysop, CheckReadsScoresBoardAndNewsAsTheGameDoes) {
     EXPECT_THAT(told("scroll.dat", length), HasSubstr("entry 1: message has the length 50"));
     EXPECT_THAT(told("111526.txt", "It's a new day!\n\rBob\n"), HasSubstr("line 2 does not end"));
     EXPECT_THAT(told("139926.txt", "It's a new day!\n\r"), HasSubstr("is named after no day"));
+}
+
+TEST_F(Sysop, CheckNamesWhatItsUserCannotWrite) {
+    writeFile("scroll.dat", "", 0666);
+    writeFile("scores.dat", "A#5Rogue\n", 0444);
+    ::chmod(".", 0555);
+    const AsNobody nobody;
+    EXPECT_EQ(run({"check"}), 1);
+    EXPECT_THAT(out, HasSubstr("warning: . admits no new file"));
+    EXPECT_THAT(out, HasSubstr("warning: scores.dat cannot be written"));
+    EXPECT_THAT(out, HasSubstr("0 errors and 2 warnings")) << out;
 }
 
 TEST_F(Sysop, CheckReadsTheConfigurationAndLooksForTheMenus) {

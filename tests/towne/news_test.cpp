@@ -20,3 +20,9 @@ TEST_F(News, IsSilentWhereItsFileCannotBeUsed) {
     }
     EXPECT_EQ(readFile("111626.txt"), "kept\n\rAlice joined the game.\n\r");
 }
+
+TEST_F(News, AreShownWithTheirLineEndsAndNoOtherControlByte) {
+    writeFile("111526.txt", "\aA\r\033[2J\xff`\n\rB");
+    EXPECT_EQ(caller.visit(showNews, "x"),
+              "[clear]{|`r`News for today`R`:||}{`W`}<A[2J\xff`\n>{|}<\rB>{|}[any key]");
+}

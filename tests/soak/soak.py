@@ -1,0 +1,179 @@
+#!/usr/bin/env python3
+"""A crowd plays the real program, call after call over one set of files, and hangs up as it likes.
+
+    soak.py PROGRAM TOOL MENUS [KEYS [SEED]]
+
+Callers press the keys that their screens offer, each by his temperament; vandals type anything.
+After each call the operator's tool must find nothing wrong with the files, and no strange file may
+lie about. A seed gives the same crowd once more; the game's own chance stays the clock's.
+"""
+import os, pty, random, re, select, shutil, signal, socket, subprocess, sys, tempfile, time, tty
+from collections import Counter
+
+PROGRAM, TOOL, MENUS = map(os.path.abspath, sys.argv[1:4])
+KEYS = int((sys.argv[4:] + [20000])[0])
+SEED = (sys.argv[5:] + [str(random.SystemRandom().randrange(10**6))])[0]
+
+# How much a caller likes what his screen offers: 1 where nothing is said.
+EXPLORER = {"Forest": 60, "Attack": 9, "Flee": .1, "Heal": 5, "Return": 2}
+FIGHTER = {"Attack": 9, "Forest": 9, "Player": 9, "Tavern": 3, "Training": 9, "Train": 9}
+SHOPPER = {"Weapon": 5, "Armour": 5, "Health": 5, "Bank": 5}
+WRITER = {"Tavern": 9, "Look": 9, "Write": 5}
+VANDAL = {"Player": 5, "Look": 5, "Write": 5}
+WAYS_OUT = {"Return": 90, "Quit": 90, "Flee": 90, "Close": 90, "Leave": 90}
+LINES = [b"Bree", b"#5", b" Al Ice ", b"`red`Zed`", b"%s%n%d", b"J\x94rg", b"x" * 60, b"7", b"250"]
+ENDS = ["quit"] * 4 + ["eof", "gone", signal.SIGHUP, signal.SIGTERM, signal.SIGKILL]
+KNOWN = re.compile(r"morvek\.cfg|morchars\.dat|scroll\.dat|scores\.(dat|asc|ans)|\d{6}\.txt")
+SEQUENCE = re.compile(rb"\x1b\[[0-9;]*([A-Za-z])")
+
+count, seen = Counter(), set()
+
+
+def keys_for(screen, likes, rng, vandal):
+    """What is typed at the end of such a screen."""
+    if vandal:
+        return bytes(rng.choices(range(256), k=rng.randint(1, 12)))
+    line = re.split(rb"[\r\n]", screen)[-1]
+    if re.search(rb"key!$|Y/N|y.?/.?n|\? $", line):
+        return b"n" if rng.random() < .2 else b"y"
+    offered = re.findall(rb"(?:^|[\r\n(])\W*(\w)\)\s?([A-Za-z]*)", screen)
+    if not offered or re.search(rb"(?<!choice): ", line) or rng.random() < .02:
+        return rng.choice(LINES) + rng.choice([b"\r", b"\r", b"\b\b\r", b"\x1b[A\r"])
+    names = [(key + word).decode("cp437") for key, word in offered]
+    weights = [likes.get(name, likes.get(name[1:], 1)) for name in names]
+    return rng.choices(names, weights)[0][:1].encode("cp437")
+
+
+class Call:
+    """One call, from the caller's end."""
+
+    def __init__(self, caller):
+        name, self.likes, self.rng = caller
+        drift = {way: self.rng.choice([1, 9]) for way in ("North", "South", "East", "West")}
+        self.moods = self.likes | drift
+        self.left, self.end = self.rng.choice([20, 100, 400]), self.rng.choice(ENDS)
+        way = self.rng.choice(["pipe"] * 4 + ["terminal", "socket"])
+        if way == "pipe":
+            (theirs, to), (of, out) = os.pipe(), os.pipe()
+            self.to, self.of = open(to, "wb", 0), open(of, "rb", 0)
+        else:
+            pair = pty.openpty() if way == "terminal" else [s.detach() for s in socket.socketpair()]
+            self.to, theirs = self.of, out = open(pair[0], "r+b", 0), pair[1]
+        if way == "terminal":
+            tty.setraw(theirs)
+        options = ["-HANDLE", str(theirs)] if way == "socket" else ["-LOCAL"]
+        options += ["-USERNAME", name, self.rng.choice(["-GRAPHICS", "-ASCII"]),
+                    "-CHARSET", self.rng.choice(["utf8", "cp437"])]
+        streams = (subprocess.DEVNULL,) * 2 if way == "socket" else (theirs, out)
+        self.process = subprocess.Popen([PROGRAM] + options, stdin=streams[0], stdout=streams[1],
+                                        stderr=subprocess.PIPE, pass_fds=[theirs])
+        self.screen = b""
+        for end in {theirs, out}:
+            os.close(end)
+        count[way] += 1
+        count["calls"] += 1
+
+    def look(self, patience):
+        """Reads what is shown until no more comes; false when the program is gone."""
+        answer = b""
+        while select.select([self.of], [], [], patience)[0]:
+            try:
+                shown = self.of.read(65536)
+            except OSError:
+                shown = b""
+            if not shown:
+                return False
+            patience = 0
+            answer += SEQUENCE.sub(lambda found: b"\n" if found[1] in b"JH" else b"", shown)
+        seen.update(re.split(rb"[\r\n]+", answer))
+        self.screen = answer or self.screen
+        return True
+
+    def turn(self):
+        """Types once; false when the call is over."""
+        vandal = self.likes is VANDAL and self.rng.random() < .3
+        typed = keys_for(self.screen, WAYS_OUT if self.left <= 0 else self.moods, self.rng, vandal)
+        self.left -= len(typed)
+        count["keys"] += len(typed)
+        if self.left < -1000:
+            self.end = "eof"  # He does not find out.
+        try:
+            self.to.write(typed)
+        except OSError:
+            return False
+        return (self.left > 0 or self.end == "quit") and self.look(.004)
+
+    def finish(self):
+        """Hangs up, unless he has quit, and looks at how the program ended."""
+        if isinstance(self.end, int):
+            self.process.send_signal(self.end)
+        elif self.end != "quit":
+            self.to.close()
+        latest = time.monotonic() + 20
+        while self.end != "gone" and not self.of.closed and time.monotonic() < latest:
+            if not self.look(5):
+                break
+        self.to.close()
+        self.of.close()
+        complaints = self.process.communicate(timeout=20)[1]
+        legal = {0} if self.end == "quit" else {0, 2, isinstance(self.end, int) and -self.end}
+        how = self.process.returncode
+        assert how in legal and not complaints, (self.end, how, complaints)
+        count[getattr(self.end, "name", self.end)] += 1
+
+
+def pass_a_day():
+    """What was today is long ago, for the characters and for the news."""
+    if os.path.exists("morchars.dat"):
+        with open("morchars.dat", "r+b") as file:
+            for slot in range(0, 75000, 1500):
+                file.seek(slot + 64)
+                if file.read(1) != b"\0":  # He has an owner.
+                    file.seek(slot + 52)
+                    file.write((10126).to_bytes(4, "little"))
+    for name in os.listdir():
+        if name.endswith(".txt"):
+            os.replace(name, "010126.txt")
+    count["days"] += 1
+
+
+def check(killed):
+    found = subprocess.run([TOOL, "check"], capture_output=True, timeout=20)
+    assert found.returncode == 0, (found.stdout + found.stderr).decode()
+    for name in set(os.listdir()) - set(os.listdir(MENUS)):
+        # What a killed call leaves, the next save takes over.
+        assert KNOWN.fullmatch(name) or (killed and name.endswith(".new")), name
+
+
+def play():
+    rng, killed, crowd = random.Random(SEED), False, []
+    for i, likes in enumerate([EXPLORER, FIGHTER, SHOPPER, WRITER, VANDAL] * 12):
+        name = f"{i}\x1b[2J`%n\n" if likes is VANDAL else f"Caller {i}"
+        crowd.append((name, likes, random.Random(SEED + name)))
+    while count["keys"] < KEYS:
+        if rng.random() < .3:
+            pass_a_day()
+        calls = [Call(caller) for caller in rng.sample(crowd, 1 + (rng.random() < .05))]
+        while calls:
+            for call in calls[:]:
+                if not call.turn():
+                    calls.remove(call)
+                    call.finish()
+                    killed = killed or call.end == signal.SIGKILL
+        check(killed)
+
+
+home, began = tempfile.mkdtemp(prefix="morvek."), time.monotonic()
+shutil.copytree(MENUS, home, dirs_exist_ok=True)
+os.chdir(home)
+open("morvek.cfg", "w").write("Morvek\nThe Oak\n.\n")
+print("seed", SEED, flush=True)
+try:
+    play()
+except (AssertionError, subprocess.TimeoutExpired) as failure:
+    sys.exit(f"seed {SEED}, {dict(count)}, files in {home}:\n{failure}")
+world = subprocess.run([TOOL, "map", "--dot"], capture_output=True).stdout
+rooms = set(re.findall(rb'room\d+ \[label="([^"\\]+)', world))
+print(f"{dict(count)} in {time.monotonic() - began:.0f} s;",
+      f"{len(seen & rooms)} of {len(rooms)} rooms, {len(seen)} different lines seen")
+shutil.rmtree(home)
