@@ -1,9 +1,6 @@
 // Entering a score. It goes before the first entry that is lower, so behind its equals; into an
 // empty place when none is lower; nowhere when a full table has none that is lower, and then the
 // file is written as it was read. Otherwise the player keeps one line of the file: his highest.
-//
-// In the file a name ends at "#", and blanks before it are not read. A player's name is entered
-// without both: a line that cannot be read back would cost all lines behind it their places.
 
 #include "towne/scores.h"
 
@@ -41,14 +38,8 @@ std::size_t placeOf(std::int32_t score) {
     return static_cast<std::size_t>(lower - entries.begin());
 }
 
-std::string nameInFile() {
-    std::string name = game.player.name;
-    std::erase(name, '#');
-    return name.substr(std::min(name.find_first_not_of(' '), name.size()));
-}
-
 ScoreEntry playersEntry() {
-    return {nameInFile(), game.scores.entry.score, game.player.className};
+    return {game.player.name, game.scores.entry.score, game.player.className};
 }
 
 void insertAt(std::size_t place) {
@@ -60,11 +51,10 @@ void insertAt(std::size_t place) {
 }
 
 std::string fileText(bool onceForThePlayer) {
-    const std::string own = nameInFile();
     std::string text;
     bool written = false;
     for (const ScoreEntry& entry : entriesRead(game.scores.count)) {
-        const bool players = entry.name == own;
+        const bool players = entry.name == game.player.name;
         if (!isEmptyEntry(entry) && !(onceForThePlayer && players && written)) {
             text += scoreLine(entry);
         }
@@ -77,7 +67,7 @@ void startScores(Replacement& file) {
     game.scores.entry.name = game.player.name;
     game.scores.entry.className = game.player.className;
     game.scores.table.front() = game.scores.entry;
-    if (!file.replace(scoreLine(playersEntry()))) {
+    if (!file.replace(scoreLine(game.scores.entry))) {
         complain();
     }
 }

@@ -28,8 +28,6 @@ TEST_F(ScoresOfTheBoard, AScoreGoesBeforeTheFirstThatIsLower) {
     EXPECT_EQ(enterOver(two, "Z", 100), "A B#900Wizard\nC#100Wizard\nZ#100Rogue\n");
     EXPECT_EQ(enterOver(two, "A B", 50), "A B#900Wizard\nC#100Wizard\n") << "his highest stays";
     EXPECT_EQ(enterOver("", "Z", -5), "Z#-5Rogue\n");
-    EXPECT_EQ(enterOver("A#9Wizard\n", "  #Z #5", 7), "A#9Wizard\nZ 5#7Rogue\n");
-    EXPECT_EQ(enter("  #Z #5", 8), "A#9Wizard\nZ 5#8Rogue\n") << "his line, as it can be read";
     fs::remove("scores.dat");
     EXPECT_EQ(enter("Arwen", 500), "Arwen#500Rogue\n");
 }
