@@ -27,6 +27,7 @@ TEST(ScoreFile, ReadsEntriesUntilOneIsNotWhole) {
     for (const char* broken : {"B", "B#", "B#Rogue", "B#2147483648Rogue", "B#-", "#"}) {
         EXPECT_EQ(entriesOf(std::string("A#5Rogue\n") + broken), "1 A|5|Rogue") << broken;
     }
+    EXPECT_EQ(entriesOf("A#b##5Rogue\nB#\n#6Rogue"), "1 A#b#|5|Rogue") << "a name with marks";
     EXPECT_EQ(entriesOf(""), "1 |0|") << "an empty file reads as one empty entry";
     std::string eleven;
     for (int i = 0; i < 11; ++i) {

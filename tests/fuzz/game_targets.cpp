@@ -70,7 +70,7 @@ void forge(std::string& bytes, std::string_view& patches, std::size_t most) {
 }
 
 void playWhole() {
-    limitUserName(TextSlot::capacity);
+    tidyUserName(TextSlot::capacity);
     takeDisplayName();
     detectTerminal();
     titleMenu();
