@@ -19,10 +19,6 @@ constexpr std::int32_t exhaustedShownBySave = 50;
 
 constexpr std::size_t rosterSize = sizeof(Roster::slots);
 
-Replacement openToSave() {
-    return Replacement(game.session.characterFileName, Needs::readingAndWriting);
-}
-
 // A file that could not be read when the game began is not written either: the roster in memory is
 // not what it holds.
 bool canSave(const Replacement& file) {
@@ -107,7 +103,7 @@ void loadPlayer() {
 
 void savePlayer() {
     game.session.doorUserName = userName();
-    Replacement file = openToSave();
+    Replacement file(game.session.characterFileName);
     if (!canSave(file)) {
         return;
     }
@@ -123,7 +119,7 @@ void savePlayer() {
 
 void savePlayerHealed() {
     game.session.doorUserName = userName();
-    Replacement file = openToSave();
+    Replacement file(game.session.characterFileName);
     if (!canSave(file)) {
         return;
     }
@@ -141,7 +137,7 @@ void savePlayerHealed() {
 }
 
 void saveQuick() {
-    Replacement file = openToSave();
+    Replacement file(game.session.characterFileName);
     if (!canSave(file)) {
         return;
     }

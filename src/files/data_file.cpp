@@ -17,7 +17,6 @@ namespace {
 // O_NONBLOCK keeps a pipe that stands in a file's place from holding up the game.
 constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
 constexpr int writeFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
-constexpr int readWriteFlags = O_RDWR | O_CLOEXEC | O_NONBLOCK;
 constexpr mode_t newFileMode = 0666;
 
 // Links followed before a chain of them counts as a circle.
@@ -159,9 +158,9 @@ bool appendTo(const std::string& path, std::string_view text) {
     return file.isOpen() && writeAll(file.get(), text);
 }
 
-Replacement::Replacement(const std::string& path, Needs needs)
+Replacement::Replacement(const std::string& path)
     : target(followLinks(path)), temporaryName(target + ".new") {
-    inPlace = ::open(target.c_str(), needs == Needs::writing ? writeFlags : readWriteFlags);
+    inPlace = ::open(target.c_str(), writeFlags);
     if (inPlace < 0 && errno != ENOENT) {
         return; // not ours to write
     }

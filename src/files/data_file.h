@@ -33,15 +33,12 @@ void createWith(const std::string& path, std::string_view content);
 // Appends the text in one write, creating the file; false when it cannot be opened.
 bool appendTo(const std::string& path, std::string_view text);
 
-// What a file's mode must allow for it to be replaced.
-enum class Needs { writing, readingAndWriting };
-
 // A file held open for being replaced. Opening tells whether the file can be written at all and
 // changes nothing yet; replace() then puts the new content in the file's place.
 class Replacement {
 public:
     // Opens the file for writing, or finds that it can be created.
-    explicit Replacement(const std::string& path, Needs needs = Needs::writing);
+    explicit Replacement(const std::string& path);
     ~Replacement();
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
