@@ -15,11 +15,12 @@ constexpr const char* news = "011527.txt";
 
 const Play newcomer{{}, "sAl\ry8xtlcrqxxq"};
 
+// Where nothing is loaded these keys create a character, with the 8.
 const Play veteran{{{"morchars.dat", rosterOf(true)},
                     {"scores.dat", "Cid#900Wizard\nDora#100Rogue\n"},
                     {"scroll.dat", std::string(480, 'x')},
                     {news, "It's a new day!\n\rBea joined the game.\n\r"}},
-                   "hxsxp2\ryaxtolxlcgyxxsxqxxq"};
+                   "hxsxp2\ryax8tolxlcgyxxsxqxxq"};
 
 const Play weakling{{{"morchars.dat", rosterOf(false)}}, "sxtlwHi\rycrfaxq"};
 
@@ -38,10 +39,11 @@ bool isKnown(const std::string& name, const std::string& bytes, std::size_t at, 
     });
 }
 
-// Whether each file is as the undisturbed call has it at one of its prompts: the character file
-// perhaps record by record, one that is written where it stands in part, with what the call found.
+// Whether each file is as the undisturbed call has it at one of its prompts, one that is written
+// where it stands in part and with what was there. A kill may leave temporary files; after a failed
+// save the character file may be so record by record only.
 testing::AssertionResult areWhole(const Files& files, const std::vector<Files>& states,
-                                  bool byRecord = false) {
+                                  bool killed) {
     for (const auto& [name, found] : states.front()) {
         const auto file = files.find(name);
         if (file == files.end() || (growsInPlace(name) && !file->second.starts_with(found))) {
@@ -50,12 +52,12 @@ testing::AssertionResult areWhole(const Files& files, const std::vector<Files>& 
     }
     for (const auto& [name, bytes] : files) {
         const bool roster = name == "morchars.dat";
-        const std::size_t piece = roster && byRecord ? sizeof(PlayerRecord) : rosterSize;
+        const std::size_t piece = roster && !killed ? sizeof(PlayerRecord) : rosterSize;
         bool known = !roster || bytes.size() == rosterSize;
         for (std::size_t at = 0; at == 0 || at < bytes.size(); at += piece) {
             known = known && isKnown(name, bytes.substr(at, piece), at, piece, states);
         }
-        if (!known && !name.ends_with(".new")) {
+        if (!known && !(killed && name.ends_with(".new"))) {
             return testing::AssertionFailure() << name << " is torn";
         }
     }
@@ -97,7 +99,7 @@ TEST(Disk, ProgramKilledAtEverySystemCall) {
     for (const Play& play : {newcomer, veteran, weakling}) {
         const std::vector<Files> states = stage.states(play);
         std::set<Files> left;
-        for (int number = 0;; ++number) {
+        for (int number = 0;; number += MORVEK_STRIDE) {
             stage.prepare(play.files);
             const auto call = stage.dial(Route::pipe, "trace 0");
             call->type(play.keys);
@@ -106,7 +108,7 @@ TEST(Disk, ProgramKilledAtEverySystemCall) {
                 EXPECT_TRUE(stage.data() == states.back());
                 break;
             }
-            ASSERT_TRUE(areWhole(stage.data(), states)) << "killed at " << number;
+            ASSERT_TRUE(areWhole(stage.data(), states, true)) << "killed at " << number;
             left.insert(stage.data());
         }
         for (Files files : left) {
@@ -135,12 +137,12 @@ TEST(Disk, AnyFailureAndAFullDiskLeaveWhatWasStored) {
     for (const Play& play : {newcomer, veteran}) {
         const std::vector<Files> states = stage.states(play);
         for (const std::string fault : {"error ", "full "}) {
-            for (int number = 1; stage.told() != "x"; ++number) {
+            for (int number = 1; stage.told() != "x"; number += MORVEK_STRIDE) {
                 const std::string what = fault + std::to_string(number);
                 stage.prepare(play.files);
                 const Outcome outcome = runWithKeys(stage.program(what), play.keys);
                 EXPECT_TRUE(outcome.status == 0 || outcome.status == 2) << what << outcome.status;
-                EXPECT_TRUE(areWhole(stage.data(), states, true)) << what;
+                EXPECT_TRUE(areWhole(stage.data(), states, false)) << what;
             }
         }
     }

@@ -87,9 +87,11 @@ public:
     }
 
     // Starts a call whose caller is at the other end of a line of that kind.
-    std::unique_ptr<TerminalCall> dial(Route route, const std::string& fault = "") const {
+    std::unique_ptr<TerminalCall> dial(Route route, const std::string& fault = "",
+                                       bool controlling = true) const {
         if (route == Route::terminal) {
-            return std::make_unique<TerminalCall>(program(fault, {"-LOCAL", "-GRAPHICS"}));
+            return std::make_unique<TerminalCall>(program(fault, {"-LOCAL", "-GRAPHICS"}),
+                                                  controlling);
         }
         std::array<int, 2> ends{}; // the program's, the caller's
         const bool made = route == Route::pipe
