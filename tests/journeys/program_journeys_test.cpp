@@ -75,19 +75,6 @@ TEST(ProgramJourney, AFirstGameAndAReturn) {
     EXPECT_EQ(game.text("morchars.dat").size(), roster.size());
 }
 
-// A script plays through pipes: all keys are there before the program.
-TEST(ProgramJourney, EveryKeyAtOnceThroughAPipe) {
-    const Game game;
-    const Outcome whole =
-        runWithKeys(game.program({"-LOCAL", "-USERNAME", "Bea"}), "hxsBee\ry8xl q  q");
-    EXPECT_EQ(whole.status, 0);
-    EXPECT_THAT(whole.complaints, IsEmpty());
-    EXPECT_THAT(whole.shown, HasSubstr("Bee #1\n\r"));
-    EXPECT_THAT(whole.shown, EndsWith("Quit Game\n\r\n\r"));
-    EXPECT_THAT(whole.shown, testing::Not(HasSubstr("\033")));
-    EXPECT_THAT(game.newFiles(), UnorderedElementsAre("morchars.dat", EndsWith(".txt")));
-}
-
 // Every kind of drop file, and what boards write in them that is not what one would expect. Each
 // caller creates a character, whose status tells his minutes, and is then gone.
 TEST(ProgramJourney, FromEveryBoard) {
