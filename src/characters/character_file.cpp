@@ -5,7 +5,9 @@
 #include "files/data_file.h"
 #include "state/game_state.h"
 
+#include <algorithm>
 #include <span>
+#include <vector>
 
 namespace morvek {
 namespace {
@@ -15,18 +17,16 @@ constexpr std::int32_t turnsOfADay = 30;
 // What a save leaves in `exhaustedShown`: to a place in the world this is not yet shown.
 constexpr std::int32_t exhaustedShownBySave = 50;
 
-std::span<char> rosterBytes() {
-    return {reinterpret_cast<char*>(game.roster.slots().data()), sizeof game.roster.slots()};
-}
+constexpr std::size_t rosterSize = sizeof(Roster::Slots);
 
-// A file that cannot be read is not written either: the roster in memory is not what it holds.
-Replacement openToSave() {
-    return Replacement(game.session.characterFileName, Needs::readingAndWriting);
+// A file that could not be read when the game began is not written either: the roster in memory is
+// not what it holds.
+bool canSave(const Replacement& file) {
+    return file.isOpen() && game.session.rosterUnread == 0;
 }
 
 void writeRoster(Replacement& file) {
-    const std::span<char> bytes = rosterBytes();
-    file.replace({bytes.data(), bytes.size()});
+    file.replace({reinterpret_cast<const char*>(game.roster.slots().data()), rosterSize});
 }
 
 bool isCallers(const PlayerRecord& slot) {
@@ -65,7 +65,11 @@ void createCharacter() {
 } // namespace
 
 bool readRoster() {
-    return readInto(game.session.characterFileName, rosterBytes()).has_value();
+    std::vector<char> bytes(rosterSize);
+    const std::optional<std::size_t> length = readInto(game.session.characterFileName, bytes);
+    std::copy_n(bytes.begin(), length.value_or(0),
+                reinterpret_cast<char*>(game.roster.slots().data()));
+    return length.has_value();
 }
 
 PlayerRecord* ownSlot() {
@@ -82,7 +86,9 @@ void loadPlayer() {
     clearScreen();
     say("`red`Starting game`bright white`...\n\r\n\r");
     game.session.doorUserName = userName();
-    if (readRoster()) {
+    const bool isRead = readRoster();
+    game.session.rosterUnread = isRead || isMissing(game.session.characterFileName) ? 0 : 1;
+    if (isRead) {
         if (PlayerRecord* slot = ownSlot()) {
             restorePlayer(*slot);
             beginNewDay(*slot);
@@ -97,8 +103,8 @@ void loadPlayer() {
 
 void savePlayer() {
     game.session.doorUserName = userName();
-    Replacement file = openToSave();
-    if (!file.isOpen()) {
+    Replacement file(game.session.characterFileName);
+    if (!canSave(file)) {
         return;
     }
     if (PlayerRecord* slot = slotToSaveInto(std::span(game.roster.slots()).first(searchedSlots))) {
@@ -113,8 +119,8 @@ void savePlayer() {
 
 void savePlayerHealed() {
     game.session.doorUserName = userName();
-    Replacement file = openToSave();
-    if (!file.isOpen()) {
+    Replacement file(game.session.characterFileName);
+    if (!canSave(file)) {
         return;
     }
     if (PlayerRecord* slot = slotToSaveInto(game.roster.slots())) {
@@ -131,8 +137,8 @@ void savePlayerHealed() {
 }
 
 void saveQuick() {
-    Replacement file = openToSave();
-    if (!file.isOpen()) {
+    Replacement file(game.session.characterFileName);
+    if (!canSave(file)) {
         return;
     }
     storePossessions(game.roster.slots().front());

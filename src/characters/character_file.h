@@ -2,16 +2,17 @@
 // load reads it whole into the roster, every save writes the roster whole. A slot is free when its
 // ownerName is empty; it belongs to a door user, not to a character's name.
 //
-// A file that cannot be read loads nothing; one that cannot be written makes a save do nothing at
-// all, silently, and play goes on with the roster in memory.
+// A file that cannot be read loads nothing, and is not written by the game that began so; it and
+// one that cannot be written make a save do nothing at all, silently, and play goes on with the
+// roster in memory.
 #pragma once
 
 #include "state/player_record.h"
 
 namespace morvek {
 
-// Reads the file into the roster; false when it cannot be opened. A short file leaves the rest of
-// the roster as it was.
+// Reads the file into the roster; false when it cannot be read, and then the roster stays as it
+// was. So does its rest when the file is short.
 bool readRoster();
 
 // Reads the file and finds the caller's character in slots 0 to 48, giving it a new day's turns

@@ -1,5 +1,6 @@
 #include "files/data_file.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -16,7 +17,6 @@ namespace {
 // O_NONBLOCK keeps a pipe that stands in a file's place from holding up the game.
 constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
 constexpr int writeFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
-constexpr int readWriteFlags = O_RDWR | O_CLOEXEC | O_NONBLOCK;
 constexpr mode_t newFileMode = 0666;
 
 // Links followed before a chain of them counts as a circle.
@@ -50,17 +50,18 @@ int openToRead(const std::string& path) {
     return descriptor;
 }
 
-std::size_t readUpTo(int descriptor, std::span<char> buffer) {
+std::optional<std::size_t> readUpTo(int descriptor, std::span<char> buffer) {
     std::size_t total = 0;
     while (total < buffer.size()) {
         const ssize_t got = ::read(descriptor, buffer.data() + total, buffer.size() - total);
-        if (got < 0 && errno == EINTR) {
-            continue;
-        }
-        if (got <= 0) {
+        if (got == 0) {
             break;
         }
-        total += static_cast<std::size_t>(got);
+        if (got > 0) {
+            total += static_cast<std::size_t>(got);
+        } else if (errno != EINTR) {
+            return std::nullopt;
+        }
     }
     return total;
 }
@@ -98,6 +99,14 @@ std::string followLinks(std::string path) {
     return path;
 }
 
+// Whether it is the place that admits no temporary file, or no renaming: a directory that is
+// closed or sticky, something else of that name, a file that is mounted by itself. With any other
+// error, such as a full disk, writing in place would fail as well, and halfway.
+bool isForbiddenHere(int error) {
+    constexpr std::array forbidden{EACCES, EPERM, EBUSY, ELOOP, EISDIR, ENXIO, ENAMETOOLONG};
+    return std::find(forbidden.begin(), forbidden.end(), error) != forbidden.end();
+}
+
 bool isStillThere(int descriptor, const std::string& name) {
     struct stat opened {};
     struct stat named {};
@@ -122,14 +131,19 @@ std::optional<std::string> readWhole(const std::string& path) {
     }
     std::string content;
     std::array<char, 4096> piece{};
-    while (const std::size_t got = readUpTo(file.get(), piece)) {
-        content.append(piece.data(), got);
+    std::optional<std::size_t> got;
+    while ((got = readUpTo(file.get(), piece)).value_or(0) > 0) {
+        content.append(piece.data(), *got);
     }
-    return content;
+    return got ? std::optional(content) : std::nullopt;
 }
 
 bool canRead(const std::string& path) {
     return File(openToRead(path)).isOpen();
+}
+
+bool isMissing(const std::string& path) {
+    return ::access(path.c_str(), F_OK) != 0 && errno == ENOENT;
 }
 
 void createWith(const std::string& path, std::string_view content) {
@@ -144,9 +158,9 @@ bool appendTo(const std::string& path, std::string_view text) {
     return file.isOpen() && writeAll(file.get(), text);
 }
 
-Replacement::Replacement(const std::string& path, Needs needs)
+Replacement::Replacement(const std::string& path)
     : target(followLinks(path)), temporaryName(target + ".new") {
-    inPlace = ::open(target.c_str(), needs == Needs::writing ? writeFlags : readWriteFlags);
+    inPlace = ::open(target.c_str(), writeFlags);
     if (inPlace < 0 && errno != ENOENT) {
         return; // not ours to write
     }
@@ -162,9 +176,14 @@ Replacement::~Replacement() {
         ::unlink(temporaryName.c_str());
         ::close(temporary);
     }
+    closeInPlace();
+}
+
+void Replacement::closeInPlace() {
     if (inPlace >= 0) {
         ::close(inPlace);
     }
+    inPlace = -1;
 }
 
 // A call that was killed leaves its temporary file behind, and the next save takes it over. The
@@ -174,6 +193,9 @@ void Replacement::openTemporary() {
     while (true) {
         temporary = ::open(temporaryName.c_str(), writeFlags | O_CREAT | O_NOFOLLOW, newFileMode);
         if (temporary < 0) {
+            if (!isForbiddenHere(errno)) {
+                closeInPlace();
+            }
             return;
         }
         while (::flock(temporary, LOCK_EX) != 0 && errno == EINTR) {
@@ -201,11 +223,12 @@ bool Replacement::finishTemporary(std::string_view content) {
 }
 
 bool Replacement::writeInPlace(std::string_view content) {
-    const bool written = writeAll(inPlace, content);
+    if (!writeAll(inPlace, content)) {
+        return false;
+    }
     const bool cut = ::ftruncate(inPlace, static_cast<off_t>(content.size())) == 0;
     const bool flushed = ::fsync(inPlace) == 0;
-    return written &&
-           ((cut && flushed) || errno == EINVAL); // a device can be neither cut nor flushed
+    return (cut && flushed) || errno == EINVAL; // a device can be neither cut nor flushed
 }
 
 bool Replacement::replace(std::string_view content) {
@@ -220,8 +243,7 @@ bool Replacement::replace(std::string_view content) {
         temporary = -1;
         return true;
     }
-    // A file that may be written but not renamed over: mounted by itself, or in a sticky directory.
-    return inPlace >= 0 && writeInPlace(content);
+    return isForbiddenHere(errno) && inPlace >= 0 && writeInPlace(content);
 }
 
 bool replaceFile(const std::string& path, std::string_view content) {

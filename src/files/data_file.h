@@ -14,14 +14,18 @@
 namespace morvek {
 
 // Reads at most buffer.size() bytes from the file's start over the buffer, leaves the rest of the
-// buffer alone, and returns how many were read; nothing when the file cannot be opened.
+// buffer alone, and returns how many were read; nothing when the file cannot be opened, or when
+// reading fails on the way.
 std::optional<std::size_t> readInto(const std::string& path, std::span<char> buffer);
 
-// The file's whole content; nothing when it cannot be opened.
+// The file's whole content; nothing when it cannot be opened, or when reading fails on the way.
 std::optional<std::string> readWhole(const std::string& path);
 
 // Whether the file can be opened for reading.
 bool canRead(const std::string& path);
+
+// Whether there is certainly no such file; one that only cannot be opened is not missing.
+bool isMissing(const std::string& path);
 
 // Creates the file with this content; does nothing when there is such a file.
 void createWith(const std::string& path, std::string_view content);
@@ -29,15 +33,12 @@ void createWith(const std::string& path, std::string_view content);
 // Appends the text in one write, creating the file; false when it cannot be opened.
 bool appendTo(const std::string& path, std::string_view text);
 
-// What a file's mode must allow for it to be replaced.
-enum class Needs { writing, readingAndWriting };
-
 // A file held open for being replaced. Opening tells whether the file can be written at all and
 // changes nothing yet; replace() then puts the new content in the file's place.
 class Replacement {
 public:
     // Opens the file for writing, or finds that it can be created.
-    explicit Replacement(const std::string& path, Needs needs = Needs::writing);
+    explicit Replacement(const std::string& path);
     ~Replacement();
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
@@ -56,6 +57,7 @@ private:
     int inPlace = -1;          // the file itself, when there is no temporary one
 
     void openTemporary();
+    void closeInPlace();
     bool finishTemporary(std::string_view content);
     bool writeInPlace(std::string_view content);
 };

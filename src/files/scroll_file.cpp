@@ -67,19 +67,24 @@ void overlayScroll(std::span<const char> bytes, Scroll& board) {
 }
 
 ScrollFile ScrollFile::existing() {
-    return ScrollFile(openFlags);
+    return ScrollFile(::open(scrollFileName, openFlags));
 }
 
 ScrollFile ScrollFile::emptied() {
-    return ScrollFile(openFlags | O_CREAT | O_TRUNC);
+    constexpr int flags = openFlags | O_CREAT | O_TRUNC;
+    const bool mayBeEmptied = game.session.scrollUnread == 0;
+    return ScrollFile(mayBeEmptied ? ::open(scrollFileName, flags, newFileMode) : -1);
 }
 
-ScrollFile::ScrollFile(int flags) : descriptor(::open(scrollFileName, flags, newFileMode)) {}
-
 ScrollFile::~ScrollFile() {
+    close();
+}
+
+void ScrollFile::close() {
     if (isOpen()) {
         ::close(descriptor);
     }
+    descriptor = -1;
 }
 
 void ScrollFile::read(Scroll& board) {
@@ -88,13 +93,18 @@ void ScrollFile::read(Scroll& board) {
     while (isOpen() && total < bytes.size()) {
         const ssize_t got = ::pread(descriptor, bytes.data() + total, bytes.size() - total,
                                     static_cast<off_t>(total));
-        if (got < 0 && errno == EINTR) {
-            continue;
-        }
-        if (got <= 0) {
+        if (got == 0) {
             break;
         }
-        total += static_cast<std::size_t>(got);
+        if (got > 0) {
+            total += static_cast<std::size_t>(got);
+        } else if (errno != EINTR) {
+            close();
+        }
+    }
+    game.session.scrollUnread = isOpen() ? 0 : 1;
+    if (!isOpen()) {
+        return;
     }
     readingEnded = static_cast<off_t>(total);
     overlayScroll(std::span(bytes).first(total), board);

@@ -45,7 +45,8 @@ public:
     // Opens the file that there is.
     static ScrollFile existing();
 
-    // Opens the file and empties it, or creates it.
+    // Opens the file and empties it, or creates it; opens nothing while the board in memory is not
+    // what the file holds, because that could not be read.
     static ScrollFile emptied();
 
     ~ScrollFile();
@@ -54,7 +55,8 @@ public:
 
     [[nodiscard]] bool isOpen() const { return descriptor >= 0; }
 
-    // Reads the file's first 480 bytes over the board, as far as there are so many.
+    // Reads the file's first 480 bytes over the board, as far as there are so many. When that
+    // fails the board stays as it was, and the file is closed.
     void read(Scroll& board);
 
     // Writes the board over the file's first 480 bytes.
@@ -65,8 +67,10 @@ public:
     void writeWhereReadingEnded(const Scroll& board) const;
 
 private:
-    explicit ScrollFile(int flags);
+    explicit ScrollFile(int opened) : descriptor(opened) {}
     void writeAt(off_t position, const Scroll& board) const;
+
+    void close();
 
     int descriptor;
     off_t readingEnded = 0;

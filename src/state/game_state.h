@@ -169,6 +169,8 @@ struct Session {
     std::int32_t guessesLeft = 0; // at the healing shrine
     std::int32_t roomRented = 0;
     std::int32_t inTraining = 0;
+    std::int32_t rosterUnread = 0; // 1: there is a character file that could not be read
+    std::int32_t scrollUnread = 0; // and the same of the board
     std::int32_t chosenNumber = 0; // the list number of the player last attacked
     std::int32_t targetSlot = 0;   // and his slot
 };

@@ -120,7 +120,8 @@ void updateScores(int /*mode*/) {
         say("\n\r");
     }
     Replacement file(scoreFileName);
-    if (!file.isOpen()) {
+    const bool mayBeWritten = isRead || isMissing(scoreFileName); // or others' scores would go
+    if (!file.isOpen() || !mayBeWritten) {
         complain();
         return;
     }

@@ -5,12 +5,13 @@
 // Writing empties the file first. Who then declines to save has wiped the board for everyone: the
 // copy that follows leaves nothing but zeros where the next showing reads.
 //
-// Where the file can be neither opened nor created, the board in memory is shown, and a message
+// Where the file can be neither read nor created, the board in memory is shown, and a message
 // lasts for the call.
 
 #include "towne/scroll_board.h"
 
 #include "door/screen.h"
+#include "files/data_file.h"
 #include "files/scroll_file.h"
 #include "state/game_state.h"
 
@@ -24,7 +25,7 @@ constexpr int longestMessage = 49;
 constexpr std::size_t longestShown = 49;
 
 void createMissingFile() {
-    if (ScrollFile::existing().isOpen()) {
+    if (!isMissing(scrollFileName)) {
         return;
     }
     const ScrollFile created = ScrollFile::emptied();

@@ -194,16 +194,3 @@ TEST_F(CharacterFile, RandomBytesDoNoHarm) {
         EXPECT_EQ(readFile("morchars.dat").substr(3000), bytes.substr(3000)) << "others' bytes";
     }
 }
-
-TEST_F(CharacterFile, AFileThatCannotBeReadIsNotWrittenEither) {
-    own(0, "Other", "Somebody");
-    writeFile("morchars.dat", rosterBytes(), 0222);
-    begin();
-    caller.type("Eowyn\ry2");
-    {
-        const AsNobody nobody;
-        loadPlayer();
-    }
-    EXPECT_EQ(game.player.name, "Eowyn");
-    EXPECT_EQ(storedSlot(0).name.view(), "Somebody");
-}

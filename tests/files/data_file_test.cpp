@@ -58,17 +58,3 @@ TEST_F(DataFile, WhatCannotBeWrittenIsLeftAlone) {
     EXPECT_EQ(readFile("readonly"), "kept");
     EXPECT_FALSE(fs::exists("readonly.new"));
 }
-
-TEST_F(DataFile, AFailedWriteLeavesTheOldContent) {
-    writeFile("data", "kept");
-    EXPECT_FALSE(replaceFile("/dev/full", "lost"));
-    {
-        Replacement abandoned("data"); // a call that ends between opening and writing
-        EXPECT_TRUE(abandoned.isOpen());
-    }
-    EXPECT_EQ(readFile("data"), "kept");
-    EXPECT_EQ(filesHere(), 1U);
-    writeFile("data.new", "left behind by a call that was killed, longer than what comes");
-    EXPECT_TRUE(replaceFile("data", "new"));
-    EXPECT_EQ(readFile("data"), "new");
-}

@@ -42,6 +42,10 @@ bool canRead(const std::string& path) {
     return files.count(path) > 0;
 }
 
+bool isMissing(const std::string& path) {
+    return !canRead(path);
+}
+
 void createWith(const std::string& path, std::string_view content) {
     files.try_emplace(path, content);
 }
@@ -51,7 +55,7 @@ bool appendTo(const std::string& path, std::string_view text) {
     return true;
 }
 
-Replacement::Replacement(const std::string& path, Needs) : target(path), temporary(0) {}
+Replacement::Replacement(const std::string& path) : target(path), temporary(0) {}
 
 Replacement::~Replacement() = default;
 

@@ -1,5 +1,6 @@
 // The program as boards start it: by its name, in a directory of its own, on a caller's streams.
-#include "game_directory.h"
+#include "odoors/board.h"
+#include "support/program.h"
 
 #include <arpa/inet.h>
 #include <gmock/gmock.h>

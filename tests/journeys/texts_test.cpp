@@ -1,7 +1,8 @@
 // Callers' texts are only texts: files forged with every byte there is in every text, and callers
 // who look at all of it. What their terminals obey must be what they obey when each of those bytes
 // is a harmless letter.
-#include "game_directory.h"
+#include "odoors/board.h"
+#include "support/program.h"
 
 #include <gtest/gtest.h>
 

@@ -12,17 +12,11 @@ namespace {
 
 const Arguments plain{"-LOCAL", "-ASCII"};
 
-const std::vector<Door> waits{
-    [] { od_get_key(1); },
-    [] {
-        std::array<char, 9> text{};
-        od_input_str(text.data(), 8, 32, 127);
-    },
-    [] {
-        while (od_get_key(0) == 0) {
-            usleep(1000);
-        }
-    },
+const Door waitForKey = [] { od_get_key(1); };
+const Door look = [] {
+    while (od_get_key(0) == 0) {
+        usleep(1000);
+    }
 };
 
 Door promptThen(const Door& rest) {
@@ -35,27 +29,17 @@ Door promptThen(const Door& rest) {
 
 } // namespace
 
-TEST(End, LostCallerEndsEveryWaitSilently) {
-    for (const Door& wait : waits) {
-        const Outcome atOnce = callWithKeys(plain, "", promptThen(wait));
-        EXPECT_EQ(atOnce.status, 2);
-        EXPECT_EQ(atOnce.shown, "ready");
-        for (const bool controlling : {true, false}) {
-            DoorCall call(plain, promptThen(wait), controlling);
-            EXPECT_EQ(call.until("ready"), "ready");
-            call.hangUp();
-            EXPECT_EQ(call.status(), 2);
-        }
-        for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGQUIT}) {
-            DoorCall call(plain, promptThen(wait));
-            EXPECT_EQ(call.until("ready"), "ready");
-            kill(call.child, signal);
-            EXPECT_EQ(call.status(), 2) << signal;
-            EXPECT_TRUE(call.isRestored()) << signal;
-            EXPECT_EQ(call.until("never"), "");
-        }
+TEST(End, LostCallerEndsLookingForAKeySilently) {
+    EXPECT_EQ(callWithKeys(plain, "", promptThen(look)).shown, "ready");
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGQUIT}) {
+        DoorCall call(plain, promptThen(look));
+        EXPECT_EQ(call.until("ready"), "ready");
+        kill(call.child, signal);
+        EXPECT_EQ(call.status(), 2) << signal;
+        EXPECT_TRUE(call.isRestored()) << signal;
+        EXPECT_EQ(call.until("never"), "");
     }
-    EXPECT_EQ(callWithKeys({"-L", "-GRAPHICS"}, "", promptThen(waits[0])).shown,
+    EXPECT_EQ(callWithKeys({"-L", "-GRAPHICS"}, "", promptThen(waitForKey)).shown,
               "\033[0;37mready\033[0m");
 }
 
@@ -108,15 +92,16 @@ TEST(End, IdlenessIsTold) {
 TEST(End, OneCallerAtATime) {
     const Folder folder;
     const Arguments arguments{"-LOCAL", "-ASCII", "-ONECALLER", folder.path("lock")};
-    DoorCall first(arguments, promptThen(waits[0]));
+    DoorCall first(arguments, promptThen(waitForKey));
     EXPECT_EQ(first.until("ready"), "ready");
-    const Outcome second = callWithKeys(arguments, "x", waits[0]);
+    const Outcome second = callWithKeys(arguments, "x", waitForKey);
     EXPECT_EQ(second.status, 5);
     EXPECT_EQ(second.shown, "Another caller is inside. Please try again later.\n\r");
     kill(first.child, SIGKILL);
     EXPECT_EQ(first.status(), 1000 + SIGKILL);
-    EXPECT_EQ(callWithKeys(arguments, "x", waits[0]).status, 0);
-    EXPECT_EQ(callWithKeys({"-L", "-ONECALLER", folder.path("no/lock")}, "x", waits[0]).status, 1);
+    EXPECT_EQ(callWithKeys(arguments, "x", waitForKey).status, 0);
+    EXPECT_EQ(callWithKeys({"-L", "-ONECALLER", folder.path("no/lock")}, "x", waitForKey).status,
+              1);
 }
 
 TEST(Time, MinutesGoByAndWarningsComeOnce) {

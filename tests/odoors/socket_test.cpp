@@ -57,15 +57,3 @@ TEST(Sockets, CarryAWholeCall) {
                                    "<112><13><13><255><127>\033[0m");
     EXPECT_EQ(call.status, 0);
 }
-
-TEST(Sockets, AreLeftWhenTheCallerIsGone) {
-    for (const bool waits : {false, true}) {
-        const Door door = [waits] {
-            do {
-                od_printf("x");
-            } while (od_get_key(waits ? 1 : 0) == 0);
-            od_get_key(1);
-        };
-        EXPECT_EQ(callOnSocket("k", door).status, 2);
-    }
-}

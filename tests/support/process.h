@@ -35,6 +35,7 @@ int waitForEnd(pid_t child);
 // signal, without one as the end of the input.
 struct TerminalCall {
     explicit TerminalCall(const Child& doing, bool controlling = true);
+    TerminalCall(int end, pid_t process) : master(end), child(process) {} // on another line
     ~TerminalCall() { hangUp(); }
     TerminalCall(const TerminalCall&) = delete;
     TerminalCall& operator=(const TerminalCall&) = delete;

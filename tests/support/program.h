@@ -1,14 +1,14 @@
-// A game directory as an operator leaves it, and the program that boards start in it.
+// The program itself, in a game directory of its own.
 #pragma once
 
-#include "odoors/board.h"
 #include "support/process.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
+
+#include <unistd.h>
 
 constexpr std::size_t recordSize = 1500;
 // Where the texts of two of its slots begin.
@@ -16,10 +16,13 @@ constexpr std::size_t ownerNameAt = 68;
 constexpr std::size_t nameAt = 92;
 
 inline std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    std::string bytes(file ? static_cast<std::size_t>(file.tellg()) : 0, '\0');
+    file.seekg(0).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return bytes;
 }
 
+// A game directory as an operator leaves it, and the program in it.
 struct Game {
     Folder folder;
     std::set<std::string> filesBefore;

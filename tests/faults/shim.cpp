@@ -1,0 +1,169 @@
+// Loaded into the program before the C library: the clock stands still, all dice fall alike, and
+// the program's calls that touch a file fail as MORVEK_FAULT says. They are counted from its
+// entering the game directory on.
+//
+//   error N      call N fails
+//   full N       call N, when it writes, does half; whatever needs room afterwards fails
+//   short 0      every read and write does half
+//   interrupt 0  every second call that can be interrupted is
+//   trace 0      the program stops in its directory, for its parent to trace it
+//
+// Into the pipe MORVEK_WAITS goes a '.' before each wait for a key, and an 'x' at an end before
+// call N.
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ptrace.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+char kind = 0; // the first letter of the fault; 0 before the program is in its directory
+int struckCall = 0;
+int calls = 0;
+bool interrupted = false;
+
+template <typename Result, typename... Arguments>
+Result real(const char* name, Arguments... arguments) {
+    return reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_NEXT, name))(arguments...);
+}
+
+void tell(const char* byte) {
+    const int waits = real<int>("open", std::getenv("MORVEK_WAITS"), O_WRONLY | O_CLOEXEC, 0);
+    real<ssize_t>("write", waits, byte, std::size_t{1});
+    close(waits);
+}
+
+enum Nature { plain, needsRoom, slow };
+
+bool fails(Nature nature) {
+    calls += kind != 0 ? 1 : 0;
+    errno = kind == 'f' ? ENOSPC : kind == 'i' ? EINTR : EIO;
+    if (kind == 'i' && nature == slow) {
+        interrupted = !interrupted;
+        return interrupted;
+    }
+    return (kind == 'e' && calls == struckCall) ||
+           (kind == 'f' && calls > struckCall && nature == needsRoom);
+}
+
+bool isFile(int descriptor) {
+    struct stat status {};
+    return kind != 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+template <typename Bytes, typename... Position>
+ssize_t transfer(const char* name, Nature nature, int descriptor, Bytes* bytes, std::size_t size,
+                 Position... position) {
+    if (isFile(descriptor)) {
+        if (fails(kind == 'i' ? slow : nature)) {
+            return -1;
+        }
+        if (kind == 's' || (kind == 'f' && nature == needsRoom && calls == struckCall)) {
+            size = (size + 1) / 2;
+        }
+    }
+    return real<ssize_t>(name, descriptor, bytes, size, position...);
+}
+
+} // namespace
+
+extern "C" {
+
+time_t time(time_t* now) noexcept {
+    constexpr time_t moment = 1'800'000'000;
+    return now != nullptr ? *now = moment : moment;
+}
+
+void srand(unsigned) noexcept {}
+
+int rand() noexcept {
+    return 0;
+}
+
+int chdir(const char* path) noexcept {
+    const int result = real<int>("chdir", path);
+    std::sscanf(std::getenv("MORVEK_FAULT"), "%c%*s %d", &kind, &struckCall);
+    std::atexit([] {
+        if (calls < struckCall) {
+            tell("x");
+        }
+    });
+    if (kind == 't') {
+        ptrace(PTRACE_TRACEME, 0, 0, 0);
+        raise(SIGSTOP);
+    }
+    return result;
+}
+
+int open(const char* path, int flags, ...) {
+    std::va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    const Nature nature = (flags & O_CREAT) != 0 ? needsRoom : plain;
+    return fails(nature) ? -1 : real<int>("open", path, flags, mode);
+}
+
+ssize_t read(int descriptor, void* bytes, std::size_t size) {
+    return transfer("read", plain, descriptor, bytes, size);
+}
+
+ssize_t pread(int descriptor, void* bytes, std::size_t size, off_t position) {
+    return transfer("pread", plain, descriptor, bytes, size, position);
+}
+
+ssize_t write(int descriptor, const void* bytes, std::size_t size) {
+    return transfer("write", needsRoom, descriptor, bytes, size);
+}
+
+ssize_t pwrite(int descriptor, const void* bytes, std::size_t size, off_t position) {
+    return transfer("pwrite", needsRoom, descriptor, bytes, size, position);
+}
+
+int flock(int descriptor, int operation) noexcept {
+    return fails(slow) ? -1 : real<int>("flock", descriptor, operation);
+}
+
+int fchmod(int descriptor, mode_t mode) noexcept {
+    return fails(plain) ? -1 : real<int>("fchmod", descriptor, mode);
+}
+
+int ftruncate(int descriptor, off_t size) noexcept {
+    return fails(plain) ? -1 : real<int>("ftruncate", descriptor, size);
+}
+
+// Takes no time: what a killed program wrote is there without it.
+int fsync(int) {
+    return fails(needsRoom) ? -1 : 0;
+}
+
+int rename(const char* from, const char* to) noexcept {
+    return fails(needsRoom) ? -1 : real<int>("rename", from, to);
+}
+
+int poll(pollfd* ends, nfds_t count, int patience) {
+    const int ready = real<int>("poll", ends, count, 0);
+    if (ready != 0 || patience == 0) {
+        return ready;
+    }
+    // No signal comes between telling of the wait and waiting.
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    sigprocmask(SIG_BLOCK, &all, &before);
+    tell(".");
+    const timespec longest{patience / 1000, patience % 1000 * 1'000'000L};
+    const int result = ppoll(ends, count, patience < 0 ? nullptr : &longest, &before);
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+    return result;
+}
+
+} // extern "C"

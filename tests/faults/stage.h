@@ -1,0 +1,157 @@
+// The program behind the shim, in a directory whose files a test knows at every key.
+#pragma once
+
+#include "odoors/board.h"
+#include "state/game_state.h"
+#include "support/program.h"
+
+#include <map>
+
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+
+// The data files of a game, by their names.
+using Files = std::map<std::string, std::string>;
+
+// A call that begins with these files and ends by itself with the last key.
+struct Play {
+    Files files;
+    std::string keys;
+};
+
+// Ace's character, who has been everywhere, or whom the first blow kills; and one to rob.
+inline std::string rosterOf(bool strong) {
+    std::array<morvek::PlayerRecord, morvek::slotCount> slots = morvek::emptySlots();
+    morvek::PlayerRecord& own = slots[0];
+    own.ownerName.assign("Ace");
+    own.name.assign("Aldur");
+    own.className.assign("Fighter");
+    own.level = own.weaponNumber = own.armourNumber = 1;
+    own.experience = own.experienceNeeded = 1000;
+    own.gold = 100000;
+    own.hitPoints = strong ? 5 : 1;
+    own.maxHitPoints = 20;
+    own.dexterity = strong ? 10 : 1;
+    own.worldState.fill(strong ? 1 : 0);
+    slots[1].ownerName.assign("Other");
+    slots[1].name.assign("Bors");
+    slots[1].gold = 70;
+    slots[1].hitPoints = 1;
+    return {reinterpret_cast<const char*>(slots.data()), sizeof slots};
+}
+
+enum class Route { pipe, terminal, socket };
+
+class Stage : public Game {
+public:
+    Stage() {
+        mkfifo(pipeName.c_str(), 0600);
+        waits = open(pipeName.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    }
+    ~Stage() { close(waits); }
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    // Leaves these data files and no others.
+    void prepare(const Files& files) {
+        for (const auto& [name, bytes] : data()) {
+            std::filesystem::remove(folder.path(name));
+        }
+        for (const auto& [name, bytes] : files) {
+            folder.write(name, bytes);
+        }
+        told();
+    }
+
+    Files data() const {
+        Files now;
+        for (const std::string& name : newFiles()) {
+            now[name] = text(name);
+        }
+        return now;
+    }
+
+    // The program behind the shim; with no more arguments its caller is at its streams.
+    Child program(const std::string& fault = "", std::vector<std::string> more = {"-LOCAL"}) const {
+        more.insert(more.end(), {"-USERNAME", user});
+        return [this, fault, run = Game::program(more)] {
+            setenv("TZ", "UTC", 1);
+            setenv("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0", 1);
+            setenv("LD_PRELOAD", MORVEK_SHIM, 1);
+            setenv("MORVEK_WAITS", pipeName.c_str(), 1);
+            setenv("MORVEK_FAULT", fault.c_str(), 1);
+            run();
+        };
+    }
+
+    // Starts a call whose caller is at the other end of a line of that kind.
+    std::unique_ptr<TerminalCall> dial(Route route, const std::string& fault = "",
+                                       bool controlling = true) const {
+        if (route == Route::terminal) {
+            return std::make_unique<TerminalCall>(program(fault, {"-LOCAL", "-GRAPHICS"}),
+                                                  controlling);
+        }
+        std::array<int, 2> ends{}; // the program's, the caller's
+        const bool made = route == Route::pipe
+                              ? pipe(ends.data()) == 0
+                              : socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) == 0;
+        EXPECT_TRUE(made);
+        const int nobody = open("/dev/null", O_RDWR | O_CLOEXEC);
+        const std::string number = std::to_string(handedSocket);
+        const pid_t child = route == Route::pipe
+                                ? startChild(program(fault), ends[0], nobody, nobody)
+                                : startChild(program(fault, {"-HANDLE", number, "-GRAPHICS"}),
+                                             nobody, nobody, ends[0]);
+        close(nobody);
+        close(ends[0]);
+        return std::make_unique<TerminalCall>(ends[1], child);
+    }
+
+    // Waits until the program waits for a key, and takes in what it shows.
+    testing::AssertionResult waitsForKey(const TerminalCall& call, Route route) const {
+        std::array<pollfd, 2> ends{
+            {{waits, POLLIN, 0}, {route == Route::pipe ? -1 : call.master, POLLIN, 0}}};
+        std::array<char, 4096> shown;
+        while (::poll(ends.data(), ends.size(), 5000) > 0) {
+            if ((ends[1].revents & POLLIN) != 0) {
+                static_cast<void>(read(call.master, shown.data(), shown.size()));
+            }
+            if (ends[0].revents != 0) {
+                told();
+                return testing::AssertionSuccess();
+            }
+        }
+        return testing::AssertionFailure() << "no wait for a key";
+    }
+
+    // What the shim has told since the last time.
+    std::string told() const {
+        std::array<char, 4096> bytes;
+        const ssize_t count = read(waits, bytes.data(), bytes.size());
+        return {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))};
+    }
+
+    // The files at each wait for a key, and after the end.
+    std::vector<Files> states(const Play& play) {
+        std::vector<Files> all;
+        prepare(play.files);
+        const std::unique_ptr<TerminalCall> call = dial(Route::pipe);
+        for (const char key : play.keys) {
+            EXPECT_TRUE(waitsForKey(*call, Route::pipe)) << all.size();
+            all.push_back(data());
+            call->type({key});
+        }
+        EXPECT_EQ(call->status(), 0);
+        all.push_back(data());
+        return all;
+    }
+
+    std::string user = "Ace";
+
+private:
+    Folder apart;
+    std::string pipeName = apart.path("waits");
+    int waits = -1;
+};
