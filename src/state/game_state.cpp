@@ -4,7 +4,7 @@
 
 namespace morvek {
 
-constinit GameState game;
+GameState game;
 
 PlayerRecord* slotOfCurrentNumber() {
     const std::int32_t number = game.session.currentSlot;
