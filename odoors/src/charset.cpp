@@ -1,8 +1,6 @@
 #include "charset.h"
 
-#include <algorithm>
 #include <cstdlib>
-#include <iterator>
 
 #include "text.h"
 
@@ -27,8 +25,13 @@ char continuation(char16_t character, int shift) {
     return static_cast<char>(0x80 | ((character >> shift) & 0x3f));
 }
 
-bool isUpper(char byte) {
-    return static_cast<unsigned char>(byte) >= firstUpper;
+// How many of the bytes at the front are below 128.
+std::size_t plainLength(std::string_view bytes) {
+    std::size_t length = 0;
+    while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < firstUpper) {
+        ++length;
+    }
+    return length;
 }
 
 // A character above 127, as its two or three bytes.
@@ -46,8 +49,7 @@ void appendCharacter(std::string& text, char16_t character) {
 
 void appendAsUtf8(std::string& text, std::string_view bytes) {
     while (!bytes.empty()) {
-        const auto plain = static_cast<std::size_t>(
-            std::distance(bytes.begin(), std::find_if(bytes.begin(), bytes.end(), isUpper)));
+        const std::size_t plain = plainLength(bytes);
         text += bytes.substr(0, plain);
         bytes.remove_prefix(plain);
         if (!bytes.empty()) {

@@ -2,13 +2,14 @@
 #define ODOORS_DISPLAY_FILE_H
 
 #include <string>
+#include <string_view>
 
 namespace odoors {
 
 // The bytes to show for a display file: name.ans for a caller with ANSI graphics when there is
 // one, else name.asc, in any letter case, without the description record that follows byte 26.
-// Empty when there is no such file.
-std::string readDisplayFile(const std::string& name, bool ansi);
+// Empty when there is no such file. It stands until the next call.
+std::string_view readDisplayFile(const std::string& name, bool ansi);
 
 } // namespace odoors
 

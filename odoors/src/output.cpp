@@ -1,7 +1,6 @@
 #include "output.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "text.h"
@@ -15,17 +14,21 @@ constexpr char codeMark = '`';
 constexpr int tabWidth = 8;
 constexpr int widestScreen = 255;
 
-// Control bytes of a text do not reach the terminal, but for the ends of lines.
-bool isDropped(char byte) {
-    return isControl(byte) && byte != '\r' && byte != '\n';
+// How much of the text goes out as it is: up to a control byte other than the ends of lines.
+std::size_t shownLength(std::string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() &&
+           (!isControl(text[length]) || text[length] == '\r' || text[length] == '\n')) {
+        ++length;
+    }
+    return length;
 }
 
 } // namespace
 
 void Output::show(std::string_view text) {
     while (!text.empty()) {
-        const auto shown = static_cast<std::size_t>(
-            std::distance(text.begin(), std::find_if(text.begin(), text.end(), isDropped)));
+        const std::size_t shown = shownLength(text);
         if (shown > 0) {
             sendAttribute();
             put(text.substr(0, shown));
@@ -113,11 +116,15 @@ void Output::put(std::string_view bytes) {
         bytes.remove_prefix(lastReturn + 1);
     }
     for (const char byte : bytes) {
-        followColumn(byte);
+        if (inSequence_ || isControl(byte)) {
+            followControl(byte);
+        } else {
+            ++column_;
+        }
     }
 }
 
-void Output::followColumn(char byte) {
+void Output::followControl(char byte) {
     if (inSequence_) {
         inSequence_ = byte == '[' || byte == ';' || (byte >= '0' && byte <= '9');
     } else if (byte == escape) {
@@ -128,8 +135,6 @@ void Output::followColumn(char byte) {
         column_ = std::max(0, column_ - 1);
     } else if (byte == '\t') {
         column_ += tabWidth - column_ % tabWidth;
-    } else if (!isControl(byte)) {
-        ++column_;
     }
 }
 

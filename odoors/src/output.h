@@ -59,7 +59,7 @@ private:
     bool ansi() const { return ansiFlag_ == 1; }
     void sendAttribute();
     void put(std::string_view bytes);
-    void followColumn(char byte);
+    void followControl(char byte);
 
     const char& ansiFlag_;
     Charset charset_ = Charset::cp437;

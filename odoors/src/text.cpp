@@ -9,10 +9,6 @@ namespace {
 // Large enough for a caller without limits, small enough to be counted in milliseconds.
 constexpr std::int64_t largestNumber = 10'000'000'000'000;
 
-char lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 } // namespace
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
@@ -22,21 +18,8 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
     return text;
 }
 
-bool sameLetter(char one, char other) {
-    return lowered(one) == lowered(other);
-}
-
-bool sameLetters(std::string_view one, std::string_view other) {
-    return one.size() == other.size() &&
-           (one == other || std::equal(one.begin(), one.end(), other.begin(), sameLetter));
-}
-
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-bool isControl(char byte) {
-    return static_cast<unsigned char>(byte) < ' ' || byte == 127;
 }
 
 std::optional<std::int64_t> readNumber(std::string_view text) {
