@@ -1,8 +1,9 @@
 // Callers' texts are only texts: files forged with every byte there is in every text, and callers
 // who look at all of it. What their terminals obey must be what they obey when each of those bytes
 // is a harmless letter.
-#include "odoors/board.h"
 #include "support/program.h"
+
+#include <algorithm>
 
 #include <gtest/gtest.h>
 
@@ -63,16 +64,12 @@ void forgeFiles(Game& game, std::string (*form)(std::string)) {
     game.write("scores.dat", scores);
 }
 
-// What a terminal obeys of that which is shown: control bytes, escape sequences and telnet's own.
-std::string obeyed(std::string shown, bool telnet) {
-    for (std::size_t at = 0; telnet && (at = shown.find("\xff\xff", at)) != std::string::npos;) {
-        shown.replace(at, 2, "x"); // doubled it is a letter
-    }
+// What a terminal obeys of that which is shown: control bytes and escape sequences.
+std::string obeyed(const std::string& shown) {
     std::string kept;
     bool sequence = false;
     for (const char byte : shown) {
-        const auto code = static_cast<unsigned char>(byte);
-        if (sequence || code < ' ' || code == 127 || (telnet && code == 255)) {
+        if (sequence || static_cast<unsigned char>(byte) < ' ' || byte == 127) {
             kept += byte;
         }
         sequence = byte == '\033' || (sequence && std::string_view("[;0123456789").find(byte) < 12);
@@ -82,53 +79,43 @@ std::string obeyed(std::string shown, bool telnet) {
 
 // All callers look at everything: the top ten, the list, who is on-line, their status, the board,
 // and another whom they attack. What they saw, and the bulletins, which are the same for all.
-std::string everythingShown(const Game& game, std::vector<std::string> options) {
-    const bool telnet = options.front() == "-HANDLE";
+std::string everythingShown(std::string (*form)(std::string), Arguments options) {
+    Game game;
+    forgeFiles(game, form);
     std::string shown;
-    options.insert(options.end(), {"-USERNAME", ""});
+    options.insert(options.end(), {"-LOCAL", "-USERNAME", ""});
     for (int i = 0; i < texts; ++i) {
         options.back() = ownerOf(i);
         const std::string other = std::to_string((i + 1) % texts + 1);
-        const std::string keys = "hxsxlxoxyxtlcrp" + other + "\ryyxrqxxq";
         const Child child = game.program(options);
-        const Outcome call = telnet ? runOnSocket(child, keys) : runWithKeys(child, keys);
+        const Outcome call = runWithKeys(child, "hxsxlxoxyxtlcrp" + other + "\ryyxrqxxq");
         EXPECT_EQ(call.status, 0);
         shown += call.shown;
     }
-    return telnet ? shown : shown + game.text("scores.asc") + game.text("scores.ans");
+    return shown + game.text("scores.asc") + game.text("scores.ans");
 }
 
 } // namespace
 
 TEST(Texts, SteerNobodysTerminal) {
-    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
-             {"-LOCAL", "-ASCII", "-CHARSET", "cp437"},
-             {"-LOCAL", "-GRAPHICS", "-CHARSET", "utf8"},
-             {"-HANDLE", std::to_string(handedSocket), "-GRAPHICS"}}) {
-        Game all;
-        forgeFiles(all, [](std::string text) { return text; });
-        const std::string shown = everythingShown(all, options);
-        Game letters;
-        forgeFiles(letters, harmless);
-        const bool telnet = options.front() == "-HANDLE";
-        EXPECT_EQ(obeyed(shown, telnet), obeyed(everythingShown(letters, options), telnet));
-        EXPECT_NE(shown.find(options.back() == "utf8" ? "\u00a2\u00a3" : "\x9b\x9c"),
-                  std::string::npos)
-            << "the letters above 127 are shown";
+    for (const auto& [options, letters] : std::vector<std::pair<Arguments, std::string>>{
+             {{"-ASCII"}, "\x9b\x9c"}, {{"-GRAPHICS", "-CHARSET", "utf8"}, "\u00a2\u00a3"}}) {
+        const auto asTheyAre = [](std::string text) { return text; };
+        const std::string shown = everythingShown(asTheyAre, options);
+        EXPECT_EQ(obeyed(shown), obeyed(everythingShown(harmless, options)));
+        EXPECT_NE(shown.find(letters), std::string::npos) << "the letters above 127 are shown";
     }
 }
 
 // What a board or its caller smuggles into his name reaches neither the news nor the characters.
 TEST(Texts, ANameIsTakenWithoutItsControlBytes) {
     const std::string name = "x\033[2J\r\a\x9b\xff";
-    for (const std::vector<std::string>& options :
-         {std::vector<std::string>{"-LOCAL", "-USERNAME", name + '\n'}, {"-D", "."}}) {
-        Game game;
-        game.write("DOOR32.SYS", door32.with({{7, name + "\tx"}}));
-        EXPECT_EQ(runWithKeys(game.program(options), "sxJo\ry1xqxxq").status, 0);
-        EXPECT_EQ(game.news().substr(17, 6), "x[2J\x9b\xff") << game.news();
-        const std::string complaint = runWithKeys(game.program({name}), "").complaints;
-        EXPECT_EQ(complaint.substr(0, 22), "unknown option x[2J\x9b\xff\n");
-        EXPECT_EQ(game.text("morchars.dat").substr(ownerNameAt, 6), "x[2J\x9b\xff");
-    }
+    const Game game;
+    const Arguments options{"-LOCAL", "-USERNAME", name + '\n'};
+    EXPECT_EQ(runWithKeys(game.program(options), "sxJo\ry1xqxxq").status, 0);
+    const Files files = game.data();
+    EXPECT_EQ(files.begin()->second.substr(17, 6), "x[2J\x9b\xff") << "in the news";
+    EXPECT_EQ(files.at("morchars.dat").substr(ownerNameAt, 6), "x[2J\x9b\xff");
+    EXPECT_EQ(runWithKeys(game.program({name}), "").complaints.substr(0, 22),
+              "unknown option x[2J\x9b\xff\n");
 }
