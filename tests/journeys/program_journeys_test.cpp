@@ -57,3 +57,45 @@ TEST(ProgramJourney, AFirstGameAndAReturn) {
     EXPECT_EQ(again.status(), 0);
     EXPECT_EQ(game.text("morchars.dat").size(), 50 * recordSize);
 }
+
+// What others smuggle into their texts is neither obeyed by a terminal nor stored: a caller looks
+// at the top ten, the list, who is on-line, his status and the board, and attacks another.
+TEST(ProgramJourney, ThroughTextsThatSteerNobody) {
+    const std::string text = "Qz\r\n\033\a\x7f\b[2J\x9b\xff";
+    const auto slot = [](std::string value) {
+        const std::string length{static_cast<char>(value.size()), '\0', '\0', '\0'};
+        value.resize(16);
+        return std::string(4, '\0') + length + value;
+    };
+    std::string roster;
+    for (const char* owner : {"Ace", "Bob"}) {
+        std::string record(recordSize, '\0');
+        for (const std::size_t at : {0, 24, 84, 108, 196, 224}) {
+            record.replace(at, 24, slot(text));
+        }
+        record.replace(ownerNameAt - 8, 24, slot(owner));
+        for (const std::size_t at : {56, 132, 160, 164, 192, 220}) {
+            record[at] = 1;
+        }
+        roster += record;
+    }
+    roster.resize(50 * recordSize);
+    Game game;
+    game.write("morchars.dat", roster);
+    game.write("scroll.dat", slot(text) + slot(text));
+    game.write("scores.dat", text + "#1Rogue\n");
+    const Child call = game.program({"-LOCAL", "-ASCII", "-USERNAME", "Ace\033\r"});
+    const Outcome outcome = runWithKeys(call, "hxsxlxoxyxtlcrp2\ryyxrqxxq");
+    EXPECT_EQ(outcome.status, 0);
+    const std::string shown = outcome.shown + game.text("scores.asc") + game.text("scores.ans");
+    int count = 0;
+    for (std::size_t at = 0; (at = shown.find("Qz", at)) != std::string::npos; ++count) {
+        at += 2;
+        EXPECT_EQ(shown.at(at), '[') << shown.substr(0, at);
+    }
+    EXPECT_GT(count, 8);
+    EXPECT_THAT(shown, HasSubstr("Qz[2J\x9b\xff"));
+    EXPECT_THAT(game.data().begin()->second, HasSubstr("\rAce joined"));
+    EXPECT_THAT(runWithKeys(game.program({text}), "").complaints,
+                StartsWith("unknown option Qz[2J\x9b\xff\n"));
+}
