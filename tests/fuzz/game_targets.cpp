@@ -1,6 +1,5 @@
 // What the game reads: its files, and the keys of a whole call.
 #include "fuzz.h"
-#include "held_call.h"
 
 #include "display_file.h"
 #include "door/configuration.h"
