@@ -34,37 +34,41 @@ const std::vector<Play> plays{
     {{{"morchars.dat", rosterOf(false)}}, "sxfaxq"},
 };
 
-constexpr std::array routes{Route::pipe, Route::terminal, Route::socket};
+const std::vector<std::pair<Line, Arguments>> lines{
+    {Line::pipe, {"-LOCAL"}},
+    {Line::terminal, {"-LOCAL", "-GRAPHICS"}},
+    {Line::socket, {"-HANDLE", std::to_string(handedSocket), "-GRAPHICS"}}};
 constexpr std::array manners{0, SIGHUP, SIGTERM}; // 0: the line is cut
 
 } // namespace
 
 // Each prompt on every line, in another manner on each: three prompts see all nine.
 TEST(HangUp, AtEveryPrompt) {
-    Stage stage;
+    const Stage stage;
     for (const Play& play : plays) {
         const std::vector<Files> states = stage.states(play);
         for (std::size_t typed = 0; typed < play.keys.size(); typed += MORVEK_STRIDE) {
-            for (std::size_t line = 0; line < routes.size(); ++line) {
-                const Route route = routes.at(line);
-                const int manner = manners.at((typed + line) % manners.size());
-                SCOPED_TRACE(play.keys.substr(0, typed) + ", line " + std::to_string(line) +
-                             ", signal " + std::to_string(manner));
+            std::size_t turn = typed;
+            for (const auto& [line, arguments] : lines) {
+                const int manner = manners.at(turn++ % manners.size());
+                SCOPED_TRACE(play.keys.substr(0, typed) + ", " + arguments.front() + ", signal " +
+                             std::to_string(manner));
                 stage.prepare(play.files);
-                const auto call = stage.dial(route, "", typed / MORVEK_STRIDE % 2 == 0);
-                ASSERT_TRUE(stage.waitsForKey(*call, route));
+                const bool controlling = typed / MORVEK_STRIDE % 2 == 0;
+                Call call(stage.program("", arguments), line, controlling);
+                ASSERT_TRUE(stage.waitsForKey(call, line));
                 if (typed > 0) {
-                    call->type(play.keys.substr(0, typed));
-                    ASSERT_TRUE(stage.waitsForKey(*call, route));
+                    call.type(play.keys.substr(0, typed));
+                    ASSERT_TRUE(stage.waitsForKey(call, line));
                 }
                 if (manner == 0) {
-                    call->hangUp();
+                    call.hangUp();
                 } else {
-                    kill(call->child, manner);
+                    kill(call.child, manner);
                 }
-                ASSERT_EQ(call->status(), 2);
+                ASSERT_EQ(call.status(), 2);
                 ASSERT_TRUE(stage.data() == states[typed]);
-                ASSERT_TRUE(route != Route::terminal || manner == 0 || call->isRestored());
+                ASSERT_TRUE(line != Line::terminal || manner == 0 || call.isRestored());
             }
         }
     }

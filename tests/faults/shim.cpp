@@ -6,7 +6,7 @@
 //   full N       call N, when it writes, does half; whatever needs room afterwards fails
 //   short 0      every read and write does half
 //   interrupt 0  every second call that can be interrupted is
-//   trace 0      the program stops in its directory, for its parent to trace it
+//   kill N       the program is killed at call N
 //
 // Into the pipe MORVEK_WAITS goes a '.' before each wait for a key, and an 'x' at an end before
 // call N.
@@ -19,7 +19,6 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/ptrace.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -45,6 +44,9 @@ enum Nature { plain, needsRoom, slow };
 
 bool fails(Nature nature) {
     calls += kind != 0 ? 1 : 0;
+    if (kind == 'k' && calls == struckCall) {
+        raise(SIGKILL);
+    }
     errno = kind == 'f' ? ENOSPC : kind == 'i' ? EINTR : EIO;
     if (kind == 'i' && nature == slow) {
         interrupted = !interrupted;
@@ -96,10 +98,6 @@ int chdir(const char* path) noexcept {
             tell("x");
         }
     });
-    if (kind == 't') {
-        ptrace(PTRACE_TRACEME, 0, 0, 0);
-        raise(SIGSTOP);
-    }
     return result;
 }
 

@@ -1,19 +1,13 @@
 // The program behind the shim, in a directory whose files a test knows at every key.
 #pragma once
 
-#include "odoors/board.h"
 #include "state/game_state.h"
 #include "support/program.h"
 
-#include <map>
-
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-
-// The data files of a game, by their names.
-using Files = std::map<std::string, std::string>;
 
 // A call that begins with these files and ends by itself with the last key.
 struct Play {
@@ -23,7 +17,7 @@ struct Play {
 
 // Ace's character, who has been everywhere, or whom the first blow kills; and one to rob.
 inline std::string rosterOf(bool strong) {
-    std::array<morvek::PlayerRecord, morvek::slotCount> slots = morvek::emptySlots();
+    auto slots = morvek::emptySlots();
     morvek::PlayerRecord& own = slots[0];
     own.ownerName.assign("Ace");
     own.name.assign("Aldur");
@@ -42,8 +36,6 @@ inline std::string rosterOf(bool strong) {
     return {reinterpret_cast<const char*>(slots.data()), sizeof slots};
 }
 
-enum class Route { pipe, terminal, socket };
-
 class Stage : public Game {
 public:
     Stage() {
@@ -55,7 +47,7 @@ public:
     Stage& operator=(const Stage&) = delete;
 
     // Leaves these data files and no others.
-    void prepare(const Files& files) {
+    void prepare(const Files& files) const {
         for (const auto& [name, bytes] : data()) {
             std::filesystem::remove(folder.path(name));
         }
@@ -65,16 +57,9 @@ public:
         told();
     }
 
-    Files data() const {
-        Files now;
-        for (const std::string& name : newFiles()) {
-            now[name] = text(name);
-        }
-        return now;
-    }
-
     // The program behind the shim; with no more arguments its caller is at its streams.
-    Child program(const std::string& fault = "", std::vector<std::string> more = {"-LOCAL"}) const {
+    Child program(const std::string& fault = "", Arguments more = {"-LOCAL"},
+                  const std::string& user = "Ace") const {
         more.insert(more.end(), {"-USERNAME", user});
         return [this, fault, run = Game::program(more)] {
             setenv("TZ", "UTC", 1);
@@ -86,37 +71,14 @@ public:
         };
     }
 
-    // Starts a call whose caller is at the other end of a line of that kind.
-    std::unique_ptr<TerminalCall> dial(Route route, const std::string& fault = "",
-                                       bool controlling = true) const {
-        if (route == Route::terminal) {
-            return std::make_unique<TerminalCall>(program(fault, {"-LOCAL", "-GRAPHICS"}),
-                                                  controlling);
-        }
-        std::array<int, 2> ends{}; // the program's, the caller's
-        const bool made = route == Route::pipe
-                              ? pipe(ends.data()) == 0
-                              : socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) == 0;
-        EXPECT_TRUE(made);
-        const int nobody = open("/dev/null", O_RDWR | O_CLOEXEC);
-        const std::string number = std::to_string(handedSocket);
-        const pid_t child = route == Route::pipe
-                                ? startChild(program(fault), ends[0], nobody, nobody)
-                                : startChild(program(fault, {"-HANDLE", number, "-GRAPHICS"}),
-                                             nobody, nobody, ends[0]);
-        close(nobody);
-        close(ends[0]);
-        return std::make_unique<TerminalCall>(ends[1], child);
-    }
-
     // Waits until the program waits for a key, and takes in what it shows.
-    testing::AssertionResult waitsForKey(const TerminalCall& call, Route route) const {
+    testing::AssertionResult waitsForKey(const Call& call, Line line) const {
         std::array<pollfd, 2> ends{
-            {{waits, POLLIN, 0}, {route == Route::pipe ? -1 : call.master, POLLIN, 0}}};
+            {{waits, POLLIN, 0}, {line == Line::pipe ? -1 : call.end, POLLIN, 0}}};
         std::array<char, 4096> shown;
         while (::poll(ends.data(), ends.size(), 5000) > 0) {
             if ((ends[1].revents & POLLIN) != 0) {
-                static_cast<void>(read(call.master, shown.data(), shown.size()));
+                static_cast<void>(read(call.end, shown.data(), shown.size()));
             }
             if (ends[0].revents != 0) {
                 told();
@@ -134,21 +96,19 @@ public:
     }
 
     // The files at each wait for a key, and after the end.
-    std::vector<Files> states(const Play& play) {
+    std::vector<Files> states(const Play& play) const {
         std::vector<Files> all;
         prepare(play.files);
-        const std::unique_ptr<TerminalCall> call = dial(Route::pipe);
+        const Call call(program(), Line::pipe);
         for (const char key : play.keys) {
-            EXPECT_TRUE(waitsForKey(*call, Route::pipe)) << all.size();
+            EXPECT_TRUE(waitsForKey(call, Line::pipe)) << all.size();
             all.push_back(data());
-            call->type({key});
+            call.type({key});
         }
-        EXPECT_EQ(call->status(), 0);
+        EXPECT_EQ(call.status(), 0);
         all.push_back(data());
         return all;
     }
-
-    std::string user = "Ace";
 
 private:
     Folder apart;

@@ -1,13 +1,13 @@
 // What the game reads: its files, and the keys of a whole call.
-#include "files.h"
 #include "fuzz.h"
-#include "held_call.h"
 
+#include "display_file.h"
 #include "door/configuration.h"
 #include "door/door_session.h"
 #include "door/screen.h"
 #include "door/title_menu.h"
 #include "files/configuration_file.h"
+#include "files/data_file.h"
 #include "files/score_file.h"
 #include "files/scroll_file.h"
 #include "state/game_state.h"
@@ -15,20 +15,44 @@
 #include "towne/scores.h"
 #include "towne/scroll_board.h"
 
-#include <cstring>
+#include <unistd.h>
 
 using namespace morvek;
+
+namespace {
+
+// What the next draws of chance follow from.
+unsigned seed = 0;
+
+} // namespace
+
+extern "C" int rand() noexcept {
+    seed = seed * 1103515245U + 12345U;
+    return static_cast<int>(seed >> 16U);
+}
+extern "C" void srand(unsigned) noexcept {}
+
+// Every menu is a line.
+std::string odoors::readDisplayFile(const std::string& name, bool) {
+    return name + "\r\n";
+}
 
 namespace fuzz {
 namespace {
 
 constexpr std::size_t rosterSize = sizeof(Roster::Slots);
+constexpr const char* rosterName = "morchars.dat";
 
+// A new game, in a directory without any file.
 void beginGame() {
     game = GameState{};
     game.session.dateStamp = "111526";
-    files.clear();
     seed = 0;
+    workInMemory();
+    for (const char* name : {rosterName, configurationFileName, scoreFileName, plainBulletinName,
+                             ansiBulletinName, scrollFileName, "111526.txt"}) {
+        unlink(name);
+    }
 }
 
 void own(PlayerRecord& slot, std::string_view owner, std::string_view name) {
@@ -76,18 +100,21 @@ void playWhole() {
     titleMenu();
 }
 
-// A call with the forged files of the input; a saved roster is always a whole one.
-void play(const Call& call) {
-    const std::string before = files["morchars.dat"];
+// A call with this character file, which is saved whole or not at all.
+void play(const Call& call, const std::string& roster) {
+    if (!roster.empty()) {
+        writeFile(rosterName, roster);
+    }
     hold(call, playWhole);
-    require(files["morchars.dat"] == before || files["morchars.dat"].size() == rosterSize);
+    const std::string after = readWhole(rosterName).value_or("");
+    require(after == roster || after.size() == rosterSize);
 }
 
 } // namespace
 
 void configuration(std::string_view input) {
     beginGame();
-    files[configurationFileName] = input;
+    writeFile(configurationFileName, input);
     hold(Call(1, "Q"), [] {
         if (readConfiguration()) {
             require(game.session.hostName.size() <= longestConfigurationLine);
@@ -104,7 +131,7 @@ void scores(std::string_view input) {
     game.player.experience = static_cast<std::int32_t>(takeNumber(input) << 5U);
     game.player.name = take(input, std::min<std::size_t>(15, input.find('\n')));
     game.player.className = "Ranger";
-    files[scoreFileName] = input.substr(std::min<std::size_t>(input.size(), 1));
+    writeFile(scoreFileName, input.substr(std::min<std::size_t>(input.size(), 1)));
     hold(Call(bits), [] {
         showTopTen();
         prepareScore();
@@ -113,14 +140,13 @@ void scores(std::string_view input) {
         require(game.scores.count >= 0 && game.scores.count <= 10);
         waitForKey();
     });
-    for (const char byte : files[plainBulletinName]) {
+    for (const char byte : readWhole(plainBulletinName).value_or("")) {
         require((static_cast<unsigned char>(byte) >= ' ' && byte != 127) || byte == '\n');
     }
 }
 
 // Up to 31 keys, and the board's file.
 void board(std::string_view input) {
-    workInMemory();
     beginGame();
     game.player.name = "Arwen";
     const unsigned bits = takeNumber(input);
@@ -132,7 +158,7 @@ void board(std::string_view input) {
 void news(std::string_view input) {
     beginGame();
     const unsigned bits = takeNumber(input);
-    files["111526.txt"] = input;
+    writeFile("111526.txt", input);
     hold(Call(bits, "x"), [] {
         newsJoined();
         showNews();
@@ -143,28 +169,28 @@ void news(std::string_view input) {
 void characterRecord(std::string_view input) {
     beginGame();
     Call call(takeNumber(input), "Skyklkokp1\rnqkkQ");
-    files["morchars.dat"] = characterFile();
-    forge(files["morchars.dat"], input, input.size());
-    play(call);
+    std::string roster = characterFile();
+    forge(roster, input, input.size());
+    play(call, roster);
 }
 
 // Chance, the caller's name, up to 7 patches of the character file, or no such file; and his keys.
 void wholeGame(std::string_view input) {
-    workInMemory();
-    writeFile(scrollFileName, "");
     beginGame();
+    writeFile(scrollFileName, "");
     const unsigned bits = takeNumber(input);
     seed = takeNumber(input);
     Call call(bits);
     if ((bits & 32) != 0) {
         call.name = take(input, takeNumber(input) % 40);
     }
+    std::string roster;
     if ((bits & 64) == 0) {
-        files["morchars.dat"] = characterFile();
-        forge(files["morchars.dat"], input, takeNumber(input) % 8);
+        roster = characterFile();
+        forge(roster, input, takeNumber(input) % 8);
     }
     call.keys = input;
-    play(call);
+    play(call, roster);
 }
 
 } // namespace fuzz

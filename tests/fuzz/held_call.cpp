@@ -1,5 +1,5 @@
-#include "held_call.h"
-
+// The session is the toolkit's own: only the line to the caller, the clock and the process's end
+// are replaced.
 #include "fuzz.h"
 
 #include <array>

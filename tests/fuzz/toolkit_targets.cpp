@@ -8,7 +8,6 @@
 #include "door_sys.h"
 #include "dorinfo.h"
 #include "fuzz.h"
-#include "held_call.h"
 #include "text.h"
 
 #include <array>

@@ -3,22 +3,35 @@
 
 #include "support/process.h"
 
-using Arguments = std::vector<std::string>;
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "OpenDoor.h"
+
 using Door = std::function<void()>;
+
+const Arguments plain{"-LOCAL", "-ASCII"};
+const Arguments coloured{"-LOCAL", "-GRAPHICS"};
 
 // A child that opens a session with these arguments and runs the door. A door that comes to its
 // end leaves with status 0.
-Child doorChild(const Arguments& arguments, const Door& door);
+inline Child doorChild(const Arguments& arguments, const Door& door) {
+    return [=] {
+        for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+            unsetenv(name);
+        }
+        setenv("LOGNAME", "newcomer", 1);
+        std::vector<char*> argv{const_cast<char*>("door")};
+        for (const std::string& argument : arguments) {
+            argv.push_back(const_cast<char*>(argument.c_str()));
+        }
+        od_parse_cmd_line(static_cast<int>(argv.size()), argv.data());
+        od_init();
+        door();
+        od_exit(0, 0);
+    };
+}
 
 inline Outcome callWithKeys(const Arguments& arguments, const std::string& keys, const Door& door) {
     return runWithKeys(doorChild(arguments, door), keys);
 }
-
-// A door whose caller sits at a pseudo-terminal.
-struct DoorCall : TerminalCall {
-    DoorCall(const Arguments& arguments, const Door& door, bool controlling = true)
-        : TerminalCall(doorChild(arguments, door), controlling) {}
-};
-
-// Puts the clock of this process forward.
-void passSeconds(long seconds);

@@ -2,9 +2,7 @@
 
 #include <sstream>
 
-#include <gtest/gtest.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include "call.h"
 #include "text.h"

@@ -1,18 +1,11 @@
 // What bytes are which keys, and what the keys that a caller types do, as he sees it.
 #include "key_decoder.h"
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include "OpenDoor.h"
 #include "call.h"
 
 using namespace odoors;
 
 namespace {
-
-const Arguments plain{"-LOCAL"};
-const Arguments coloured{"-LOCAL", "-GRAPHICS"};
 
 std::string lineAfter(const std::string& start, const std::string& keys, int longest = 8,
                       unsigned char least = 0, unsigned char most = 127) {

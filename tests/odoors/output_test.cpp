@@ -1,8 +1,5 @@
 #include "output.h"
 
-#include <gtest/gtest.h>
-
-#include "OpenDoor.h"
 #include "call.h"
 
 using namespace odoors;

@@ -2,10 +2,6 @@
 #include <chrono>
 #include <csignal>
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include "OpenDoor.h"
 #include "call.h"
 
 namespace {
@@ -26,7 +22,7 @@ TEST(Terminal, IsRawDuringTheCallAndRestoredAfterItOrItsCrash) {
             tellKeys();
             end();
         };
-        DoorCall call({"-ASCII", "-LOCAL"}, door, false);
+        const Call call(doorChild(plain, door), Line::terminal, false);
         EXPECT_EQ(call.until("ready"), "ready");
         call.type("\x03\x1a\x13\r\n\x04");
         EXPECT_EQ(call.until("<4>"), "<3><26><19><13><4>");
@@ -38,16 +34,13 @@ TEST(Terminal, IsRawDuringTheCallAndRestoredAfterItOrItsCrash) {
 }
 
 TEST(Terminal, EscapeIsAKeyOnlyWhenNothingFollowsAtOnce) {
-    DoorCall call({"-ASCII", "-LOCAL"}, tellKeys);
+    const Call call(doorChild(plain, tellKeys));
     call.until("ready");
-    call.type("\033[A");
-    EXPECT_EQ(call.until(">"), "<127>");
-    call.type("\033");
-    EXPECT_EQ(call.until(">"), "<27>");
-    call.type("[A");
-    EXPECT_EQ(call.until("<65>"), "<91><65>");
-    call.type("\033OP!");
-    EXPECT_EQ(call.until("<33>"), "<127><33>");
+    for (const auto& [bytes, keys] : std::vector<std::pair<std::string, std::string>>{
+             {"\033[A", "<127>"}, {"\033", "<27>"}, {"[A", "<91><65>"}, {"\033OP!", "<127><33>"}}) {
+        call.type(bytes);
+        EXPECT_EQ(call.until(keys), keys);
+    }
 }
 
 TEST(Terminal, IsAskedForAnsiGraphics) {
@@ -57,7 +50,7 @@ TEST(Terminal, IsAskedForAnsiGraphics) {
         od_printf("`red`%d", od_control.user_ansi);
         tellKeys();
     };
-    DoorCall answering({}, door);
+    const Call answering(doorChild({}, door));
     answering.type("a");
     EXPECT_EQ(answering.until("\033[6n"), "hello\033[6n");
     answering.type("b\033\033[1;");
@@ -65,7 +58,7 @@ TEST(Terminal, IsAskedForAnsiGraphics) {
     EXPECT_EQ(answering.until("<99>"), "\033[0;31m1ready<97><98><27><99>");
 
     // An answer that comes too late is no key either.
-    DoorCall silent({"-LOCAL"}, door);
+    const Call silent(doorChild({"-LOCAL"}, door));
     const auto start = std::chrono::steady_clock::now();
     silent.until("\033[6n");
     silent.type("a");

@@ -3,7 +3,14 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
+
+// The file's bytes; empty when there is none.
+inline std::string readFile(const std::string& path) {
+    std::ifstream file(std::filesystem::is_directory(path) ? "" : path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 // A directory of its own for one test, gone with it.
 struct Folder {

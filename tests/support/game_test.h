@@ -4,12 +4,10 @@
 
 #include "state/game_state.h"
 #include "support/scripted_caller.h"
-#include "support/scripted_chance.h"
 
 #include <gmock/gmock.h>
 
 #include <tuple>
-#include <vector>
 
 using namespace morvek;
 using namespace morvek::test;

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
 #include <sys/socket.h>
@@ -87,42 +88,54 @@ Outcome runWithKeys(const Child& child, const std::string& keys) {
     return outcome;
 }
 
-TerminalCall::TerminalCall(const Child& doing, bool controlling) {
-    int slave = -1;
-    require(openpty(&master, &slave, nullptr, nullptr, nullptr) == 0);
-    // What is typed before the child starts must not be echoed among what it shows.
-    tcgetattr(slave, &before);
-    before.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    tcsetattr(slave, TCSANOW, &before);
-    child = startChild(doing, slave, slave, -1, controlling);
-    close(slave);
+Call::Call(const Child& doing, Line line, bool controlling) {
+    std::array<int, 2> ends{-1, -1}; // the child's, the caller's
+    const int nothing = open("/dev/null", O_RDWR | O_CLOEXEC);
+    if (line == Line::terminal) {
+        require(openpty(&ends[1], &ends[0], nullptr, nullptr, nullptr) == 0);
+        // What is typed before the child starts must not be echoed among what it shows.
+        tcgetattr(ends[0], &before);
+        before.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(ends[0], TCSANOW, &before);
+        child = startChild(doing, ends[0], ends[0], -1, controlling);
+    } else if (line == Line::pipe) {
+        require(pipe(ends.data()) == 0);
+        child = startChild(doing, ends[0], nothing, nothing);
+    } else {
+        require(socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) == 0);
+        child = startChild(doing, nothing, nothing, ends[0]);
+    }
+    close(nothing);
+    close(ends[0]);
+    end = ends[1];
 }
 
-void TerminalCall::type(const std::string& keys) const {
-    require(write(master, keys.data(), keys.size()) == static_cast<ssize_t>(keys.size()));
+void Call::type(const std::string& keys) const {
+    require(write(end, keys.data(), keys.size()) == static_cast<ssize_t>(keys.size()));
 }
 
-std::string TerminalCall::until(const std::string& text) const {
+std::string Call::until(const std::string& text) const {
     std::string shown;
     std::array<char, 4096> buffer;
-    pollfd end{master, POLLIN, 0};
+    pollfd line{end, POLLIN, 0};
     ssize_t count = 1;
-    while (shown.find(text) == std::string::npos && count > 0 && poll(&end, 1, 5 * patience) == 1) {
-        count = read(master, buffer.data(), buffer.size());
+    while (shown.find(text) == std::string::npos && count > 0 &&
+           poll(&line, 1, 5 * patience) == 1) {
+        count = read(end, buffer.data(), buffer.size());
         shown.append(buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
     }
     return shown;
 }
 
-void TerminalCall::hangUp() {
-    if (master >= 0) {
-        close(master);
+void Call::hangUp() {
+    if (end >= 0) {
+        close(end);
     }
-    master = -1;
+    end = -1;
 }
 
-bool TerminalCall::isRestored() const {
+bool Call::isRestored() const {
     termios now{};
-    return tcgetattr(master, &now) == 0 && now.c_lflag == before.c_lflag &&
+    return tcgetattr(end, &now) == 0 && now.c_lflag == before.c_lflag &&
            now.c_iflag == before.c_iflag && now.c_oflag == before.c_oflag;
 }

@@ -12,6 +12,7 @@
 
 // What a child does; it never comes back.
 using Child = std::function<void()>;
+using Arguments = std::vector<std::string>;
 
 // How a call went: the exit status (1000 and more: the signal that ended it) and what came out.
 struct Outcome {
@@ -31,18 +32,22 @@ pid_t startChild(const Child& child, int input, int output, int errors = -1,
 // The exit status of a child; -1 when it does not end within about a second and has to be killed.
 int waitForEnd(pid_t child);
 
-// A child whose caller sits at a pseudo-terminal. With a controlling terminal a hang-up comes as a
-// signal, without one as the end of the input.
-struct TerminalCall {
-    explicit TerminalCall(const Child& doing, bool controlling = true);
-    TerminalCall(int end, pid_t process) : master(end), child(process) {} // on another line
-    ~TerminalCall() { hangUp(); }
-    TerminalCall(const TerminalCall&) = delete;
-    TerminalCall& operator=(const TerminalCall&) = delete;
+// How a board lets a caller reach the door: what he types comes through a pipe, he sits at a
+// pseudo-terminal, or the child inherits his socket as this descriptor.
+enum class Line { pipe, terminal, socket };
+constexpr int handedSocket = 2;
+
+// A child and the end of the line where its caller is. With a controlling terminal a hang-up comes
+// as a signal, without one as the end of the input.
+struct Call {
+    explicit Call(const Child& doing, Line line = Line::terminal, bool controlling = true);
+    ~Call() { hangUp(); }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
 
     void type(const std::string& keys) const;
 
-    // Waits until the text has been shown; all that was shown since the last time.
+    // Waits until the text has been shown, or all; all that was shown since the last time.
     std::string until(const std::string& text) const;
 
     void hangUp();
@@ -51,7 +56,7 @@ struct TerminalCall {
     // Whether the terminal is as it was before the call.
     bool isRestored() const;
 
-    int master = -1;
+    int end = -1;
     pid_t child = -1;
     termios before{};
 };

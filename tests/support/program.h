@@ -3,30 +3,19 @@
 
 #include "support/process.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <set>
+#include <map>
 
 #include <unistd.h>
 
 constexpr std::size_t recordSize = 1500;
-// Where the texts of two of its slots begin.
-constexpr std::size_t ownerNameAt = 68;
-constexpr std::size_t nameAt = 92;
+constexpr std::size_t ownerNameAt = 68; // where the text of this slot begins
 
-inline std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    std::string bytes(file ? static_cast<std::size_t>(file.tellg()) : 0, '\0');
-    file.seekg(0).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return bytes;
-}
+// Files by their names.
+using Files = std::map<std::string, std::string>;
 
 // A game directory as an operator leaves it, and the program in it.
-struct Game {
-    Folder folder;
-    std::set<std::string> filesBefore;
-
+class Game {
+public:
     Game() {
         std::filesystem::copy(MORVEK_MENUS_DIR, folder.path());
         write("morvek.cfg", "Morvek\nThe Test Board\n.\n");
@@ -34,10 +23,10 @@ struct Game {
 
     void write(const std::string& name, const std::string& bytes) {
         folder.write(name, bytes);
-        filesBefore = files();
+        filesBefore.merge(data());
     }
 
-    Child program(const std::vector<std::string>& arguments) const {
+    Child program(const Arguments& arguments) const {
         return [arguments, directory = folder.path()] {
             std::vector<char*> words{const_cast<char*>("morvek")};
             for (const std::string& argument : arguments) {
@@ -51,39 +40,22 @@ struct Game {
         };
     }
 
-    std::set<std::string> files() const {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-            names.insert(entry.path().filename());
-        }
-        return names;
-    }
+    std::string text(const std::string& name) const { return readFile(folder.path(name)); }
 
     // The files that have come since the operator wrote the last of his.
-    std::set<std::string> newFiles() const {
-        std::set<std::string> names = files();
-        for (const std::string& name : filesBefore) {
-            names.erase(name);
-        }
-        return names;
-    }
-
-    std::string text(const std::string& name) const { return contentOf(folder.path(name)); }
-
-    // The news of the day that the call began on.
-    std::string news() const {
-        for (const std::string& name : newFiles()) {
-            if (name.ends_with(".txt")) {
-                return text(name);
+    Files data() const {
+        Files found;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+            const std::string name = entry.path().filename();
+            if (filesBefore.count(name) == 0) {
+                found[name] = text(name);
             }
         }
-        return "";
+        return found;
     }
 
-    // How the display file of that name ends on the screen.
-    std::string endOf(const std::string& menu) const {
-        std::string bytes = text(menu);
-        bytes.resize(std::min(bytes.size(), bytes.find('\x1a')));
-        return bytes.substr(bytes.size() - std::min<std::size_t>(bytes.size(), 20));
-    }
+    Folder folder;
+
+private:
+    Files filesBefore;
 };

@@ -1,7 +1,6 @@
 #include "support/scripted_caller.h"
 
 #include "state/game_state.h"
-#include "support/scripted_chance.h"
 
 #include "OpenDoor.h"
 
@@ -10,12 +9,14 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 
 tODControl od_control;
 
 namespace morvek::test {
 
 ScriptedCaller caller;
+ScriptedChance chance;
 
 void ScriptedCaller::type(std::string_view newKeys) {
     keys = newKeys;
@@ -101,6 +102,25 @@ char oneOf(std::string_view options) {
 using namespace morvek::test;
 
 extern "C" {
+
+int rand() noexcept {
+    ++chance.drawn;
+    if (chance.draws.empty()) {
+        return 0;
+    }
+    const int answer = chance.draws.front();
+    chance.draws.pop_front();
+    return answer;
+}
+
+void srand(unsigned) noexcept {
+    chance.seededBefore.push_back(chance.drawn);
+}
+
+std::time_t time(std::time_t* result) noexcept {
+    const std::time_t now = 1794744000;
+    return result != nullptr ? *result = now : now;
+}
 
 void od_parse_cmd_line(int argc, char* argv[]) {
     note("options " + std::string(argc > 0 ? argv[argc - 1] : ""));

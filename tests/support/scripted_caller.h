@@ -1,11 +1,14 @@
-// A caller who types what the test says and keeps what he saw. His od_... functions take the
-// place of the door toolkit's.
+// A caller who types what the test says and keeps what he saw, at dice that fall as it says. His
+// od_... functions take the place of the door toolkit's; it is always noon, in UTC, of 15 November
+// 2026.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace morvek::test {
 
@@ -44,6 +47,18 @@ struct ScriptedCaller {
 };
 
 extern ScriptedCaller caller;
+
+// rand() answers the scripted draws in order, then keeps answering 0.
+struct ScriptedChance {
+    std::deque<int> draws;         // answers still to come
+    int drawn = 0;                 // how often rand() was called
+    std::vector<int> seededBefore; // for each srand(), how many draws had been made by then
+
+    // Scripts these draws, and counts from 0 again.
+    void script(std::deque<int> next) { *this = {std::move(next), 0, {}}; }
+};
+
+extern ScriptedChance chance;
 
 // The end of every question of a shop.
 inline const std::string yesNo = " [`R`y`r`/`R`n`r`]`R`: `W`}[answer YN]";

@@ -4,8 +4,6 @@
 #include "support/folder.h"
 #include "support/game_test.h"
 
-#include <iterator>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,12 +14,6 @@ namespace fs = std::filesystem;
 inline void writeFile(const std::string& path, std::string_view content, mode_t mode = 0644) {
     std::ofstream(path, std::ios::binary) << content;
     ::chmod(path.c_str(), mode);
-}
-
-// The file's content; empty when there is none.
-inline std::string readFile(const std::string& path) {
-    std::ifstream file(fs::is_directory(path) ? "" : path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 // Everybody may write in the directory; a new call has begun.
