@@ -1,10 +1,6 @@
 #include "sysop/map_layout.h"
 #include "sysop/tool.h"
 
-using namespace morvek;
-using namespace morvek::test;
-using testing::HasSubstr;
-
 namespace {
 
 std::vector<Room> someRooms(std::initializer_list<RoomNumber> numbers) {
@@ -80,20 +76,19 @@ TEST(Map, WaysAreTwoWayOneWayOrOdd) {
 }
 
 TEST_F(Sysop, BothDrawingsHoldEveryRoomAndItsMonsters) {
-    EXPECT_EQ(run({"map"}), 0);
-    const std::string svg = out;
-    EXPECT_EQ(run({"map", "--dot"}), 0);
+    const std::string svg = told("map");
+    const std::string dot = told("map --dot");
     for (const Room& room : allRooms()) {
         const std::string number = std::to_string(room.number);
         const std::size_t drawn = svg.find("id=\"room-" + number + "\"");
-        const std::size_t noted = out.find("room" + number + " [label=");
+        const std::size_t noted = dot.find("room" + number + " [label=");
         ASSERT_NE(drawn, std::string::npos) << number;
         ASSERT_NE(noted, std::string::npos) << number;
         for (const std::string& name : inhabitantsOf(room)) {
             EXPECT_LT(svg.find(name, drawn), svg.find("</title>", drawn));
-            EXPECT_LT(out.find(name, noted), out.find('\n', noted));
+            EXPECT_LT(dot.find(name, noted), dot.find('\n', noted));
         }
     }
     EXPECT_THAT(svg, HasSubstr("6 is listed, but leads nowhere"));
-    EXPECT_THAT(out, HasSubstr("room13 -> room160 [constraint=false, label=\"e (refused)\""));
+    EXPECT_THAT(dot, HasSubstr("room13 -> room160 [constraint=false, label=\"e (refused)\""));
 }

@@ -1,8 +1,7 @@
 // The tavern's menu, its drinks, and the inn that ends a game without saving it.
 #include "towne/tavern.h"
 
-#include "characters/character_file.h"
-#include "support/temporary_directory.h"
+#include "support/stored.h"
 #include "towne/drinks.h"
 #include "towne/inn.h"
 
@@ -52,20 +51,13 @@ TEST_F(Tavern, EachDrinkHasItsPriceAndItsLimit) {
     }
 }
 
-TEST_F(Tavern, TheBarSavesTheCharacterOnTheWayOut) {
-    game.player.gold = 50;
-    caller.visit(orderDrink, "l ");
-    game.roster = Roster{};
-    ASSERT_TRUE(readRoster());
-    EXPECT_DOUBLE_EQ(game.roster.slots()[0].gold, 50);
-}
-
-TEST_F(Tavern, ARoomEndsTheGameButSavesNothing) {
+TEST_F(Tavern, TheBarSavesTheCharacterOnTheWayOutAndARoomEndsTheGameWithoutSaving) {
     game.player.gold = 150;
     game.session.currentSlot = 2; // not the caller's own
     game.world.currentLocation = 9;
-    savePlayer();
+    caller.visit(orderDrink, "l ");
     const std::string saved = readFile("morchars.dat");
+    EXPECT_EQ(storedSlot(0).gold + 0, 150);
     caller.visit(visitTavern, "gy ");
     EXPECT_EQ(game.session.roomRented, 1);
     EXPECT_EQ(game.session.today, 111526);
