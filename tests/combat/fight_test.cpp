@@ -1,8 +1,8 @@
-// Rounds in the world: what each draw decides, what a kill brings, and what a round shows.
+// Rounds in the world: what each draw decides, what a kill brings, and what a round shows. Whoever
+// dies does so in tests/journeys.
 #include "combat/fight.h"
 
 #include "combat/fighters.h"
-#include "support/stored.h"
 
 #include <algorithm>
 #include <limits>
@@ -18,8 +18,6 @@ std::string killKobold() {
 auto firstWord() {
     return std::ranges::find(game.world.words, 1) - game.world.words.begin();
 }
-
-using DeadlyFight = InTemporaryDirectory;
 
 } // namespace
 
@@ -126,17 +124,4 @@ TEST(Fight, ArmourWearsTheMonstersDieDownAndIsWornItself) {
         EXPECT_EQ(game.player.armourValue, armourAfter);
         EXPECT_EQ(game.player.hitPoints, 30 - dieAfter) << "the blow is of the worn die";
     }
-}
-
-TEST_F(DeadlyFight, EmptiesTheMonsterAndIsSavedAtOnce) {
-    meet("Kobold");
-    game.encounter.monster.initiative = 16;
-    game.player.hitPoints = 6;
-    chance.script({0, 0, 5});
-    EXPECT_THAT(caller.visit(fightRound), EndsWith("<Kobold>{ `r`has killed you!||}"))
-        << "no key, and no blow of the dead";
-    EXPECT_EQ(game.encounter.monster.maxHitPoints, 0);
-    EXPECT_EQ(game.encounter.monster.hitPoints + game.player.hitPoints, 0);
-    EXPECT_EQ(game.world.playerDead, 1);
-    EXPECT_EQ(storedSlot(0).hitPoints, 40) << "the healed save stores him whole";
 }

@@ -116,13 +116,3 @@ TEST(TextSlot, ALengthAbove15HoldsNoText) {
     slot.assign("Ada"); // nothing of the longer text stays behind
     EXPECT_EQ(std::string(slot.bytes.data(), 16), std::string("Ada") + std::string(13, '\0'));
 }
-
-TEST(WorldWords, FlagsLieWhereTheRecordOfOldCharactersHasThem) {
-    EXPECT_THAT((std::vector{searchedWord(1), searchedWord(76), clearedWord(1), clearedWord(15),
-                             clearedWord(16), clearedWord(76)}),
-                ElementsAre(233, 158, 310, 296, 294, 234));
-    EXPECT_EQ(levelClearedWord(Level::castle1, 24), 133U);
-    EXPECT_EQ(levelClearedWord(Level::castle2, 1), 120U);
-    EXPECT_EQ(levelClearedWord(Level::mortuary1, 35), 50U);
-    EXPECT_EQ(levelClearedWord(Level::cavern1, 13), 0U);
-}

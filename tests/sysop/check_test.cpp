@@ -41,6 +41,8 @@ const std::vector<Fault> faultsOfRecord{
     {"searched.1 is 2", [](PlayerRecord& one) { one.worldState[0] = 2; }},
     {"searched.30 is 2", [](PlayerRecord& one) { one.worldState[30] = 2; }},
     {"cleared.16 is -1", [](PlayerRecord& one) { one.worldState[(640 - 272) / 4] = -1; }},
+    {"castle1.24 is 2", [](PlayerRecord& one) { one.worldState[(980 - 272) / 4] = 2; }},
+    {"castle2.1 is 2", [](PlayerRecord& one) { one.worldState[(1028 - 272) / 4] = 2; }},
     {"cavern1.13 is 3", [](PlayerRecord& one) { one.worldState[306] = 3; }},
     {"mortuary1.1 (its copy) is 3",
      [](PlayerRecord& one) { one.worldState[(1308 - 272) / 4] = 3; }},

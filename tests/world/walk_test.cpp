@@ -148,6 +148,7 @@ TEST(SpecialRooms, TheCastleGateTakesItsHiddenKeyInAVisitsFirstMenuOfAnActiveGro
     walk(56, "ca");
     EXPECT_EQ(game.world.playerDead, 1);
     EXPECT_EQ(game.world.leavingWorld, 0);
+    EXPECT_EQ(game.player.hitPoints + game.encounter.monster.maxHitPoints, 0);
 }
 
 TEST(SpecialRooms, TheMortuarysEntranceShowsItsDirectionsWhoeverIsAlive) {
