@@ -18,15 +18,13 @@ using PlayerFight = InTemporaryDirectory;
 
 } // namespace
 
-TEST(Arena, BothStrikeAndTheNameIsCutToNine) {
+TEST(Arena, AQuickerOpponentStrikesFirstAndABeatenPlayerStrikesAtWhatIsLeft) {
     meet("Bartholomew");
     game.player.armourValue = 5; // counts for nothing
     EXPECT_THAT(arenaRoundOf({24, 39, 14, 7, 27, 5}), HasSubstr("hit `W`}<Bartholom>"));
     EXPECT_EQ(game.player.hitPoints, 24);
     EXPECT_EQ(game.encounter.monster.hitPoints, 3);
-}
 
-TEST(Arena, AQuickerOpponentStrikesFirstAndABeatenPlayerStrikesAtWhatIsLeft) {
     meet("Bartholomew");
     game.encounter.monster.initiative = 16;
     game.player.hitPoints = 2;
@@ -46,9 +44,10 @@ TEST_F(PlayerFight, ABeatenPlayerLosesHisGoldAndTheQuickSaveTakesSlotZero) {
     game.roster.slots()[4].gold = 1000;
     game.player.gold = 5;
     game.player.weaponNumber = 6;
-    chance.script({6, 0, 0, 15}); // the weapon's d8, then the blow
-    EXPECT_THAT(caller.visit(fightPlayer, "Ak"),
-                HasSubstr("{`r`}<Bartholomew the Elder of Morv>{'s HP`R`: `W`}"));
+    chance.script({6, 0, 0, 15});                  // the weapon's d8, then the blow
+    EXPECT_THAT(caller.visit(fightPlayer, "yxAk"), // the status goes on with the fight
+                HasSubstr("[any key][clear]{`r`Your HP"));
+    EXPECT_TRUE(caller.saw("{`r`}<Bartholomew the Elder of Morv>{'s HP`R`: `W`}"));
     EXPECT_TRUE(caller.saw("{`r`You took `W`}<1000>{ `R`gold `r`from `W`}"));
     game.roster = Roster{};
     ASSERT_TRUE(readRoster());
@@ -56,7 +55,7 @@ TEST_F(PlayerFight, ABeatenPlayerLosesHisGoldAndTheQuickSaveTakesSlotZero) {
     EXPECT_EQ(0 + game.roster.slots()[0].gold, 1005);
 }
 
-TEST_F(PlayerFight, EmptyPocketsAreNamedAndNothingIsSaved) {
+TEST_F(PlayerFight, EmptyPocketsAreNamedAndNothingIsSavedNorByWhoReturns) {
     for (const int slot : {5, -1, 50}) {
         meet("Bartholomew");
         game.session.targetSlot = slot;
@@ -64,11 +63,8 @@ TEST_F(PlayerFight, EmptyPocketsAreNamedAndNothingIsSaved) {
         EXPECT_THAT(caller.visit(fightPlayer, "ak"), HasSubstr("'s pockets are `W`empty`r`.}"));
         EXPECT_FALSE(readRoster());
     }
-}
-
-TEST_F(PlayerFight, TheStatusGoesOnWithTheFightAndReturningEndsIt) {
     meet("Bartholomew");
-    caller.visit(fightPlayer, "yxR");
-    EXPECT_THAT(caller.screen, EndsWith("[menu command ayr]{||}{`r`Returning to Towne`R`...||}"));
+    EXPECT_THAT(caller.visit(fightPlayer, "R"),
+                EndsWith("[menu command ayr]{||}{`r`Returning to Towne`R`...||}"));
     EXPECT_EQ(caller.visit(fightPlayer), "") << "nobody fights a target without hit points";
 }

@@ -35,8 +35,8 @@ TEST(Bestiary, ExperienceIsDrawnFirstThenTheDamageThenTheGold) {
     chance.script({9, 3, 4, 6});
     setUpZombie();
     const Monster& monster = game.encounter.monster;
-    EXPECT_THAT((std::vector{monster.experience, monster.damage, static_cast<int>(monster.gold)}),
-                ElementsAre(10, 11, 70));
+    EXPECT_THAT((std::vector{monster.experience, monster.damage, static_cast<int>(monster.gold),
+                             monster.monsterReady}),
+                ElementsAre(10, 11, 70, 1));
     EXPECT_THAT(chance.seededBefore, ElementsAre(1)) << "for the damage alone";
-    EXPECT_EQ(monster.monsterReady, 1);
 }

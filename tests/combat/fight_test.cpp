@@ -1,8 +1,8 @@
-// Rounds in the world: what each draw decides, what a kill brings, and what a round shows.
+// Rounds in the world: what each draw decides, what a kill brings, and what a round shows. Whoever
+// dies does so in tests/journeys.
 #include "combat/fight.h"
 
 #include "combat/fighters.h"
-#include "support/stored.h"
 
 #include <algorithm>
 #include <limits>
@@ -18,8 +18,6 @@ std::string killKobold() {
 auto firstWord() {
     return std::ranges::find(game.world.words, 1) - game.world.words.begin();
 }
-
-using DeadlyFight = InTemporaryDirectory;
 
 } // namespace
 
@@ -40,7 +38,7 @@ TEST(Fight, WeaponAndArmourRollTheDieOfTheirNumberLowerNumberFirst) {
 }
 
 // Ties go to the player in the first strike, and to whoever strikes in a blow.
-TEST(Fight, ThePlayerStrikesFirstAndTheMonsterStrikesBack) {
+TEST(Fight, TheQuickerStrikesFirstAndWhoStandsStrikesBackAlsoAfterAMiss) {
     meet("Kobold");
     game.player.armourValue = 2;
     chance.script({7, 27, 13, 9, 3, 23, 7});
@@ -49,9 +47,7 @@ TEST(Fight, ThePlayerStrikesFirstAndTheMonsterStrikesBack) {
                          "{`W`}<Kobold>{ `r`hit you for `W`}<4>{ `r`points!||}[any key]"));
     EXPECT_EQ(game.encounter.monster.hitPoints, 4);
     EXPECT_EQ(game.player.hitPoints, 26);
-}
 
-TEST(Fight, AQuickerMonsterStrikesFirstAndAMissMakesAllItsDraws) {
     meet("Thirty letters are one too many");
     game.encounter.monster.initiative = 16;
     chance.script({6, 7, 5, 6, 27});
@@ -59,7 +55,7 @@ TEST(Fight, AQuickerMonsterStrikesFirstAndAMissMakesAllItsDraws) {
     EXPECT_THAT(caller.visit(fightRound, "x"),
                 EndsWith(name + "{ `r`attacks first.||}" + name + "{ `r`Missed!||}" +
                          "{|`r`You Missed!||}[any key]"));
-    EXPECT_EQ(chance.drawn, 7);
+    EXPECT_EQ(chance.drawn, 7) << "misses make all their draws";
     EXPECT_EQ(game.player.turnsLeft, 5);
 }
 
@@ -75,7 +71,6 @@ TEST(Fight, TheFourthDrawDecidesACriticalBlowOnADieOfTheWeaponAndTwenty) {
     game.player.weaponDamage = 0; // fists before any armed round
     playerAttack();
     EXPECT_EQ(game.encounter.monster.hitPoints, 2);
-    EXPECT_EQ(chance.drawn, 12);
 }
 
 TEST(Fight, OnlyTheLastOfAGroupClearsThePlaceAndCostsATurn) {
@@ -118,9 +113,8 @@ TEST(Fight, AMissWithoutAGroupCostsATurnAndTheLastTurnEndsTheVisit) {
 }
 
 TEST(Fight, ArmourWearsTheMonstersDieDownAndIsWornItself) {
-    const std::vector<std::array<int, 4>> cases{
-        {10, 4, 6, 4}, {10, 12, 10, 2}, {5, 4, 1, 3}, {6, 6, 6, 6}};
-    for (const auto& [die, armour, dieAfter, armourAfter] : cases) {
+    for (const auto& [die, armour, dieAfter, armourAfter] :
+         Cases<int, int, int, int>{{10, 4, 6, 4}, {10, 12, 10, 2}, {5, 4, 1, 3}, {6, 6, 6, 6}}) {
         meet("Kobold");
         game.encounter.monster.damage = die;
         game.player.armourValue = armour;
@@ -130,17 +124,4 @@ TEST(Fight, ArmourWearsTheMonstersDieDownAndIsWornItself) {
         EXPECT_EQ(game.player.armourValue, armourAfter);
         EXPECT_EQ(game.player.hitPoints, 30 - dieAfter) << "the blow is of the worn die";
     }
-}
-
-TEST_F(DeadlyFight, EmptiesTheMonsterAndIsSavedAtOnce) {
-    meet("Kobold");
-    game.encounter.monster.initiative = 16;
-    game.player.hitPoints = 6;
-    chance.script({0, 0, 5});
-    EXPECT_THAT(caller.visit(fightRound), EndsWith("<Kobold>{ `r`has killed you!||}"))
-        << "no key, and no blow of the dead";
-    EXPECT_EQ(game.encounter.monster.maxHitPoints, 0);
-    EXPECT_EQ(game.encounter.monster.hitPoints + game.player.hitPoints, 0);
-    EXPECT_EQ(game.world.playerDead, 1);
-    EXPECT_EQ(storedSlot(0).hitPoints, 40) << "the healed save stores him whole";
 }

@@ -2,36 +2,29 @@
 
 #include "support/temporary_directory.h"
 
-class Configuration : public InTemporaryDirectory {
-protected:
-    static std::string read(const std::string& content) {
-        game = GameState{};
-        writeFile("morvek.cfg", content);
-        if (!readConfiguration()) {
-            return "too long";
-        }
-        return game.session.hostName + "|" + game.session.gameDirectory;
-    }
-};
+using Configuration = InTemporaryDirectory;
 
-TEST_F(Configuration, LinesAreTakenAsTheyAreAndMayBeMissing) {
-    EXPECT_EQ(read("free\nThe Board\n/games\n"), "The Board|/games");
-    EXPECT_EQ(read("free\n The Board \r\n/games"), " The Board \r|/games");
-    EXPECT_EQ(read("free\nThe Board\n"), "The Board|");
-    EXPECT_EQ(read("free"), "|");
-    EXPECT_EQ(read(""), "|");
-    EXPECT_EQ(read("\n\n# no comment"), "|# no comment");
-    fs::remove("morvek.cfg");
-    EXPECT_TRUE(readConfiguration());
-}
-
-TEST_F(Configuration, ALineOf254CharactersIsTooLongInEveryPlace) {
+TEST_F(Configuration, LinesAreTakenAsTheyAreUpTo253CharactersAndMayBeMissing) {
     const std::string longest(253, 'x');
     const std::string line = longest + "\n";
-    EXPECT_EQ(read(line + line + longest), longest + "|" + longest);
-    for (const std::string& before : {std::string(), line, line + line}) {
-        EXPECT_EQ(read(before + longest + "x"), "too long") << before.size();
-        EXPECT_EQ(read(before + longest + "x\nb\nc\n"), "too long") << before.size();
+    const Cases<std::string, std::string> cases{
+        {"free\nThe Board\n/games\n", "The Board|/games"},
+        {"free\n The Board \r\n/games", " The Board \r|/games"},
+        {"free\nThe Board\n", "The Board|"},
+        {"", "|"},
+        {"\n\n# no comment", "|# no comment"},
+        {line + line + longest, longest + "|" + longest},
+        {longest + "x", "too long"},
+        {line + longest + "x\nc\n", "too long"},
+        {line + line + longest + "x", "too long"},
+        {"a\nb\nc\n" + longest + longest, "b|c"}}; // the fourth line is nobody's
+    for (const auto& [content, read] : cases) {
+        newCall();
+        writeFile("morvek.cfg", content);
+        const Session& session = game.session;
+        EXPECT_EQ(readConfiguration() ? session.hostName + "|" + session.gameDirectory : "too long",
+                  read);
     }
-    EXPECT_EQ(read("a\nb\nc\n" + longest + longest), "b|c") << "the fourth line is nobody's";
+    fs::remove("morvek.cfg");
+    EXPECT_TRUE(readConfiguration());
 }

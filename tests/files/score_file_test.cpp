@@ -7,10 +7,9 @@ namespace {
 // The entries of a text, one a line, fields between bars.
 std::string entriesOf(std::string_view text) {
     std::array<ScoreEntry, topTenSize> table{};
-    const std::int32_t count = parseScores(text, table);
+    const auto count = static_cast<std::size_t>(parseScores(text, table));
     std::string lines = std::to_string(count);
-    for (std::int32_t i = 0; i < count; ++i) {
-        const ScoreEntry& entry = table[static_cast<std::size_t>(i)];
+    for (const ScoreEntry& entry : std::span(table).first(count)) {
         lines += " " + entry.name + "|" + std::to_string(entry.score) + "|" + entry.className;
     }
     return lines;

@@ -18,11 +18,9 @@ using testing::EndsWith;
 
 namespace {
 
-struct Menu {
-    std::string name;
-    std::string keys;     // sorted; none where the game prints the list itself
-    std::ptrdiff_t lines; // at most: what the game prints above must stay on the screen
-};
+bool isControl(unsigned char byte) {
+    return std::iscntrl(byte) != 0;
+}
 
 // Empty when there is no such file.
 std::string readMenu(const std::string& name) {
@@ -43,45 +41,38 @@ std::multiset<std::string> words(std::string text) {
     return {std::istream_iterator<std::string>(in), {}};
 }
 
-std::string keysListed(const std::string& text) {
-    std::string keys;
-    for (std::size_t i = 1; i < text.size(); i++) {
-        if (text[i] == ')') {
-            keys += static_cast<char>(std::tolower(static_cast<unsigned char>(text[i - 1])));
-        }
+// The keys are sorted; there are none where the game prints the list itself. There are so many
+// lines at most: what the game prints above must stay on the screen.
+void expectMenu(const std::string& text, const std::string& keys, std::ptrdiff_t lines) {
+    std::multiset<char> listed;
+    for (std::size_t at = 0; (at = text.find(')', at + 1)) != std::string::npos;) {
+        listed.insert(static_cast<char>(std::tolower(static_cast<unsigned char>(text[at - 1]))));
     }
-    std::sort(keys.begin(), keys.end());
-    return keys;
-}
-
-void expectMenu(const Menu& menu, const std::string& text) {
-    EXPECT_EQ(keysListed(text), menu.keys);
-    EXPECT_LE(std::count(text.begin(), text.end(), '\n') + 1, menu.lines);
-    EXPECT_THAT(text, EndsWith(menu.keys.empty() ? "> " : "Your choice: "));
-    std::istringstream lines(text + "\r");
-    for (std::string line; std::getline(lines, line);) {
-        const auto end =
-            std::find_if(line.begin(), line.end(), [](unsigned char c) { return std::iscntrl(c); });
-        EXPECT_EQ(std::string(end, line.end()), "\r") << line;
-        EXPECT_LE(line.size(), 80u) << line;
+    EXPECT_EQ(std::string(listed.begin(), listed.end()), keys);
+    EXPECT_LE(std::count(text.begin(), text.end(), '\n') + 1, lines);
+    EXPECT_THAT(text, EndsWith(keys.empty() ? "> " : "Your choice: "));
+    std::istringstream in(text + "\r");
+    for (std::string line; std::getline(in, line);) {
+        EXPECT_TRUE(line.ends_with('\r') && line.size() <= 80) << line;
+        EXPECT_EQ(std::count_if(line.begin(), line.end(), isControl), 1) << line;
     }
 }
 
 } // namespace
 
 TEST(Menus, FitTheScreenListTheirKeysAndSayTheSameInColour) {
-    const std::vector<Menu> menus{
+    const std::vector<std::tuple<std::string, std::string, std::ptrdiff_t>> menus{
         {"intmenu", "hqs", 15}, {"clasmenu", "12345678", 22}, {"townmenu", "abfhlopqtwy", 22},
         {"heal", "aghr", 14},   {"weapons", "brsy", 22},      {"armours", "brsy", 22},
         {"command", "", 1},     {"areaone", "", 1},           {"tavern", "", 1},
         {"drink", "", 1},       {"training", "", 1}};
-    for (const Menu& menu : menus) {
-        SCOPED_TRACE(menu.name);
-        const std::string plain = readMenu(menu.name + ".asc");
-        const std::string file = readMenu(menu.name + ".ans");
+    for (const auto& [name, keys, lines] : menus) {
+        SCOPED_TRACE(name);
+        const std::string plain = readMenu(name + ".asc");
+        const std::string file = readMenu(name + ".ans");
         const std::string text = file.substr(0, file.find('\x1a'));
-        expectMenu(menu, plain);
-        expectMenu(menu, withoutColours(text));
+        expectMenu(plain, keys, lines);
+        expectMenu(withoutColours(text), keys, lines);
         EXPECT_EQ(words(withoutColours(text)), words(plain));
         EXPECT_EQ(file.size(), text.size() + 1 + 128);
         EXPECT_EQ(file.substr(text.size() + 1, 7), "SAUCE00");

@@ -25,21 +25,19 @@ entry() {
     adapted "$boards/$board/$1" | sed -n "s|^ *$2||p"
 }
 
+# The lines of each kind of drop file.
 door32() {
-    mkdir -p "$(dirname "$1")"
-    printf '%s\r\n' 2 -1 0 Board 1 'Real Name' "$board" 50 40 1 1 >"$1"
+    printf '%s\r\n' 2 -1 0 Board 1 'Real Name' "$board" 50 40 1 1
 }
 
 chain_txt() {
-    mkdir -p "$(dirname "$1")"
-    { printf '%s\n' 1 "$board" 'Real Name' '' 21 M 0 06/01/26 80 25 50 0 0 1 1 2400.00
-      printf '0\n%.0s' {17..32}; } >"$1"
+    printf '%s\n' 1 "$board" 'Real Name' '' 21 M 0 06/01/26 80 25 50 0 0 1 1 2400.00
+    printf '0\n%.0s' {17..32}
 }
 
 door_sys() {
-    mkdir -p "$(dirname "$1")"
-    { printf '%s\r\n' COM1: 38400 8 1 38400 N N N N "$board" Towne 1 1 secret 50 1 01/01/26 2400 40 GR
-      printf '0\r\n%.0s' {21..31}; } >"$1"
+    printf '%s\r\n' COM1: 38400 8 1 38400 N N N N "$board" Towne 1 1 secret 50 1 01/01/26 2400 40 GR
+    printf '0\r\n%.0s' {21..31}
 }
 
 # start DIRECTORY COMMAND LINE: as the board does it, in that directory; the status is the program's.
@@ -49,20 +47,24 @@ start() {
     (cd "$1" && printf '%b' "$keys" | timeout 10 "${words[@]}" >"$home/screen" 2>&1)
 }
 
+# plays KIND DROP-FILE DIRECTORY COMMAND: a first caller of this board, who has that drop file.
 plays() {
-    "$sysop" --game "$game" reset --force >/dev/null # each caller is the game's first
-    start "$@" || fail "status $? of $2: $(tail -n 3 "$home/screen")"
-    "$sysop" --game "$game" players --json | grep -q "\"$board\"" || fail "another caller played: $2"
+    mkdir -p "$(dirname "$home/$2")"
+    "$1" >"$home/$2"
+    "$sysop" --game "$game" reset --force >/dev/null
+    start "$3" "$4" || fail "status $? of $4: $(tail -n 3 "$home/screen")"
+    "$sysop" --game "$game" players --json | grep -q "\"$board\"" || fail "another caller played: $4"
 }
 
-turns_second_caller_away() {
+# And while he plays, a second one is turned away.
+plays_alone() {
     local status=0
-    flock "$game/morvek.lock" true
+    plays "$@"
     exec 9<"$game/morvek.lock"
     flock 9
-    start "$@" 9<&- || status=$?
+    start "$3" "$4" 9<&- || status=$?
     exec 9<&-
-    [ "$status" -eq 5 ] || fail "a second caller ended with status $status: $2"
+    [ "$status" -eq 5 ] || fail "a second caller ended with status $status: $4"
 }
 
 "$sysop" init "$game" --board "The Oak" --menus "$menus" >/dev/null
@@ -73,45 +75,34 @@ for script in "$boards"/*.sh "$boards"/*/*.sh; do
 done
 
 board=enigma
-door32 "$home/drop/DOOR32.SYS"
 command="$(entry morvek.hjson 'cmd: ') $(entry morvek.hjson 'args: ' | tr -d '[],"')"
-plays "$(entry morvek.hjson 'cwd: ')" "${command//\{dropFilePath\}/$home/drop/DOOR32.SYS}"
+plays door32 drop/DOOR32.SYS "$(entry morvek.hjson 'cwd: ')" \
+    "${command//\{dropFilePath\}/$home/drop/DOOR32.SYS}"
 
 board=synchronet
-door32 "$home/node1/door32.sys"
 command=$(sed -n 's/^cmd *= *//p' "$boards/$board/install-xtrn.ini")
 [ ${#command} -lt 100 ] || fail "the command is too long for the board"
 command=$(entry install-xtrn.ini 'cmd *= *')
-plays "$(entry install-xtrn.ini 'startup_dir *= *')" "${command//%f/$home/node1/door32.sys}"
+plays door32 node1/door32.sys "$(entry install-xtrn.ini 'startup_dir *= *')" \
+    "${command//%f/$home/node1/door32.sys}"
 
 board=wwiv
-chain_txt "$home/wwiv/CHAIN.TXT"
 command=$(entry morvek.txt 'Filename: *')
-plays / "${command//%C/$home/wwiv/CHAIN.TXT}"
+plays chain_txt wwiv/CHAIN.TXT / "${command//%C/$home/wwiv/CHAIN.TXT}"
 
 board=mystic
-door32 "$home/mystic/temp1/door32.sys"
 command=$(entry morvek.txt 'Data: *')
-plays / "${command//%P/$home/mystic/temp1/}"
-turns_second_caller_away / "${command//%P/$home/mystic/temp1/}"
+plays_alone door32 mystic/temp1/door32.sys / "${command//%P/$home/mystic/temp1/}"
 
 board=talisman
-door32 "$home/talisman/temp/1/door32.sys"
-plays / "$game/morvek-talisman.sh 1"
-turns_second_caller_away / "$game/morvek-talisman.sh 1"
+plays_alone door32 talisman/temp/1/door32.sys / "$game/morvek-talisman.sh 1"
 
 board=magicka
-door32 "$home/magicka/node1/door32.sys"
-plays / "$(entry doors.ini 'command = ') 1"
-turns_second_caller_away / "$(entry doors.ini 'command = ') 1"
+plays_alone door32 magicka/node1/door32.sys / "$(entry doors.ini 'command = ') 1"
 
 board=mbse
-door_sys "$home/users/alice/door.sys"
-HOME=$home/users/alice plays / "$(entry morvek.txt 'Opt. data: *')"
-HOME=$home/users/alice turns_second_caller_away / "$(entry morvek.txt 'Opt. data: *')"
+HOME=$home/users/alice plays_alone door_sys users/alice/door.sys / "$(entry morvek.txt 'Opt. data: *')"
 
 board=maximus
-door32 "$home/maximus/node1/door32.sys"
 command=$(adapted "$boards/$board/morvek.txt" | grep '^/.*morvek\.sh')
-plays / "${command//%k/1}"
-turns_second_caller_away / "${command//%k/1}"
+plays_alone door32 maximus/node1/door32.sys / "${command//%k/1}"

@@ -3,11 +3,11 @@
 
     soak.py PROGRAM TOOL MENUS [KEYS [SEED]]
 
-Callers press the keys that their screens offer, each by his temperament; vandals type anything.
+Callers press the keys that their screens offer, each as he likes today; vandals type anything.
 After each call the operator's tool must find nothing wrong with the files, and no strange file may
 lie about. A seed gives the same crowd once more; the game's own chance stays the clock's.
 """
-import os, pty, random, re, select, shutil, signal, socket, subprocess, sys, tempfile, time, tty
+import os, random, re, select, shutil, signal, subprocess, sys, tempfile, time
 from collections import Counter
 
 PROGRAM, TOOL, MENUS = map(os.path.abspath, sys.argv[1:4])
@@ -15,24 +15,19 @@ KEYS = int((sys.argv[4:] + [20000])[0])
 SEED = (sys.argv[5:] + [str(random.SystemRandom().randrange(10**6))])[0]
 
 # How much a caller likes what his screen offers: 1 where nothing is said.
-EXPLORER = {"Forest": 60, "Attack": 9, "Flee": .1, "Heal": 5, "Return": 2}
-FIGHTER = {"Attack": 9, "Forest": 9, "Player": 9, "Tavern": 3, "Training": 9, "Train": 9}
-SHOPPER = {"Weapon": 5, "Armour": 5, "Health": 5, "Bank": 5}
-WRITER = {"Tavern": 9, "Look": 9, "Write": 5}
-VANDAL = {"Player": 5, "Look": 5, "Write": 5}
+LIKES = {"Forest": 20, "Attack": 9, "Flee": .1, "Heal": 5, "Return": 2, "Tavern": 3, "Train": 9}
+MOODS = ["North", "South", "East", "West", "Player", "Weapon", "Armour", "Bank", "Look", "Write"]
 WAYS_OUT = {"Return": 90, "Quit": 90, "Flee": 90, "Close": 90, "Leave": 90}
 LINES = [b"Bree", b"A#b", b"Al Ice ", b"`red`Zed`", b"%s%n%d", b"J\x94rg", b"x" * 60, b"7", b"250"]
-ENDS = ["quit"] * 4 + ["eof", "gone", signal.SIGHUP, signal.SIGTERM, signal.SIGKILL]
+ENDS = ["quit"] * 4 + ["eof", "gone", signal.SIGKILL]
 KNOWN = re.compile(r"morvek\.cfg|morchars\.dat|scroll\.dat|scores\.(dat|asc|ans)|\d{6}\.txt")
 SEQUENCE = re.compile(rb"\x1b\[[0-9;]*([A-Za-z])")
 
 count, seen = Counter(), set()
 
 
-def keys_for(screen, likes, rng, vandal):
+def keys_for(screen, likes, rng):
     """What is typed at the end of such a screen."""
-    if vandal:
-        return bytes(rng.choices(range(256), k=rng.randint(1, 12)))
     line = re.split(rb"[\r\n]", screen)[-1]
     if re.search(rb"key!$|Y/N|y.?/.?n|\? $", line):
         return b"n" if rng.random() < .2 else b"y"
@@ -45,42 +40,24 @@ def keys_for(screen, likes, rng, vandal):
 
 
 class Call:
-    """One call, from the caller's end."""
+    """One call through pipes, from the caller's end; tests/faults dials in by other lines."""
 
     def __init__(self, caller):
-        name, self.likes, self.rng = caller
-        drift = {way: self.rng.choice([1, 9]) for way in ("North", "South", "East", "West")}
-        self.moods = self.likes | drift
+        name, self.rng, self.vandal = caller
+        self.likes = LIKES | {word: self.rng.choice([1, 9]) for word in MOODS}
         self.left, self.end = self.rng.choice([20, 100, 400]), self.rng.choice(ENDS)
-        way = self.rng.choice(["pipe"] * 4 + ["terminal", "socket"])
-        if way == "pipe":
-            (theirs, to), (of, out) = os.pipe(), os.pipe()
-            self.to, self.of = open(to, "wb", 0), open(of, "rb", 0)
-        else:
-            pair = pty.openpty() if way == "terminal" else [s.detach() for s in socket.socketpair()]
-            self.to, theirs = self.of, out = open(pair[0], "r+b", 0), pair[1]
-        if way == "terminal":
-            tty.setraw(theirs)
-        options = ["-HANDLE", str(theirs)] if way == "socket" else ["-LOCAL"]
-        options += ["-USERNAME", name, self.rng.choice(["-GRAPHICS", "-ASCII"]),
-                    "-CHARSET", self.rng.choice(["utf8", "cp437"])]
-        streams = (subprocess.DEVNULL,) * 2 if way == "socket" else (theirs, out)
-        self.process = subprocess.Popen([PROGRAM] + options, stdin=streams[0], stdout=streams[1],
-                                        stderr=subprocess.PIPE, pass_fds=[theirs])
-        self.screen = b""
-        for end in {theirs, out}:
-            os.close(end)
-        count[way] += 1
+        options = ["-LOCAL", "-USERNAME", name, self.rng.choice(["-GRAPHICS", "-ASCII"]),
+                   "-CHARSET", self.rng.choice(["utf8", "cp437"])]
+        self.process = subprocess.Popen([PROGRAM] + options, bufsize=0, stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.to, self.of, self.screen = self.process.stdin, self.process.stdout, b""
         count["calls"] += 1
 
     def look(self, patience):
         """Reads what is shown until no more comes; false when the program is gone."""
         answer = b""
         while select.select([self.of], [], [], patience)[0]:
-            try:
-                shown = self.of.read(65536)
-            except OSError:
-                shown = b""
+            shown = self.of.read(65536)
             if not shown:
                 return False
             patience = 0
@@ -91,8 +68,9 @@ class Call:
 
     def turn(self):
         """Types once; false when the call is over."""
-        vandal = self.likes is VANDAL and self.rng.random() < .3
-        typed = keys_for(self.screen, WAYS_OUT if self.left <= 0 else self.moods, self.rng, vandal)
+        typed = keys_for(self.screen, WAYS_OUT if self.left <= 0 else self.likes, self.rng)
+        if self.vandal and self.rng.random() < .3:
+            typed = self.rng.randbytes(12)
         self.left -= len(typed)
         count["keys"] += len(typed)
         if self.left < -1000:
@@ -105,19 +83,17 @@ class Call:
 
     def finish(self):
         """Hangs up, unless he has quit, and looks at how the program ended."""
-        if isinstance(self.end, int):
-            self.process.send_signal(self.end)
+        if self.end == signal.SIGKILL:
+            self.process.kill()
         elif self.end != "quit":
             self.to.close()
         latest = time.monotonic() + 20
-        while self.end != "gone" and not self.of.closed and time.monotonic() < latest:
-            if not self.look(5):
-                break
+        while self.end != "gone" and time.monotonic() < latest and self.look(5):
+            pass
         self.to.close()
         self.of.close()
-        complaints = self.process.communicate(timeout=20)[1]
-        legal = {0} if self.end == "quit" else {0, 2, isinstance(self.end, int) and -self.end}
-        how = self.process.returncode
+        complaints, how = self.process.stderr.read(), self.process.wait(timeout=20)
+        legal = {"quit": {0}, signal.SIGKILL: {0, 2, -signal.SIGKILL}}.get(self.end, {0, 2})
         assert how in legal and not complaints, (self.end, how, complaints)
         count[getattr(self.end, "name", self.end)] += 1
 
@@ -147,9 +123,9 @@ def check(killed):
 
 def play():
     rng, killed, crowd = random.Random(SEED), False, []
-    for i, likes in enumerate([EXPLORER, FIGHTER, SHOPPER, WRITER, VANDAL] * 12):
-        name = f"{i}\x1b[2J`%n\n" if likes is VANDAL else f"Caller {i}"
-        crowd.append((name, likes, random.Random(SEED + name)))
+    for i in range(60):
+        name = f"Caller {i}" if i % 5 else f"{i}\x1b[2J`%n\n"
+        crowd.append((name, random.Random(SEED + name), i % 5 == 0))
     while count["keys"] < KEYS:
         if rng.random() < .3:
             pass_a_day()

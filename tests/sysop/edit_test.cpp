@@ -1,8 +1,6 @@
 #include "sysop/tool.h"
 
-using namespace morvek;
-using namespace morvek::test;
-using testing::HasSubstr;
+#include <numeric>
 
 namespace {
 
@@ -18,162 +16,155 @@ protected:
     std::string before;
 
     // How many bytes of the character file are not what they were.
-    std::size_t bytesChanged() {
+    [[nodiscard]] int bytesChanged() const {
         const std::string now = readFile("morchars.dat");
-        std::size_t changed = 0;
-        for (std::size_t i = 0; i < now.size(); ++i) {
-            changed += now[i] != before[i] ? 1U : 0U;
-        }
-        return changed;
+        EXPECT_EQ(now.size(), before.size());
+        return std::inner_product(now.begin(), now.end(), before.begin(), 0, std::plus(),
+                                  std::not_equal_to());
+    }
+
+    static int backups() {
+        return fs::exists("backup")
+                   ? static_cast<int>(
+                         std::distance(fs::directory_iterator("backup"), fs::directory_iterator()))
+                   : 0;
     }
 };
 
 } // namespace
 
 TEST_F(Edit, SetChangesTheFieldAndNothingElse) {
-    EXPECT_EQ(run({"set", "2", "GOLD", "-500"}), 0) << err;
-    EXPECT_EQ(double{load(1).gold}, -500);
-    EXPECT_EQ(double{load(0).gold}, 25);
-    EXPECT_EQ(backups(), 1u);
-    EXPECT_EQ(run({"set", "2", "gold", "25"}), 0);
-    EXPECT_EQ(bytesChanged(), 0u);
+    EXPECT_THAT(told("set 2 GOLD -500"), HasSubstr("25 -> -500\n"));
+    EXPECT_EQ(double{storedSlot(1).gold}, -500);
+    EXPECT_EQ(double{storedSlot(0).gold}, 25);
+    EXPECT_EQ(backups(), 1);
+    told("set 2 gold 25");
+    EXPECT_EQ(bytesChanged(), 0);
 
-    EXPECT_EQ(run({"set", "2", "charisma", "13"}), 0);
-    EXPECT_EQ(bytesChanged(), 1u);
-    EXPECT_EQ(run({"set", "2", "name", "Zo\u00EB"}), 0);
-    EXPECT_EQ(load(1).name.view(), "Zo\x89");
-    EXPECT_EQ(run({"set", "2", "Mortuary1.1", "1"}), 0);
-    EXPECT_EQ(load(1).worldState[(1168 - 272) / 4], 1);
-    EXPECT_EQ(load(1).worldState[(1308 - 272) / 4], 1);
-    EXPECT_EQ(run({"set", "2", "searched.76", "1"}), 0);
-    EXPECT_EQ(load(1).worldState[(576 - 272) / 4], 1);
-    EXPECT_EQ(run({"check"}), 0) << out;
+    told("set 2 charisma 13");
+    EXPECT_EQ(bytesChanged(), 1);
+    told("set 2 name Zo\u00EB");
+    EXPECT_EQ(storedSlot(1).name.view(), "Zo\x89");
+    told("set 2 Mortuary1.1 1");
+    EXPECT_EQ(storedSlot(1).worldState[(1168 - 272) / 4], 1);
+    EXPECT_EQ(storedSlot(1).worldState[(1308 - 272) / 4], 1);
+    told("set 2 searched.76 1");
+    EXPECT_EQ(storedSlot(1).worldState[(576 - 272) / 4], 1);
+    EXPECT_THAT(told("check"), Not(StartsWith("1: ")));
 }
 
 TEST_F(Edit, WhatDoesNotFitChangesNothingAndMakesNoBackup) {
-    const std::vector<std::vector<std::string>> misuses{
-        {"2", "gold", "much"},
-        {"2", "gold", "1e3"},
-        {"2", "level", "8"},
-        {"2", "name", ""},
-        {"2", "name", "sixteen letters!"},
-        {"2", "className", "Bard"},
-        {"2", "name", "\u65E5"},
-        {"2", "name", "\xC1\x81"},
-        {"2", "name", "A\xC3"},
-        {"2", "name", "a\033b"},
-        {"2", "hitPoints", "25"},
-        {"2", "lastPlayedDay", "23226"},
-        {"2", "ownerName", "Carol"},
-        {"2", "searched.77", "1"},
-        {"2", "searched.7", "2"},
-        {"2", "worldState", "0"},
-        {"51", "gold", "1"},
-    };
-    for (auto arguments : misuses) {
-        arguments.insert(arguments.begin(), "set");
-        EXPECT_EQ(run(arguments), 2) << arguments[2] << ' ' << arguments[3];
-        EXPECT_NE(err, "");
+    const Cases<const char*, const char*> misuses{{"gold", "much"},
+                                                  {"gold", "1e3"},
+                                                  {"level", "8"},
+                                                  {"name", ""},
+                                                  {"name", "sixteen letters!"},
+                                                  {"className", "Bard"},
+                                                  {"name", "\u65E5"},
+                                                  {"name", "\xC1\x81"},
+                                                  {"name", "A\xC3"},
+                                                  {"name", "a\033b"},
+                                                  {"hitPoints", "25"},
+                                                  {"lastPlayedDay", "23226"},
+                                                  {"ownerName", "Carol"},
+                                                  {"searched.77", "1"},
+                                                  {"searched.7", "2"},
+                                                  {"worldState", "0"}};
+    for (const auto& [field, value] : misuses) {
+        EXPECT_THAT(told({"set", "2", field, value}), StartsWith("2: ")) << field << value;
     }
-    EXPECT_EQ(run({"set", "9", "gold", "1"}), 1);
-    EXPECT_EQ(run({"set", "2", "gold", "25"}), 0);
-    EXPECT_EQ(bytesChanged(), 0u);
-    EXPECT_EQ(backups(), 0u);
+    EXPECT_THAT(told("set 51 gold 1"), StartsWith("2: "));
+    EXPECT_THAT(told("set 9 gold 1"), StartsWith("1: "));
+    EXPECT_THAT(told("set 2 gold 25"), HasSubstr("is 25 already"));
+    EXPECT_EQ(bytesChanged(), 0);
+    EXPECT_EQ(backups(), 0);
 }
 
 TEST_F(Edit, NothingIsChangedWhereNoBackupCanBeMade) {
     writeFile("backup", "in the way");
-    for (const auto& arguments : std::vector<std::vector<std::string>>{
-             {"set", "1", "gold", "1"}, {"remove", "1"}, {"reset"}}) {
-        EXPECT_EQ(run(arguments), 1);
-        EXPECT_THAT(err, HasSubstr("no backup, and nothing was changed"));
+    for (const std::string line : {"set 1 gold 1", "remove 1", "reset"}) {
+        EXPECT_THAT(told(line), HasSubstr("no backup, and nothing was changed"));
     }
-    EXPECT_EQ(bytesChanged(), 0u);
+    EXPECT_EQ(bytesChanged(), 0);
 }
 
 TEST_F(Edit, RemoveFillsThePlaceWithTheLast) {
-    EXPECT_EQ(run({"remove", "1"}), 0);
-    EXPECT_THAT(out, HasSubstr("Player 1 (Cyra, the character of Carol) was number 3 until now."));
-    EXPECT_EQ(load(0).ownerName.view(), "Carol");
-    EXPECT_EQ(load(0).slotIndex, 0);
-    EXPECT_EQ(load(1).ownerName.view(), "Bob");
+    EXPECT_THAT(told("remove 1"),
+                HasSubstr("Player 1 (Cyra, the character of Carol) was number 3 until now."));
+    EXPECT_EQ(storedSlot(0).ownerName.view(), "Carol");
+    EXPECT_EQ(storedSlot(0).slotIndex, 0);
+    EXPECT_EQ(storedSlot(1).ownerName.view(), "Bob");
     EXPECT_EQ(readFile("morchars.dat").substr(3000, 1500), before.substr(4500, 1500));
-    EXPECT_EQ(run({"remove", "2"}), 0);
-    EXPECT_EQ(run({"remove", "2"}), 1);
-    EXPECT_EQ(run({"check"}), 0) << out;
+    EXPECT_THAT(told("remove 2"), HasSubstr("Removed player 2 (Bjorn"));
+    EXPECT_THAT(told("remove 2"), StartsWith("1: "));
+    EXPECT_THAT(told("check"), Not(StartsWith("1: ")));
 
     save({emptySlot(), character("Alice", "Arwen")});
-    EXPECT_EQ(run({"remove", "1"}), 0);
-    EXPECT_EQ(load(0).ownerName.view(), "Alice");
+    told("remove 1");
+    EXPECT_EQ(storedSlot(0).ownerName.view(), "Alice");
 }
 
 TEST_F(Edit, MarksAreTakenOffAndKeepTheOtherVerbsAway) {
     PlayerRecord alice = character("Alice", "Arwen");
     alice.onlineFlag = 1;
     save({alice, character("Bob", "Bjorn")});
-    for (const auto& arguments : std::vector<std::vector<std::string>>{
-             {"set", "2", "gold", "1"}, {"remove", "2"}, {"reset"}, {"restore", "x"}}) {
-        EXPECT_EQ(run(arguments), 1);
-        EXPECT_THAT(err, HasSubstr("marked on-line: Arwen"));
+    for (const std::string line : {"set 2 gold 1", "remove 2", "reset", "restore x"}) {
+        EXPECT_THAT(told(line), HasSubstr("marked on-line: Arwen")) << line;
     }
-    EXPECT_EQ(run({"set", "2", "gold", "1", "--force"}), 0);
-    EXPECT_EQ(run({"offline", "2"}), 0);
-    EXPECT_EQ(load(0).onlineFlag, 1u);
-    EXPECT_EQ(run({"offline"}), 2);
-    EXPECT_EQ(run({"offline", "1", "--all"}), 2);
-    EXPECT_EQ(run({"offline", "--all"}), 0);
-    EXPECT_EQ(load(0).onlineFlag, 0u);
+    EXPECT_THAT(told("set 2 gold 1 --force"), HasSubstr("25 -> 1\n"));
+    EXPECT_THAT(told("offline 2"), HasSubstr("is not marked"));
+    EXPECT_EQ(storedSlot(0).onlineFlag, 1u);
+    const int backupsBefore = backups();
+    told("offline --all");
+    EXPECT_EQ(storedSlot(0).onlineFlag, 0u);
+    EXPECT_EQ(backups(), backupsBefore + 1);
 }
 
 TEST_F(Edit, ABackupRestoresEverythingAsItWas) {
     writeFile("scores.dat", "Arwen#1500Ranger\n");
     writeFile("111526.txt", "It's a new day!\n\r");
-    EXPECT_EQ(run({"backup", "kept.tar"}), 0) << err;
-    EXPECT_EQ(run({"backup", "kept.tar"}), 1);
-    EXPECT_EQ(run({"reset"}), 0);
-    EXPECT_FALSE(std::filesystem::exists("morchars.dat"));
-    EXPECT_TRUE(std::filesystem::exists("morvek.cfg"));
-    EXPECT_TRUE(std::filesystem::exists("heal.asc"));
+    EXPECT_EQ(told("backup kept.tar"), "Backup: kept.tar\n");
+    EXPECT_THAT(told("backup kept.tar"), StartsWith("1: "));
+    told("reset");
+    EXPECT_FALSE(fs::exists("morchars.dat"));
+    EXPECT_TRUE(fs::exists("morvek.cfg"));
+    EXPECT_TRUE(fs::exists("heal.asc"));
 
     writeFile("111626.txt", "It's a new day!\n\r");
-    EXPECT_EQ(run({"restore", "kept.tar"}), 0) << err;
-    EXPECT_EQ(bytesChanged(), 0u);
+    told("restore kept.tar");
+    EXPECT_EQ(bytesChanged(), 0);
     EXPECT_EQ(readFile("scores.dat"), "Arwen#1500Ranger\n");
-    EXPECT_FALSE(std::filesystem::exists("111626.txt"));
+    EXPECT_FALSE(fs::exists("111626.txt"));
 
-    EXPECT_EQ(run({"backup", "--list"}), 0);
-    EXPECT_THAT(out, HasSubstr("backup/20261115-120000.tar  3 files, 3 players\n"));
-    EXPECT_THAT(out, HasSubstr("backup/20261115-120000.2.tar  1 file, 0 players\n"));
+    EXPECT_EQ(told("backup --list"), "backup/20261115-120000.tar  3 files, 3 players\n"
+                                     "backup/20261115-120000.2.tar  1 file, 0 players\n");
     EXPECT_EQ(std::system("tar -tf kept.tar >listed"), 0);
     EXPECT_EQ(readFile("listed"), "111526.txt\nmorchars.dat\nscores.dat\n");
 }
 
 TEST_F(Edit, ADamagedOrForeignBackupIsRefused) {
-    run({"backup", "kept.tar"});
+    told("backup kept.tar");
     const std::string whole = readFile("kept.tar");
-    const auto refused = [&](std::string bytes) {
-        writeFile("damaged.tar", bytes);
-        return run({"restore", "damaged.tar"}) == 1;
-    };
-    EXPECT_TRUE(refused(whole.substr(0, 40000)));
-    EXPECT_TRUE(refused(whole.substr(0, whole.size() - 1024)));
     std::string renamed = whole;
     renamed[0] = 'M';
-    EXPECT_TRUE(refused(renamed));
     std::string flipped = whole;
     flipped[105] = '7';
-    EXPECT_TRUE(refused(flipped));
+    for (const std::string& damaged :
+         {whole.substr(0, 40000), whole.substr(0, whole.size() - 1024), renamed, flipped}) {
+        writeFile("damaged.tar", damaged);
+        EXPECT_THAT(told("restore damaged.tar"), StartsWith("1: "));
+    }
     EXPECT_EQ(std::system("mkdir d && echo x >d/x && tar -cf foreign.tar d/x"), 0);
-    EXPECT_EQ(run({"restore", "foreign.tar"}), 1);
-    EXPECT_THAT(err, HasSubstr("\"d/x\", which is no data file; nothing was changed"));
-    EXPECT_EQ(bytesChanged(), 0u);
+    EXPECT_THAT(told("restore foreign.tar"),
+                HasSubstr("\"d/x\", which is no data file; nothing was changed"));
+    EXPECT_EQ(bytesChanged(), 0);
 }
 
 TEST_F(Edit, TheNewestFiftyBackupsAreKept) {
     for (int i = 0; i < 53; ++i) {
-        EXPECT_EQ(run({"backup"}), 0);
+        told("backup");
     }
-    EXPECT_EQ(backups(), 50u);
-    EXPECT_FALSE(std::filesystem::exists("backup/20261115-120000.3.tar"));
-    EXPECT_TRUE(std::filesystem::exists("backup/20261115-120000.53.tar"));
+    EXPECT_EQ(backups(), 50);
+    EXPECT_FALSE(fs::exists("backup/20261115-120000.3.tar"));
+    EXPECT_TRUE(fs::exists("backup/20261115-120000.53.tar"));
 }

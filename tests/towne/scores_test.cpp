@@ -8,17 +8,13 @@ protected:
     static std::string enter(const std::string& name, int score) {
         game.player = {.name = name, .className = "Rogue", .experience = score};
         prepareScore();
-        testing::internal::CaptureStderr();
         updateScores(3);
-        complaint = testing::internal::GetCapturedStderr();
         return readFile("scores.dat");
     }
-
     static std::string enterOver(const std::string& before, const std::string& name, int score) {
         writeFile("scores.dat", before);
         return enter(name, score);
     }
-    static inline std::string complaint; // on standard error
 };
 
 TEST_F(ScoresOfTheBoard, AScoreGoesBeforeTheFirstThatIsLower) {
@@ -34,8 +30,8 @@ TEST_F(ScoresOfTheBoard, AScoreGoesBeforeTheFirstThatIsLower) {
 
 TEST_F(ScoresOfTheBoard, AFullTableDropsItsLastOrIsWrittenAsItWasRead) {
     std::string eight;
-    for (const char* name : {"A", "B", "C", "D", "E", "F", "G", "H"}) {
-        eight += std::string(name) + "#1000Wizard\n";
+    for (const char name : std::string("ABCDEFGH")) {
+        eight.append(1, name).append("#1000Wizard\n");
     }
     const std::string full = eight + "I#1000Wizard\nJ#1000Wizard\n";
     EXPECT_EQ(enterOver(full, "Z", 1000), full);
@@ -47,9 +43,11 @@ TEST_F(ScoresOfTheBoard, AFullTableDropsItsLastOrIsWrittenAsItWasRead) {
 TEST_F(ScoresOfTheBoard, AFileThatCannotBeWrittenCostsTheScoreWithTwoLines) {
     writeFile("scores.dat", "A#9Wizard\n", 0444);
     const AsNobody nobody;
+    testing::internal::CaptureStderr();
     EXPECT_EQ(enter("Arwen", 500), "A#9Wizard\n");
-    EXPECT_EQ(complaint, "Could not open scores.dat for output!\n"
-                         "Output file opened insuccessfully.  Score not saved.\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Could not open scores.dat for output!\n"
+              "Output file opened insuccessfully.  Score not saved.\n");
 }
 
 TEST_F(ScoresOfTheBoard, ShowingTheListWritesTheBulletins) {

@@ -98,20 +98,17 @@ TEST(Shops, ADeclinedWeaponRunsOnIntoDearerOnes) {
     EXPECT_EQ(inBuying(weapons, 11000, "6"), "") << "beyond the limit, below the price";
 }
 
-TEST(Shops, BareHandsAndForgedNumbersAreNoWares) {
-    for (const int forged : {-1, 7}) {
-        EXPECT_EQ(inSale(weapons, forged, ""), "");
-        EXPECT_EQ(inSale(armours, forged, " "),
-                  "{||}{`r`You can't sell your own `W`T-shirt`r`.||}[any key]");
-        EXPECT_EQ(game.player.armourNumber, forged);
-    }
-}
-
-TEST(Shops, TheMenuLeadsToEverythingAndBack) {
+TEST(Shops, TheMenuLeadsToEverythingAndBackButBareHandsAndForgedNumbersAreNoWares) {
     newCall();
     caller.visit(weaponShop, "bl s y r");
     EXPECT_TRUE(caller.saw("`R`1250 `r`gp |}") && caller.saw("own fists"));
     EXPECT_THAT(caller.screen, EndsWith("[any key]{|}[clear][clear][menu weapons bsyr]"));
     game.session.inGame = 1;
     EXPECT_THAT(caller.visit(armourShop, "y r"), EndsWith("[any key][clear][menu armours bsyr]"));
+    for (const int forged : {-1, 7}) {
+        EXPECT_EQ(inSale(weapons, forged, ""), "");
+        EXPECT_EQ(inSale(armours, forged, " "),
+                  "{||}{`r`You can't sell your own `W`T-shirt`r`.||}[any key]");
+        EXPECT_EQ(game.player.armourNumber, forged);
+    }
 }

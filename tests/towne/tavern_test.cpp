@@ -1,8 +1,7 @@
 // The tavern's menu, its drinks, and the inn that ends a game without saving it.
 #include "towne/tavern.h"
 
-#include "characters/character_file.h"
-#include "support/temporary_directory.h"
+#include "support/stored.h"
 #include "towne/drinks.h"
 #include "towne/inn.h"
 
@@ -18,12 +17,18 @@ protected:
     }
 };
 
-TEST_F(Tavern, LeadsEverywhere) {
-    caller.visit(visitTavern, "ol tr lc g y r");
-    for (const char* place : {"Order a Drink", "Training Hall", "lose Scroll", "Maybe another"}) {
+TEST_F(Tavern, LeadsEverywhereAndGivesNoRoomToWhoCannotPayOrWillNot) {
+    game.player.gold = 150;
+    caller.visit(visitTavern, "gnol tr lc y r");
+    for (const char* place : {"Order a Drink", "Training Hall", "lose Scroll"}) {
         EXPECT_TRUE(caller.saw(place)) << place;
     }
     EXPECT_TRUE(caller.saw("[any key]{|}[clear][clear]{`r`Tavern|}"));
+    EXPECT_EQ(game.player.gold, 150);
+    game.player.gold = 149;
+    game.session.roomRented = 1;
+    EXPECT_THAT(caller.visit(rentRoom, " "), EndsWith("{||`r`Maybe another time...}[key]"));
+    EXPECT_EQ(game.session.roomRented, 0);
 }
 
 TEST_F(Tavern, EachDrinkHasItsPriceAndItsLimit) {
@@ -52,20 +57,13 @@ TEST_F(Tavern, EachDrinkHasItsPriceAndItsLimit) {
     }
 }
 
-TEST_F(Tavern, TheBarSavesTheCharacterOnTheWayOut) {
-    game.player.gold = 50;
-    caller.visit(orderDrink, "l ");
-    game.roster = Roster{};
-    ASSERT_TRUE(readRoster());
-    EXPECT_DOUBLE_EQ(game.roster.slots()[0].gold, 50);
-}
-
-TEST_F(Tavern, ARoomEndsTheGameButSavesNothing) {
+TEST_F(Tavern, TheBarSavesTheCharacterOnTheWayOutAndARoomEndsTheGameWithoutSaving) {
     game.player.gold = 150;
     game.session.currentSlot = 2; // not the caller's own
     game.world.currentLocation = 9;
-    savePlayer();
+    caller.visit(orderDrink, "l ");
     const std::string saved = readFile("morchars.dat");
+    EXPECT_EQ(storedSlot(0).gold + 0, 150);
     caller.visit(visitTavern, "gy ");
     EXPECT_EQ(game.session.roomRented, 1);
     EXPECT_EQ(game.session.today, 111526);
@@ -76,14 +74,4 @@ TEST_F(Tavern, ARoomEndsTheGameButSavesNothing) {
     EXPECT_EQ(readFile("morchars.dat"), saved);
     EXPECT_THAT(caller.visit(visitTavern, "g"), EndsWith("otlrgy]"))
         << "who has a room is sent back to Towne";
-}
-
-TEST_F(Tavern, WhoCannotPayOrWillNotGetsNoRoom) {
-    game.player.gold = 149;
-    game.session.roomRented = 1;
-    EXPECT_THAT(caller.visit(rentRoom, " "), EndsWith("{||`r`Maybe another time...}[key]"));
-    EXPECT_EQ(game.session.roomRented, 0);
-    game.player.gold = 200;
-    caller.visit(visitTavern, "gnr");
-    EXPECT_EQ(game.player.gold, 200);
 }

@@ -5,7 +5,10 @@
 
 class Towne : public InTemporaryDirectory {
 protected:
-    Towne() {
+    Towne() { begin(); }
+
+    static void begin() {
+        newCall();
         game.session.dateStamp = "111526";
         game.session.inGame = 1;
         game.player = {.name = "Arwen",
@@ -20,7 +23,7 @@ protected:
     const std::string hub = "[clear][menu townmenu fhwambtlyoqp]";
 };
 
-TEST_F(Towne, QuittingWithoutNewExperienceTouchesNoScore) {
+TEST_F(Towne, QuittingEntersNewExperienceAsAScoreAndDatesTheCallersSlot) {
     game.scores.table[3].name = "Old";
     EXPECT_EQ(caller.visit(towneMenu, "qk"), hub + "{`W`Quit!|}{|}[any key]");
     EXPECT_EQ(slot(0).name.view(), "Arwen");
@@ -29,9 +32,8 @@ TEST_F(Towne, QuittingWithoutNewExperienceTouchesNoScore) {
     EXPECT_EQ(game.player.name + game.scores.table[3].name, "");
     EXPECT_EQ(game.player.hitPoints + game.session.inGame, 0);
     EXPECT_EQ(game.player.maxHitPoints, 20) << "not among what is emptied";
-}
 
-TEST_F(Towne, QuittingWithNewExperienceEntersTheScoreAndDatesTheCallersSlot) {
+    begin();
     slot(0).ownerName.assign("Other"); // the caller's own slot counts, not the current number
     game.session.sessionStartExperience = 39;
     caller.visit(towneMenu, "qk");

@@ -75,18 +75,14 @@ TEST(Room, DrawsAGroupThenTheKindThenTheMonster) {
     EXPECT_FALSE(caller.saw("encountered"));
 }
 
-TEST(Room, TheDeadAndThoseWithoutTurnsAreStoredAndDrawnForButSeeNothing) {
+TEST(Room, TheStatusInAFightComesBackToTheSameWoundedMonsterButTheDeadAndTheTiredSeeNothing) {
     for (std::int32_t* end : {&game.world.playerDead, &game.player.turnsLeft}) {
         beginCall();
         *end = *end == 0 ? 1 : 0;
         walk(7, "");
-        EXPECT_EQ(game.world.currentLocation, 7);
-        EXPECT_EQ(game.encounter.groupActive, 1);
+        EXPECT_EQ(game.world.currentLocation * 10 + game.encounter.groupActive, 71);
         EXPECT_EQ(caller.screen, "");
     }
-}
-
-TEST(Room, TheStatusInAFightComesBackToTheSameWoundedMonster) {
     beginCall();
     walk(30, "axyxf");
     EXPECT_EQ(caller.times(statusTitle), 1);
@@ -110,27 +106,25 @@ TEST(Exits, LeaveTheTrailThatTheirRowsSay) {
     }
 }
 
-TEST(Exits, SomeLeadNowhere) {
+TEST(Exits, SomeLeadNowhereOrHome) {
     beginCall(true);
     walk(roomOf(Level::mortuary1, 14), "26f"); // "2" is refused, "6" does nothing
     EXPECT_THAT(caller.screen, HasSubstr(":||}{`r`6`R`) `W`East|}{|}"));
     EXPECT_THAT(caller.screen, EndsWith("{|}[menu areaone 6hyf][menu areaone 6hyf]"));
 
-    beginCall(true);
-    walk(roomOf(Level::cavern1, 7), "exf");
-    EXPECT_THAT(caller.screen, HasSubstr("{`r`E`R`)`W`xit Rattlehead Cavern|}"));
-    EXPECT_THAT(caller.screen, HasSubstr("[menu areaone e2hyf]{||}{`r`Under Development}{||}"
-                                         "[any key][clear]"));
-}
-
-TEST(SpecialRooms, ForestOneAnnouncesAFlightAndWillHaveThePlayerBack) {
-    beginCall(true);
+    beginCall(true); // this one announces a flight and will have the player back
     game.encounter.monster.monsterReady = 1;
     walk(1, "f");
     EXPECT_THAT(caller.screen, EndsWith("[menu areaone 846shyf]{||}"
                                         "{`r`Returning to Towne`R`...||}"));
     EXPECT_EQ(game.world.previousLocation, 1);
     EXPECT_EQ(game.encounter.monster.monsterReady, 0);
+
+    beginCall(true);
+    walk(roomOf(Level::cavern1, 7), "exf");
+    EXPECT_THAT(caller.screen, HasSubstr("{`r`E`R`)`W`xit Rattlehead Cavern|}"));
+    EXPECT_THAT(caller.screen, HasSubstr("[menu areaone e2hyf]{||}{`r`Under Development}{||}"
+                                         "[any key][clear]"));
 }
 
 TEST(SpecialRooms, TheCastleGateTakesItsHiddenKeyInAVisitsFirstMenuOfAnActiveGroup) {
@@ -154,6 +148,7 @@ TEST(SpecialRooms, TheCastleGateTakesItsHiddenKeyInAVisitsFirstMenuOfAnActiveGro
     walk(56, "ca");
     EXPECT_EQ(game.world.playerDead, 1);
     EXPECT_EQ(game.world.leavingWorld, 0);
+    EXPECT_EQ(game.player.hitPoints + game.encounter.monster.maxHitPoints, 0);
 }
 
 TEST(SpecialRooms, TheMortuarysEntranceShowsItsDirectionsWhoeverIsAlive) {
