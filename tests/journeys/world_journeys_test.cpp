@@ -1,4 +1,5 @@
 // Walks and fights as callers have them: out of Towne, through the world, and home again.
+#include "support/stored.h"
 #include "world/walkers.h"
 #include "world/world_entry.h"
 
@@ -17,7 +18,24 @@ void goOut(const std::string& keys) {
     EXPECT_EQ(caller.keys, "") << "keys not asked for";
 }
 
+using DeadlyJourney = InTemporaryDirectory;
+
 } // namespace
+
+// Death ends all visits without a word.
+TEST_F(DeadlyJourney, IsSavedWithFullHitPoints) {
+    beginCall(true);
+    game.world.currentLocation = 2;
+    game.world.cleared(4) = 0;
+    game.player.hitPoints = 1;
+    game.player.dexterity = 0;
+    goOut("47a");
+    EXPECT_THAT(caller.screen, EndsWith("{ `r`has killed you!||}"));
+    EXPECT_EQ(game.world.playerDead, 1);
+    EXPECT_EQ(game.world.leavingWorld, 0);
+    EXPECT_EQ(game.encounter.monster.maxHitPoints, 0);
+    EXPECT_EQ(storedSlot(0).hitPoints, 25);
+}
 
 // Who flees comes home through the location he fled from, when its number is the higher, and
 // resumes at the one before it.
