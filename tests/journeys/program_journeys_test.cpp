@@ -1,9 +1,38 @@
 // The program as a board starts it: by its name, in a directory of its own, at a terminal.
+#include "odoors/board.h"
 #include "support/program.h"
 
+#include <arpa/inet.h>
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/socket.h>
 
 using namespace testing;
+
+namespace {
+
+// How the display file of that name ends on the screen.
+std::string endOf(const Game& game, const std::string& menu) {
+    const std::string bytes = game.text(menu);
+    const std::size_t end = std::min(bytes.size(), bytes.find('\x1a'));
+    return bytes.substr(end - 20, 20);
+}
+
+// A caller waits for each text and then types what is next to it; all that he saw.
+std::string play(const Call& call,
+                 const std::vector<std::pair<std::string, std::string>>& awaitedAndTyped) {
+    std::string shown;
+    for (const auto& [awaited, keys] : awaitedAndTyped) {
+        shown += call.until(awaited);
+        EXPECT_THAT(shown, HasSubstr(awaited));
+        call.type(keys);
+    }
+    return shown;
+}
+
+const std::string anyKey = "Press any key!";
+
+} // namespace
 
 // A caller's first game and his return.
 TEST(ProgramJourney, AFirstGameAndAReturn) {
@@ -11,30 +40,18 @@ TEST(ProgramJourney, AFirstGameAndAReturn) {
     const std::string dropFile =
         "0\r\n0\r\n0\r\nBoard\r\n7\r\nAlice\r\nAce\r\n50\r\n45\r\n1\r\n3\r\n";
     game.write("DOOR32.SYS", dropFile);
-    const auto endOf = [&game](const std::string& menu) {
-        const std::string bytes = game.text(menu);
-        const std::size_t end = std::min(bytes.size(), bytes.find('\x1a'));
-        return bytes.substr(end - 20, 20);
-    };
-    const std::string anyKey = "Press any key!";
     const Call call(game.program({"-D", "."}));
-    std::string shown;
-    for (const auto& [awaited, keys] :
-         std::vector<std::pair<std::string, std::string>>{{endOf("intmenu.ans"), "s"},
-                                                          {"Character Name", "Aldur\r"},
-                                                          {"correct? ", "y"},
-                                                          {endOf("clasmenu.ans"), "2"},
-                                                          {anyKey, " "},
-                                                          {endOf("townmenu.ans"), "l"},
-                                                          {anyKey, " o"},
-                                                          {anyKey, " q"},
-                                                          {anyKey, " "},
-                                                          {anyKey, " "},
-                                                          {endOf("intmenu.ans"), "q"}}) {
-        shown += call.until(awaited);
-        EXPECT_THAT(shown, HasSubstr(awaited));
-        call.type(keys);
-    }
+    const std::string shown = play(call, {{endOf(game, "intmenu.ans"), "s"},
+                                          {"Character Name", "Aldur\r"},
+                                          {"correct? ", "y"},
+                                          {endOf(game, "clasmenu.ans"), "2"},
+                                          {anyKey, " "},
+                                          {endOf(game, "townmenu.ans"), "l"},
+                                          {anyKey, " o"},
+                                          {anyKey, " q"},
+                                          {anyKey, " "},
+                                          {anyKey, " "},
+                                          {endOf(game, "intmenu.ans"), "q"}});
     EXPECT_THAT(call.until("\033[0m\r\n"), HasSubstr("Quit Game"));
     EXPECT_EQ(call.status(), 0);
     EXPECT_TRUE(call.isRestored());
@@ -50,7 +67,7 @@ TEST(ProgramJourney, AFirstGameAndAReturn) {
     EXPECT_STREQ(&game.text("morchars.dat")[ownerNameAt], "Ace");
 
     const Call again(game.program({"-D", "."}), Line::terminal, false);
-    again.until(endOf("intmenu.ans"));
+    again.until(endOf(game, "intmenu.ans"));
     again.type("s");
     EXPECT_THAT(again.until(anyKey), HasSubstr("Aldur"));
     again.type(" q  q");
@@ -98,4 +115,89 @@ TEST(ProgramJourney, ThroughTextsThatSteerNobody) {
     EXPECT_THAT(game.data().begin()->second, HasSubstr("\rAce joined"));
     EXPECT_THAT(runWithKeys(game.program({text}), "").complaints,
                 StartsWith("unknown option Qz[2J\x9b\xff\n"));
+}
+
+// Each caller creates a character, whose status tells his minutes, and is then gone.
+TEST(ProgramJourney, FromEveryBoard) {
+    for (const BoardCaller& row : boardCallers) {
+        Game game;
+        const std::string bytes = row.file.with(row.others);
+        game.write(row.file.name, bytes);
+        Arguments options{"-D", row.file.name};
+        options.insert(options.end(), row.options.begin(), row.options.end());
+        const Outcome call = runWithKeys(game.program(options), "sxJo\ry1x");
+        std::istringstream told(row.told);
+        std::string name;
+        std::string minutes;
+        std::string ansi;
+        std::getline(std::getline(std::getline(told, name, ','), minutes, ','), ansi, ',');
+        if (const std::size_t at = name.find("\u00f6"); at != std::string::npos) {
+            name.replace(at, 2, "\x94"); // the game's files know nothing of UTF-8
+        }
+        EXPECT_EQ(game.text(row.file.name), bytes);
+        if (call.status == 3) { // not even seconds are left
+            EXPECT_EQ(minutes, "0") << bytes;
+            continue;
+        }
+        EXPECT_EQ(call.status, 2) << bytes << call.complaints;
+        EXPECT_THAT(call.shown, HasSubstr(minutes + " minutes")) << bytes;
+        EXPECT_EQ(call.shown.find("\033[") != std::string::npos, ansi == "1") << bytes;
+        EXPECT_THAT(game.data().begin()->second, HasSubstr('\r' + name.substr(0, 15) + " joined"));
+    }
+}
+
+// Nobody can be served here; the operator reads why, and nothing that is secret.
+TEST(ProgramJourney, ToNobody) {
+    for (const auto& [file, others] : std::vector<std::pair<BoardFile, Lines>>{
+             {door32, {{1, "1"}}}, {bbsdev, {{2, "fossil"}}}, {doorSys, {{19, "secret"}}}}) {
+        Game game;
+        game.write(file.name, file.with(others));
+        const Outcome call = runWithKeys(game.program({"-D", file.name}), "sxJo\ry1x");
+        EXPECT_EQ(call.status, 1);
+        EXPECT_EQ(call.shown, "");
+        EXPECT_EQ(std::count(call.complaints.begin(), call.complaints.end(), '\n'), 1);
+        EXPECT_THAT(call.complaints, Not(HasSubstr("secret")));
+        EXPECT_THAT(game.data(), IsEmpty());
+    }
+}
+
+// A caller with a telnet program, whose connection the board hands to the door.
+TEST(ProgramJourney, ThroughATelnetProgram) {
+    if (std::system("command -v telnet >/dev/null") != 0) {
+        GTEST_SKIP() << "telnet is not installed";
+    }
+    Game game;
+    game.write("DOOR32.SYS", door32.with({{2, std::to_string(handedSocket)}}));
+    sockaddr_in address{};
+    socklen_t size = sizeof address;
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
+    ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size), 0);
+    ASSERT_EQ(listen(listener, 1), 0);
+    const std::string port = std::to_string(ntohs(address.sin_port));
+    const Call telnet(
+        [port] { execlp("telnet", "telnet", "-E", "127.0.0.1", port.c_str(), nullptr); });
+    const int connection = accept(listener, nullptr, nullptr);
+    const int nothing = open("/dev/null", O_RDWR | O_CLOEXEC);
+    const pid_t program = startChild(game.program({"-D", "."}), nothing, nothing, connection);
+    for (const int descriptor : {listener, connection, nothing}) {
+        close(descriptor);
+    }
+    const std::string shown = play(telnet, {{endOf(game, "intmenu.ans"), "s"},
+                                            {"Character Name", "Alx\x7f"
+                                                               "dur\r"},
+                                            {"correct? ", "y"},
+                                            {endOf(game, "clasmenu.ans"), "3"},
+                                            {anyKey, "\033[A"},
+                                            {endOf(game, "townmenu.ans"), "q"},
+                                            {anyKey, "\r"},
+                                            {anyKey, "\r"},
+                                            {endOf(game, "intmenu.ans"), "q"}});
+    EXPECT_THAT(shown, HasSubstr("Alx\b \bdur\n\r"));
+    EXPECT_THAT(telnet.until("closed by foreign host"), HasSubstr("Quit Game"));
+    EXPECT_EQ(waitForEnd(program), 0);
+    EXPECT_GE(telnet.status(), 0);
+    EXPECT_THAT(game.data(), Contains(Pair(EndsWith(".txt"), HasSubstr("J\x94rg Ace joined"))));
 }

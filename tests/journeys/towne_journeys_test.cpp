@@ -3,34 +3,78 @@
 #include "files/data_file.h"
 #include "support/stored.h"
 
-using TowneJourney = InTemporaryDirectory;
+class TowneJourney : public InTemporaryDirectory {
+protected:
+    // A whole call by that caller, from the start of the program to "Quit Game".
+    static void call(std::string_view name, const std::string& keys, std::deque<int> draws = {}) {
+        newCall(true, name);
+        chance.script(std::move(draws));
+        caller.type(keys);
+        char program[] = "morvek";
+        char* arguments[] = {program, nullptr};
+        EXPECT_THROW(runDoor(1, arguments), CallEnded) << name;
+        EXPECT_EQ(caller.keys, "") << "keys not asked for";
+    }
 
-namespace {
+    // What happens to the first character between two calls.
+    static void meanwhile(const std::function<void(PlayerRecord&)>& change) {
+        readInto("morchars.dat",
+                 {reinterpret_cast<char*>(game.roster.slots().data()), sizeof game.roster.slots()});
+        change(game.roster.slots()[0]);
+        writeFile("morchars.dat", rosterBytes());
+    }
 
-// A whole call by that caller, from the start of the program to "Quit Game".
-void call(std::string_view name, const std::string& keys, std::deque<int> draws = {}) {
-    newCall(true, name);
-    chance.script(std::move(draws));
-    caller.type(keys);
-    char program[] = "morvek";
-    char* arguments[] = {program, nullptr};
-    EXPECT_THROW(runDoor(1, arguments), CallEnded) << name;
-    EXPECT_EQ(caller.keys, "") << "keys not asked for";
+    // Rounds in which weapon and armour roll 3, the player hits for 4 and the opponent misses.
+    static void addRounds(std::deque<int>& draws, int rounds) {
+        for (int round = 0; round < rounds; ++round) {
+            for (const int drawn : {2, 2, 0, 0, 3, 0, 1, 0}) {
+                draws.push_back(drawn);
+            }
+        }
+    }
+};
+
+// From creation to level 7 through six trainers, one a call; there is no eighth level.
+TEST_F(TowneJourney, ThroughTheTrainersToLevelSeven) {
+    call("Alice", "SArwen\ry4kqkkQ");
+    const std::array<std::int32_t, 7> needs{1000, 2250, 3750, 5500, 7500, 10000, 13000};
+    for (int level = 1; level <= 7; ++level) {
+        meanwhile([&](PlayerRecord& arwen) {
+            EXPECT_EQ(arwen.level, level);
+            EXPECT_EQ(arwen.experienceNeeded, needs[static_cast<std::size_t>(level) - 1]);
+            EXPECT_EQ(arwen.maxHitPoints, 15 + 3 * (level - 1));
+            arwen.experience = arwen.experienceNeeded;
+        });
+        const int rounds = (5 * level + 5 + 3) / 4;
+        std::deque<int> draws(level == 1 ? 1 : 2, 0); // the trainer's damage
+        addRounds(draws, rounds - 1);
+        for (const int drawn : {2, 2, 0, 0, 3}) {
+            draws.push_back(drawn);
+        }
+        std::string fight;
+        for (int round = 1; round < rounds; ++round) {
+            fight += "ak";
+        }
+        const std::string gained = level == 6 ? "kk" : "k"; // the last gain, and the note
+        call("Alice", "Skttttt" + fight + "a" + gained + "rrrqkkQ", draws);
+        EXPECT_EQ(caller.saw("`r`Congratulations!"), level < 7);
+        EXPECT_EQ(caller.saw("`r`Future levels will be added later."), level >= 6);
+    }
+    EXPECT_EQ(storedSlot(0).level, 7);
+    EXPECT_EQ(storedSlot(0).strength, 3 + 6 * 3);
 }
-
-} // namespace
 
 // The second caller attacks and robs the first. His possessions then stand in the first slot,
 // under the first caller's name, and the money that he took is counted in both.
 TEST_F(TowneJourney, TheSecondCallerRobsTheFirst) {
     call("Alice", "SArwen\ry4kqkkQ");
-    game.roster.slots()[0].gold = 500;
-    writeFile("morchars.dat", rosterBytes());
-    std::deque<int> draws(24, 5);                   // Boromir's abilities
-    draws.insert(draws.end(), {0, 0});              // the opponent's damage, drawn twice
-    for (int round = 1; round <= 4; ++round) {      // weapon and armour roll 3, he hits for 4,
-        draws.insert(draws.end(), {2, 2, 0, 0, 3}); // and but for the last blow
-        draws.insert(draws.end(), {0, 1, 0});       // the opponent misses
+    meanwhile([](PlayerRecord& arwen) { arwen.gold = 500; });
+    std::deque<int> creation(24, 5);
+    std::deque<int> draws = creation;
+    draws.insert(draws.end(), {0, 0}); // the opponent's damage, drawn twice
+    addRounds(draws, 3);
+    for (const int drawn : {2, 2, 0, 0, 3}) {
+        draws.push_back(drawn);
     }
     call("Bob", "SBoromir\ry2kp1\ryakakakakqkkQ", draws);
     EXPECT_TRUE(caller.saw("{`r`You took `W`}<500>{ `R`gold `r`from `W`}<Arwen>{`r`!}"));

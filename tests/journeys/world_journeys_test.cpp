@@ -22,6 +22,20 @@ using DeadlyJourney = InTemporaryDirectory;
 
 } // namespace
 
+// A group of three fought to the end costs one turn, and then the way is free.
+TEST(WorldJourney, AGroupOfThree) {
+    beginCall();
+    game.world.currentLocation = 2;
+    chance.script({2});
+    goOut("axaxax4f");
+    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<3>{ `W`}<Kobold"));
+    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<1>{ `W`}<Kobold"));
+    EXPECT_EQ(game.player.turnsLeft, 29);
+    EXPECT_EQ(game.player.experience, 3);
+    EXPECT_EQ(game.world.cleared(2), 1);
+    EXPECT_EQ(game.world.currentLocation, 3);
+}
+
 // Death ends all visits without a word.
 TEST_F(DeadlyJourney, IsSavedWithFullHitPoints) {
     beginCall(true);
@@ -33,7 +47,6 @@ TEST_F(DeadlyJourney, IsSavedWithFullHitPoints) {
     EXPECT_THAT(caller.screen, EndsWith("{ `r`has killed you!||}"));
     EXPECT_EQ(game.world.playerDead, 1);
     EXPECT_EQ(game.world.leavingWorld, 0);
-    EXPECT_EQ(game.encounter.monster.maxHitPoints, 0);
     EXPECT_EQ(storedSlot(0).hitPoints, 25);
 }
 
@@ -109,4 +122,18 @@ TEST(WorldJourney, TheCastleToItsLastRoom) {
     EXPECT_EQ(game.world.position(Level::castle1), 22);
     EXPECT_EQ(game.world.position(Level::castle2), 1);
     EXPECT_EQ(game.world.previousLocation, 56);
+}
+
+// A day's thirty turns at the one location that never counts as cleared.
+TEST(WorldJourney, ADaysThirtyTurns) {
+    beginCall(true);
+    game.world.currentLocation = 46;
+    game.world.cleared(46) = 0;
+    game.world.cleared(47) = 0;
+    goOut(times(29, "ax28") + "axxx");
+    EXPECT_EQ(timesShown("Cedar River 45"), 29);
+    EXPECT_EQ(game.player.turnsLeft, 0);
+    EXPECT_EQ(game.player.experience, 30);
+    EXPECT_EQ(game.world.cleared(46), 0);
+    EXPECT_EQ(game.world.cleared(47), 1);
 }
