@@ -6,6 +6,7 @@
 #include <limits>
 
 #include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "terminal.h"
@@ -16,6 +17,7 @@ namespace {
 
 constexpr std::size_t chunk = 4096;
 constexpr int forEver = -1; // to poll: no clock to be set, for weeks all the same
+constexpr int nobody = -1;  // to poll: not to be watched
 
 // Whether a failed read or write is worth another try.
 bool isPassing(int error) {
@@ -31,8 +33,7 @@ Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
     if (lost_) {
         return Event::lost;
     }
-    // The output is watched too, since a caller may go away without closing the input.
-    std::array<pollfd, 2> ends{{{input_, POLLIN, 0}, {output_, 0, 0}}};
+    std::array<pollfd, 2> ends{{{input_, POLLIN, 0}, {outputIsApart() ? output_ : nobody, 0, 0}}};
     constexpr Milliseconds longest = std::numeric_limits<int>::max();
     const int wait =
         patience > longest ? forEver : static_cast<int>(std::max<Milliseconds>(patience, 0));
@@ -48,6 +49,18 @@ Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
         return count < 0 && isPassing(errno) ? Event::nothing : lose();
     }
     return (ends[1].revents & (POLLERR | POLLHUP | POLLNVAL)) != 0 ? lose() : Event::nothing;
+}
+
+// A caller may go away from the output without closing the input: then it must be watched too. Of a
+// terminal or a socket the input tells; to watch it twice would delay every key by a quarter.
+bool Connection::outputIsApart() {
+    if (!outputIsApart_) {
+        struct stat input {};
+        struct stat output {};
+        const bool known = fstat(input_, &input) == 0 && fstat(output_, &output) == 0;
+        outputIsApart_ = !known || input.st_dev != output.st_dev || input.st_ino != output.st_ino;
+    }
+    return *outputIsApart_;
 }
 
 Connection::Event Connection::receive(std::string_view fromLine, std::string& bytes) {

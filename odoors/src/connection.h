@@ -2,6 +2,7 @@
 #define ODOORS_CONNECTION_H
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -43,10 +44,12 @@ private:
     Event receive(std::string_view fromLine, std::string& bytes);
     std::string forLine(std::string_view bytes);
     bool writeRaw(std::string_view bytes);
+    bool outputIsApart();
 
     int input_ = 0;
     int output_ = 1;
-    std::unique_ptr<Telnet> telnet_; // none: the bytes are the caller's own
+    std::optional<bool> outputIsApart_; // none: nobody has looked yet
+    std::unique_ptr<Telnet> telnet_;    // none: the bytes are the caller's own
     bool lost_ = false;
 };
 
