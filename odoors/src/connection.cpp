@@ -51,8 +51,8 @@ Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
     return (ends[1].revents & (POLLERR | POLLHUP | POLLNVAL)) != 0 ? lose() : Event::nothing;
 }
 
-// A caller may go away from the output without closing the input: then it must be watched too. Of a
-// terminal or a socket the input tells; to watch it twice would delay every key by a quarter.
+// A caller may go away from the output without closing the input: then it must be watched too. A
+// terminal or a socket tells of it at the input, and need not be watched twice.
 bool Connection::outputIsApart() {
     if (!outputIsApart_) {
         struct stat input {};
