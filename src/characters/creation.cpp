@@ -120,7 +120,7 @@ void chooseClass() {
     player.armourNumber = 1;
     player.armour = "Cloth";
     if (chosen.rollsOnceMore) {
-        game.session.rollResult = sumOf3D6();
+        game.session.rollResult = roll3d6();
     }
     player.hitPoints = player.constitution + chosen.hitPointBonus;
     player.maxHitPoints = player.hitPoints;

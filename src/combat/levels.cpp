@@ -29,7 +29,7 @@ constexpr std::array<std::int32_t, lastLevelWithNeed> needs{
 };
 
 void rollGain(std::int32_t& gain) {
-    gain = sumOf3D6();
+    gain = roll3d6();
     game.encounter.lastRoll = gain;
 }
 

@@ -31,7 +31,7 @@ std::int32_t draw(std::int32_t sides) {
     return sides < 1 ? 0 : drawn % sides;
 }
 
-std::int32_t sumOf3D6() {
+std::int32_t roll3d6() {
     const std::int32_t first = draw(6);
     const std::int32_t second = draw(6);
     const std::int32_t third = draw(6);

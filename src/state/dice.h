@@ -28,6 +28,6 @@ void seedFromClock();
 std::int32_t draw(std::int32_t sides);
 
 // 3 to 18 from three draws, without a new seed.
-std::int32_t sumOf3D6();
+std::int32_t roll3d6();
 
 } // namespace morvek

@@ -13,8 +13,13 @@ constexpr int locationCount = 76;
 
 using WorldWords = std::array<std::int32_t, worldWordCount>;
 
-// The levels of many rooms, and where the words of each begin: a level's `position` word holds
-// the room last entered (1 to rooms, 0 before the first), and the words below it the
+// The words that hold the room of a level that was last entered (1 to rooms, 0 before the first).
+constexpr std::size_t castleLevel1Position = 157;
+constexpr std::size_t castleLevel2Position = 121;
+constexpr std::size_t mortuaryLevel1Position = 85;
+constexpr std::size_t cavernLevel1Position = 13;
+
+// The levels of many rooms, and where the words of each begin: below its position stand the
 // `levelCleared` flags of rooms 1, 2, 3, ...
 enum class Level : std::uint8_t { castle1, castle2, mortuary1, cavern1 };
 
@@ -25,10 +30,10 @@ struct LevelWords {
 };
 
 constexpr std::array<LevelWords, 4> levelWords{{
-    {Level::castle1, 157, 24},
-    {Level::castle2, 121, 24},
-    {Level::mortuary1, 85, 35},
-    {Level::cavern1, 13, 13},
+    {Level::castle1, castleLevel1Position, 24},
+    {Level::castle2, castleLevel2Position, 24},
+    {Level::mortuary1, mortuaryLevel1Position, 35},
+    {Level::cavern1, cavernLevel1Position, 13},
 }};
 
 constexpr const LevelWords& wordsOf(Level level) {
