@@ -1,5 +1,6 @@
 #include "files/scroll_file.h"
 
+#include "files/data_file.h"
 #include "state/text_slot.h"
 
 #include <algorithm>
@@ -72,7 +73,7 @@ ScrollFile ScrollFile::existing() {
 
 ScrollFile ScrollFile::emptied() {
     constexpr int flags = openFlags | O_CREAT | O_TRUNC;
-    const bool mayBeEmptied = game.session.scrollUnread == 0;
+    const bool mayBeEmptied = game.session.scrollUnread == 0 || isMissing(scrollFileName);
     return ScrollFile(mayBeEmptied ? ::open(scrollFileName, flags, newFileMode) : -1);
 }
 
