@@ -2,7 +2,6 @@
 
 #include <array>
 #include <charconv>
-#include <optional>
 
 namespace morvek {
 namespace {
@@ -28,41 +27,31 @@ void skipWhiteSpace(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(whiteSpace), text.size()));
 }
 
-// Takes the score off the text; none when it does not begin with a number.
-std::optional<std::int32_t> takeScore(std::string_view& text) {
-    skipWhiteSpace(text);
-    if (text.starts_with('+') && !text.starts_with("+-")) {
-        text.remove_prefix(1);
+// Takes one entry off the text; false when it cannot be read whole.
+bool takeEntry(std::string_view& text, ScoreEntry& entry) {
+    const std::size_t mark = text.find('#');
+    if (mark == std::string_view::npos) {
+        return false;
+    }
+    std::string_view rest = text.substr(mark + 1);
+    skipWhiteSpace(rest);
+    if (rest.starts_with('+') && !rest.starts_with("+-")) {
+        rest.remove_prefix(1);
     }
     std::int32_t score = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), score);
+    const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), score);
     if (error != std::errc()) {
-        return std::nullopt;
+        return false;
     }
-    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-    return score;
-}
-
-// Takes one entry off the text; false when it cannot be read whole. A name may hold a "#" itself:
-// what no score follows does not end it, as long as its line goes on.
-bool takeEntry(std::string_view& text, ScoreEntry& entry) {
-    std::size_t mark = text.find('#');
-    while (mark != std::string_view::npos) {
-        std::string_view rest = text.substr(mark + 1);
-        if (const std::optional<std::int32_t> score = takeScore(rest)) {
-            entry.name = text.substr(0, mark);
-            entry.score = *score;
-            skipWhiteSpace(rest);
-            entry.className = rest.substr(0, rest.find_first_of(whiteSpace));
-            rest.remove_prefix(entry.className.size());
-            skipWhiteSpace(rest);
-            text = rest;
-            return true;
-        }
-        const std::size_t next = text.find_first_of("#\n", mark + 1);
-        mark = next != std::string_view::npos && text[next] == '#' ? next : std::string_view::npos;
-    }
-    return false;
+    entry.name = text.substr(0, mark);
+    entry.score = score;
+    rest.remove_prefix(static_cast<std::size_t>(end - rest.data()));
+    skipWhiteSpace(rest);
+    entry.className = rest.substr(0, rest.find_first_of(whiteSpace));
+    rest.remove_prefix(entry.className.size());
+    skipWhiteSpace(rest);
+    text = rest;
+    return true;
 }
 
 // A text of a bulletin's line, padded with blanks and never cut. What a terminal would obey and

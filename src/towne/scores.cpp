@@ -120,8 +120,8 @@ void updateScores(int /*mode*/) {
         say("\n\r");
     }
     Replacement file(scoreFileName);
-    const bool mayBeWritten = isRead || isMissing(scoreFileName); // or others' scores would go
-    if (!file.isOpen() || !mayBeWritten) {
+    const bool readingFailed = !isRead && canRead(scoreFileName); // others' scores are in it
+    if (!file.isOpen() || readingFailed) {
         complain();
         return;
     }

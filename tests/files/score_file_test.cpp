@@ -23,10 +23,9 @@ TEST(ScoreFile, ReadsEntriesUntilOneIsNotWhole) {
     EXPECT_EQ(entriesOf("A# 5 Rogue extra\nB#6Rogue\n"), "2 A|5|Rogue extra\nB|6|Rogue");
     EXPECT_EQ(entriesOf("A#5Rogue\nB#9"), "2 A|5|Rogue B|9|") << "the last class may be missing";
     EXPECT_EQ(entriesOf("A#-7Rogue"), "1 A|-7|Rogue");
-    for (const char* broken : {"B", "B#", "B#Rogue", "B#2147483648Rogue", "B#-", "#"}) {
+    for (const char* broken : {"B", "B#", "B#b#6Rogue", "B#2147483648Rogue", "B#-", "#"}) {
         EXPECT_EQ(entriesOf(std::string("A#5Rogue\n") + broken), "1 A|5|Rogue") << broken;
     }
-    EXPECT_EQ(entriesOf("A#b##5Rogue\nB#\n#6Rogue"), "1 A#b#|5|Rogue") << "a name with marks";
     EXPECT_EQ(entriesOf(""), "1 |0|") << "an empty file reads as one empty entry";
     std::string eleven;
     for (int i = 0; i < 11; ++i) {
