@@ -40,16 +40,16 @@ int socketOf(const Options& options, const std::optional<DropFile>& file) {
     return options.handle ? *options.handle : file->socket;
 }
 
-// Boards name sockets that are none, and sockets beside a terminal that they have set up for the
-// door: then the caller is at standard input and output.
+// Boards name sockets that are none, and, in drop files, sockets beside a terminal that they have
+// set up for the door: then the caller is at standard input and output.
 Route actualRoute(const Options& options, const std::optional<DropFile>& file,
                   const Streams& streams) {
     if (options.standardStreams || options.local) {
         return Route::standardStreams;
     }
     Route route = options.handle ? Route::socket : file ? file->route : Route::standardStreams;
-    if (route == Route::socket &&
-        (streams.inputIsTerminal || !isOpenSocket(socketOf(options, file)))) {
+    const bool setUpByBoard = streams.inputIsTerminal && !options.handle;
+    if (route == Route::socket && (setUpByBoard || !isOpenSocket(socketOf(options, file)))) {
         route = Route::standardStreams;
     }
     return route;

@@ -26,6 +26,9 @@ constexpr Milliseconds perSecond = 1000;
 constexpr Milliseconds escapeSettlesAfter = 50;
 
 constexpr Milliseconds longestDetection = perSecond;
+
+// How long a caller whose time is used up may take to be told.
+constexpr Milliseconds overtime = 500;
 constexpr std::string_view askCursorPosition = "\033[6n";
 
 // A file opened later must not come to stand where the caller or the operator is written to.
@@ -68,8 +71,12 @@ void Session::open(const Options& options) {
     if (caller.inactivitySeconds > 0) {
         longestWait_ = caller.inactivitySeconds * perSecond;
     }
-    limit_ = TimeLimit(presentMoment(), caller.secondsLeft, caller.timed);
-    od_control.user_timelimit = limit_.minutesLeft(presentMoment());
+    const Milliseconds start = presentMoment();
+    limit_ = TimeLimit(start, caller.secondsLeft, caller.timed);
+    if (caller.timed) {
+        endAfter(limit_.end() - start + overtime, timeUsedUp);
+    }
+    od_control.user_timelimit = limit_.minutesLeft(start);
     if (options.lockFile) {
         lockOutOthers(*options.lockFile);
     }

@@ -24,6 +24,7 @@ termios found{};
 volatile std::sig_atomic_t rawDescriptor = -1;
 volatile std::sig_atomic_t signalsSeen = 0;
 volatile std::sig_atomic_t endingStatus = 0;
+volatile std::sig_atomic_t overdueStatus = 0; // when endAfter() was called
 
 void onEndingSignal(int) {
     if (signalsSeen == 0) {
@@ -35,6 +36,14 @@ void onEndingSignal(int) {
         restoreTerminal();
         _exit(endingStatus);
     }
+}
+
+void onAlarm(int signal) {
+    if (signalsSeen == 0 && overdueStatus != 0) {
+        restoreTerminal();
+        _exit(overdueStatus);
+    }
+    onEndingSignal(signal);
 }
 
 // The terminal must not stay raw behind a program that failed.
@@ -85,7 +94,7 @@ void watchSignals(int status) {
     sigset_t unblocked;
     sigemptyset(&unblocked);
     sigaddset(&unblocked, SIGALRM);
-    handle(SIGALRM, onEndingSignal, 0);
+    handle(SIGALRM, onAlarm, 0);
     for (const int signal : endingSignals) {
         handle(signal, onEndingSignal, 0);
         sigaddset(&unblocked, signal);
@@ -104,6 +113,14 @@ void watchSignals(int status) {
 
 bool sessionSignalled() {
     return signalsSeen > 0;
+}
+
+void endAfter(Milliseconds span, int status) {
+    overdueStatus = status;
+    itimerval once{};
+    once.it_value.tv_sec = static_cast<time_t>(span / 1000);
+    once.it_value.tv_usec = static_cast<suseconds_t>(span % 1000 * 1000);
+    setitimer(ITIMER_REAL, &once, nullptr);
 }
 
 } // namespace odoors

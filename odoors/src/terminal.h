@@ -1,6 +1,8 @@
 #ifndef ODOORS_TERMINAL_H
 #define ODOORS_TERMINAL_H
 
+#include "clock.h"
+
 namespace odoors {
 
 // Puts the terminal behind the descriptor into raw mode, so that every key comes at once, unechoed
@@ -19,6 +21,10 @@ void watchSignals(int status);
 
 // Whether such a signal has come.
 bool sessionSignalled();
+
+// Ends a process that is still there so much later with the status, whatever it is doing: it may be
+// held up by a caller who takes no output. Only after watchSignals().
+void endAfter(Milliseconds span, int status);
 
 } // namespace odoors
 
