@@ -1,7 +1,7 @@
 #include "towne/player_attack.h"
 
 #include "door/screen.h"
-#include "support/game_test.h"
+#include "support/stored.h"
 
 namespace {
 
@@ -10,13 +10,11 @@ bool attack(const std::string& keys, const char* player = "Bors") {
     newCall(false);
     game.player.name = player;
     game.roster.playerCount = 5;
-    auto& slots = game.roster.slots();
-    slots[0].name.assign("Arwen");
-    slots[1].name.assign("Bors");
-    slots[3].name.assign("`Cuthbert");
-    slots[3].hitPoints = 40;
-    slots[3].maxHitPoints = 45;
-    game.encounter.monster.name = "Kobold";
+    own(0, "Alice", "Arwen");
+    own(1, "Bob", "Bors");
+    own(3, "Cid", "`Cuthbert");
+    game.roster.slots()[3].hitPoints = 40;
+    game.roster.slots()[3].maxHitPoints = 45;
     chance.script({100, 15});
     caller.type(keys);
     return attackAnotherPlayer();
@@ -26,7 +24,7 @@ bool attack(const std::string& keys, const char* player = "Bors") {
 
 TEST(PlayerAttack, TurnsAConfirmedTargetIntoTheOpponent) {
     EXPECT_FALSE(attack("4\rn"));
-    EXPECT_EQ(game.encounter.monster.name, "Kobold");
+    EXPECT_EQ(game.encounter.monster.name, "");
     EXPECT_TRUE(attack("4\ry"));
     const Monster& opponent = game.encounter.monster;
     EXPECT_EQ(opponent.name, "`Cuthbert");
@@ -44,5 +42,4 @@ TEST(PlayerAttack, RefusesBadNumbersAndOneself) {
     }
     EXPECT_FALSE(attack("3\r ", "")) << "a nameless player is nobody himself";
     EXPECT_TRUE(attack("3\ry")) << "others may attack nobody";
-    EXPECT_EQ(game.encounter.monster.name, "");
 }
