@@ -5,12 +5,11 @@
 
 namespace {
 
-// The player, who is Bors, attacks one of Arwen, himself, a free slot and Cuthbert: 1 to 4.
+// The player, who is Bors, attacks one of the list: himself is 2, 3 a free slot, and Cuthbert 4.
 bool attack(const std::string& keys, const char* player = "Bors") {
     newCall(false);
     game.player.name = player;
     game.roster.playerCount = 5;
-    own(0, "Alice", "Arwen");
     own(1, "Bob", "Bors");
     own(3, "Cid", "`Cuthbert");
     game.roster.slots()[3].hitPoints = 40;
@@ -35,11 +34,11 @@ TEST(PlayerAttack, TurnsAConfirmedTargetIntoTheOpponent) {
 }
 
 TEST(PlayerAttack, RefusesBadNumbersAndOneself) {
-    for (const std::string typed : {"0", "-1", "5", "99999999999", "Arwen", "", "2"}) {
+    for (const std::string typed : {"0", "-1", "5", "4294967300", "Arwen", "", "2"}) {
         EXPECT_FALSE(attack(typed + "\r "));
         EXPECT_TRUE(caller.saw("{`r`Invalid player number!}{||`r`Press any key!}[key]")) << typed;
         EXPECT_EQ(game.session.chosenNumber, 0);
     }
     EXPECT_FALSE(attack("3\r ", "")) << "a nameless player is nobody himself";
-    EXPECT_TRUE(attack("3\ry")) << "others may attack nobody";
+    EXPECT_TRUE(attack(" 3x\ry")) << "others may attack nobody";
 }

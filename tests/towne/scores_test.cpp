@@ -44,17 +44,37 @@ TEST_F(ScoresOfTheBoard, AFileThatCannotBeWrittenCostsTheScoreWithTwoLines) {
               "Output file opened insuccessfully.  Score not saved.\n");
 }
 
+TEST_F(ScoresOfTheBoard, ATextIsReadUntilAnEntryIsNotWhole) {
+    const std::string one = "A#-7Rogue\n";
+    const std::string own = "Z#-9Rogue\n"; // goes to the end
+    EXPECT_EQ(enter("A# -7 Rogue extra\nB#-8Rogue\n", "Z", -9), one + "extra\nB#-8Rogue\n" + own);
+    EXPECT_EQ(enter("A#-7Rogue\nB#-8", "Z", -9), one + "B#-8\n" + own) << "no class";
+    EXPECT_EQ(enter("A#b##5Rogue\nB#\n#6Rogue", "Z", -9), "A#b##5Rogue\n" + own) << "marks";
+    for (const char* broken : {"B", "B#", "B#Rogue", "B#2147483648Rogue", "B#-", "#"}) {
+        EXPECT_EQ(enter(one + broken, "Z", -9), one + own) << broken;
+    }
+}
+
 TEST_F(ScoresOfTheBoard, ShowingTheListWritesTheBulletins) {
-    std::string ten = std::string(50, 'n') + "#8Hobbit\n";
+    const std::string name(50, 'n');
+    std::string ten = name + "#-10Hobbit\n";
     for (int i = 0; i < 9; ++i) {
-        ten.insert(0, "A#9Wizard\n");
+        ten.insert(0, "A\033#9Wizard\n");
     }
     writeFile("scores.dat", ten);
     caller.visit(showTopTen);
     EXPECT_TRUE(caller.saw("{`r`}<1>{`R`. `W`   }<A>{   }[cursor 5 29]<9>[cursor 5 47]"
                            "{`bright magenta`}<Wizard>{|}"));
-    EXPECT_THAT(caller.screen, EndsWith("{`r`}<10>{`R`. `W`  }<" + std::string(49, 'n') +
-                                        ">{   }[cursor 14 29]<8>[cursor 14 47]{}<Hobbit>{|}"));
-    EXPECT_THAT(readFile("scores.asc"), StartsWith("Morvek RPG Top Players:\n"));
-    EXPECT_THAT(readFile("scores.ans"), StartsWith("\033[0;31mMorvek"));
+    EXPECT_THAT(caller.screen, EndsWith("{`r`}<10>{`R`. `W`  }<" + name.substr(1) +
+                                        ">{   }[cursor 14 29]<-10>[cursor 14 47]{}<Hobbit>{|}"));
+    const std::string last = name + "-10               Hobbit         ";
+    EXPECT_THAT(readFile("scores.asc"), EndsWith("10.   " + last + "\n"));
+    const std::string coloured = readFile("scores.ans");
+    EXPECT_THAT(coloured, EndsWith("\033[0;31m10\033[1;31m.   \033[37m" + last + "\033[0m\n"));
+    EXPECT_EQ(coloured.substr(0, coloured.find("\033[0;31m2")),
+              "\033[0;31mMorvek RPG Top Players\033[1m:\n\n"
+              "\033[0;31mRank  Name                  Experience        Class\033[37m\n"
+              "\033[1;37m-----------------------------------------------------------\033[0m\n"
+              "\033[0;31m1\033[1;31m.    \033[37mA                     9                 "
+              "\033[1;35mWizard         \033[0m\n");
 }
