@@ -30,7 +30,6 @@ TEST_F(Title, StartsInOrderAndQuits) {
     EXPECT_EQ(play("q"), 0);
     EXPECT_EQ(caller.screen, start + "[clear][clear]" + rest);
     EXPECT_TRUE(fs::equivalent(fs::current_path(), folder.path("data")));
-    EXPECT_EQ(game.session.dateStamp, "111526");
 
     newCall(false); // without ANSI graphics only the title itself begins on a new line
     writeFile("morvek.cfg", "\nThe `blue`Board\n/no/such/place\n");
@@ -67,7 +66,6 @@ TEST_F(Title, StartingAgainInOneCallAsksAndChecksANewNameLikeTheFirst) {
     newCall(true, "Thomas the Rhymer of Erceldoune");
     game.session.nameChecked = 1;
     EXPECT_EQ(play("STom\ry1kqkkSkqkkhkQ"), 0);
-    EXPECT_EQ(userName(), "Thomas the Rhym");
     EXPECT_EQ(game.session.displayUserName, "Thomas the Rhym");
     EXPECT_TRUE(caller.saw("correct?"));
     EXPECT_EQ(caller.times("[menu clasmenu 12345678]"), 1)
