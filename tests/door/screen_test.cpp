@@ -8,5 +8,5 @@ TEST(Screen, SaysTextsAndMoneyOfAnyLengthWhole) {
         const std::string text(length, 'x');
         EXPECT_EQ(caller.visit([&] { say("<%s>", text.c_str()); }), "{<" + text + ">}");
     }
-    EXPECT_EQ(moneyText(1e308).size(), 309U);
+    EXPECT_EQ(moneyText(1e308) + ".000000", std::to_string(1e308));
 }

@@ -8,31 +8,19 @@ struct Check : Sysop {
 
 // A word that is forged: its place in the record, its value, and what is told.
 TEST_F(Check, NamesRecordAndFieldOfEachFault) {
-    for (const std::string row : {"88 16 name has the length 16",
-                                  "88 4 name is not filled up with zeros",
-                                  "204 27 weapon holds a control byte",
-                                  "228 0 armour is empty",
-                                  "56 7 onlineFlag is 7",
-                                  "48 -1 slotIndex is -1",
-                                  "52 23226 lastPlayedDay is 23226, which is no day",
-                                  "132 8 level is 8",
-                                  "184 19 wisdom is 19",
-                                  "248 31 turnsLeft is 31",
-                                  "160 25 hitPoints is 25, above maxHitPoints (24)",
-                                  "160 0 hitPoints is 0",
-                                  "144 0xc0f86a10 gold is -100001",
-                                  "144 0x7ff80000 gold is nan",
-                                  "152 0x3fe00000 bankGold is 0.5",
-                                  "264 0 inUse is 0",
-                                  "264 0x1000001 inUse is not followed by three zeros",
-                                  "268 77 currentLocation is 77",
-                                  "392 2 searched.30 is 2",
-                                  "640 -1 cleared.16 is -1",
-                                  "980 2 castle1.24 is 2",
-                                  "1028 2 castle2.1 is 2",
-                                  "1496 3 cavern1.13 is 3",
-                                  "1308 3 mortuary1.1 (its copy) is 3",
-                                  "388 1 worldState holds something"}) {
+    std::istringstream rows(
+        "88 16 name has the length 16|88 4 name is not filled up with zeros|"
+        "204 27 weapon holds a control byte|228 0 armour is empty|"
+        "112 0 className is \"\"|56 7 onlineFlag is 7|48 -1 slotIndex is -1|"
+        "52 23226 lastPlayedDay is 23226, which is no day|132 8 level is 8|"
+        "184 19 wisdom is 19|248 31 turnsLeft is 31|160 0 hitPoints is 0|"
+        "160 25 hitPoints is 25, above maxHitPoints (24)|264 0 inUse is 0|"
+        "264 256 inUse is not followed by three zeros|152 0x3fe00000 bankGold is 0.5|"
+        "144 0xc0f86a10 gold is -100001|144 0x7ff80000 gold is nan; play gives|"
+        "268 77 currentLocation is 77|392 2 searched.30 is 2|640 -1 cleared.16 is -1|"
+        "980 2 castle1.24 is 2|1028 2 castle2.1 is 2|1496 3 cavern1.13 is 3|"
+        "1308 3 mortuary1.1 (its copy) is 3|388 1 worldState holds something");
+    for (std::string row; std::getline(rows, row, '|');) {
         std::size_t read = 0;
         const std::size_t at = std::stoul(row, &read);
         const std::string rest = row.substr(read + 1);
@@ -49,8 +37,7 @@ TEST_F(Check, SeesSeveralRecordsTogether) {
     const PlayerRecord alice = character("Alice", "Arwen");
     PlayerRecord online = character("Bob", "Bjorn");
     online.onlineFlag = 1;
-    save({alice, online,
-          character("Carol", "")}); // as the game makes them; what else, the soak sees
+    save({alice, online, character("Carol", "")}); // as the game makes them
     EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: slot 2 (Bob): onlineFlag is 1"));
     EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: slot 3 (Carol): name is empty"));
     EXPECT_THAT(told("check"), EndsWith("Nothing is wrong.\n"));

@@ -21,6 +21,7 @@ TEST_F(ScoresOfTheBoard, AScoreGoesBeforeTheFirstThatIsLower) {
     EXPECT_EQ(enter(two, "Z", 100), "A B#900Wizard\nC#100Wizard\nZ#100Rogue\n");
     EXPECT_EQ(enter(two, "A B", 50), "A B#900Wizard\nC#100Wizard\n") << "his highest stays";
     EXPECT_EQ(enter("", "Z", -5), "Z#-5Rogue\n");
+    EXPECT_EQ(game.scores.count, 2) << "an empty file reads as one empty entry";
 }
 
 TEST_F(ScoresOfTheBoard, AFullTableDropsItsLastOrIsWrittenAsItWasRead) {

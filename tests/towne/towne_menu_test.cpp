@@ -5,17 +5,15 @@
 
 class Towne : public InTemporaryDirectory {
 protected:
-    Towne() { begin(); }
-
-    static void begin() {
-        newCall();
+    Towne() {
         game.session.dateStamp = "111526";
         game.session.inGame = 1;
-        game.player = {"Arwen", "Ranger", 0, 40, 0.0, 0.0, 0, 10, 20}; // up to his hit points
+        game.player = arwen;
         game.session.sessionStartExperience = 40;
     }
-
     static PlayerRecord& slot(std::size_t number) { return game.roster.slots()[number]; }
+
+    const Player arwen{"Arwen", "Ranger", 0, 40, 0.0, 0.0, 0, 10, 20}; // up to his hit points
     const std::string hub = "[clear][menu townmenu fhwambtlyoqp]";
 };
 
@@ -28,8 +26,7 @@ TEST_F(Towne, QuittingEntersNewExperienceAsAScoreAndDatesTheCallersSlot) {
     EXPECT_EQ(game.player.name + game.scores.table[3].name, "");
     EXPECT_EQ(game.player.hitPoints + game.session.inGame, 0);
     EXPECT_EQ(game.player.maxHitPoints, 20) << "not among what is emptied";
-
-    begin();
+    game.player = arwen;
     slot(0).ownerName.assign("Other"); // the caller's own slot counts, not the current number
     game.session.sessionStartExperience = 39;
     caller.visit(towneMenu, "qk");
