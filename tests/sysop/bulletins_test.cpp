@@ -46,7 +46,7 @@ TEST_F(Sysop, PlayersAreListedAndShownWhole) {
     zoe.onlineFlag = 1;
     zoe.lastPlayedDay = 10226;
     zoe.bankGold = 5e9;
-    for (const std::size_t word : {0, 1, 2, 6, 30, (888 - 272) / 4}) {
+    for (const std::size_t word : {0U, 1U, 2U, 6U, 30U, (888U - 272U) / 4}) {
         zoe.worldState[word] = 1;
     }
     save({character("Bob", "Bjorn"), zoe});

@@ -14,8 +14,10 @@ using testing::Not;
 // A character as the game has just made it.
 inline PlayerRecord character(const char* owner, const char* name) {
     game = GameState{};
-    game.player = {name, "Ranger", 1, 0, 25.0, 0.0, 1000, 24, 24}; // up to his hit points
     Player& player = game.player;
+    player = {
+        .name = name, .className = "Ranger", .level = 1, .gold = 25, .experienceNeeded = 1000};
+    player.hitPoints = player.maxHitPoints = 24;
     player.strength = player.constitution = player.dexterity = 12;
     player.intelligence = player.wisdom = player.charisma = 12;
     player.weaponNumber = player.armourNumber = 1;

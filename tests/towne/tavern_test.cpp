@@ -8,7 +8,7 @@ class Tavern : public InTemporaryDirectory {
 protected:
     Tavern() {
         game.session.dateStamp = "111526";
-        game.player = {"Arwen", "Ranger", 3, 1500};
+        game.player = {.name = "Arwen", .className = "Ranger", .level = 3, .experience = 1500};
     }
 };
 

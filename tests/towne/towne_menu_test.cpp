@@ -13,7 +13,7 @@ protected:
     }
     static PlayerRecord& slot(std::size_t number) { return game.roster.slots()[number]; }
 
-    const Player arwen{"Arwen", "Ranger", 0, 40, 0.0, 0.0, 0, 10, 20}; // up to his hit points
+    const Player arwen{.name = "Arwen", .experience = 40, .hitPoints = 10, .maxHitPoints = 20};
     const std::string hub = "[clear][menu townmenu fhwambtlyoqp]";
 };
 
@@ -30,7 +30,7 @@ TEST_F(Towne, QuittingEntersNewExperienceAsAScoreAndDatesTheCallersSlot) {
     slot(0).ownerName.assign("Other"); // the caller's own slot counts, not the current number
     game.session.sessionStartExperience = 39;
     caller.visit(towneMenu, "qk");
-    EXPECT_EQ(readFile("scores.dat"), "Arwen#40Ranger\n");
+    EXPECT_EQ(readFile("scores.dat"), "Arwen#40\n");
     EXPECT_EQ(game.session.today, 111526);
     EXPECT_EQ(slot(1).lastPlayedDay, 111526);
 }
