@@ -5,8 +5,7 @@
 #include "door/screen.h"
 #include "support/temporary_directory.h"
 
-class Title : public InTemporaryDirectory {
-protected:
+struct Title : InTemporaryDirectory {
     // Plays a whole call with these keys and returns the status it ended with.
     static int play(const std::string& keys) {
         caller.type(keys);

@@ -1,7 +1,6 @@
 #include "sysop/tool.h"
 
-class Edit : public Sysop {
-protected:
+struct Edit : Sysop {
     Edit() {
         PlayerRecord carol = character("Carol", "Cyra");
         carol.slotIndex = 2;

@@ -30,8 +30,7 @@ inline PlayerRecord character(const char* owner, const char* name) {
     return slot;
 }
 
-class Sysop : public InTemporaryDirectory {
-protected:
+struct Sysop : InTemporaryDirectory {
     Sysop() {
         ::setenv("TZ", "UTC", 1);
         fs::create_directory("board");

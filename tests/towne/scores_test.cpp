@@ -2,8 +2,7 @@
 
 #include "support/temporary_directory.h"
 
-class ScoresOfTheBoard : public InTemporaryDirectory {
-protected:
+struct ScoresOfTheBoard : InTemporaryDirectory {
     // Enters a score for a player into this file; what it holds then.
     static std::string enter(const std::string& before, const std::string& name, int score) {
         writeFile("scores.dat", before);

@@ -4,8 +4,7 @@
 #include "files/scroll_file.h"
 #include "support/stored.h"
 
-class Board : public InTemporaryDirectory {
-protected:
+struct Board : InTemporaryDirectory {
     Board() { game.player.name = "Arwen"; }
 
     // The file's 480 bytes with one entry, the last.

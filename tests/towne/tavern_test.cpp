@@ -4,8 +4,7 @@
 #include "support/stored.h"
 #include "towne/drinks.h"
 
-class Tavern : public InTemporaryDirectory {
-protected:
+struct Tavern : InTemporaryDirectory {
     Tavern() {
         game.session.dateStamp = "111526";
         game.player = {.name = "Arwen", .className = "Ranger", .level = 3, .experience = 1500};

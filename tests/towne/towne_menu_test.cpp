@@ -3,8 +3,7 @@
 
 #include "support/temporary_directory.h"
 
-class Towne : public InTemporaryDirectory {
-protected:
+struct Towne : InTemporaryDirectory {
     Towne() {
         game.session.dateStamp = "111526";
         game.session.inGame = 1;
