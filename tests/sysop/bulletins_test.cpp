@@ -22,10 +22,10 @@ TEST_F(Sysop, ScoresAreTheGamesBulletinsAndSafeOnTheWeb) {
 }
 
 TEST_F(Sysop, TheBoardIsShownWithoutColourCodesAndLostMessages) {
-    TextSlot lost("lost");
-    lost.length = 21; // too long for the file
-    writeFile("scroll.dat", storedText("Arwen") + storedText("`red`R&D\x07`") +
-                                storedText("Bjorn") + bytesOf(lost) + storedText("Cyra"));
+    std::string lost = storedText("lost");
+    lost[4] = 21; // too long for the file
+    writeFile("scroll.dat", storedText("Ar\bwen") + storedText("`red`R&D\x07`") +
+                                storedText("Bjorn") + lost + storedText("Cyra"));
     EXPECT_EQ(told("board"), "Morvek's Scroll:\n\nArwen: R&D\n");
     EXPECT_THAT(told("board --html"), HasSubstr("<dt>Arwen</dt><dd>R&amp;D</dd>\n</dl>"));
     EXPECT_EQ(json::parse(told("board --json")),
@@ -42,11 +42,11 @@ TEST_F(Sysop, TheNewsAreOfTodayOrOfTheDayAskedFor) {
 
 TEST_F(Sysop, PlayersAreListedAndShownWhole) {
     EXPECT_EQ(told("players"), "Nobody has a character yet.\n");
-    PlayerRecord zoe = character("Al\x89x", "Zo\x89");
+    PlayerRecord zoe = character("Al\x89\033x", "Zo\x89\x7f");
     zoe.onlineFlag = 1;
     zoe.lastPlayedDay = 10226;
     zoe.bankGold = 5e9;
-    for (const std::size_t word : {0, 1, 2, 6, 30, (888 - 272) / 4}) {
+    for (const std::size_t word : {0U, 1U, 2U, 6U, 30U, (888U - 272U) / 4}) {
         zoe.worldState[word] = 1;
     }
     save({character("Bob", "Bjorn"), zoe});
@@ -66,19 +66,4 @@ TEST_F(Sysop, PlayersAreListedAndShownWhole) {
     EXPECT_EQ(shown["world"]["searched"], (json{1, 2, 3, 7, 30}));
     EXPECT_EQ(shown["world"]["levels"]["castle1"]["cleared"], json{1});
     EXPECT_THAT(told("show 3"), StartsWith("1: "));
-}
-
-TEST_F(Sysop, ShowsNoControlByteOfAnyFile) {
-    const std::string controls = "\x01\a\t\r\033[2J\x1f\x7f\x9b";
-    save({character("Bob", controls.c_str()), character(controls.c_str(), "Bjorn")});
-    writeFile("scores.dat", controls + "#5" + controls + "\nB#4\x1b[2J\n");
-    writeFile("scroll.dat", storedText(controls) + storedText(controls));
-    writeFile("111526.txt", controls);
-    for (const std::string verb : {"players", "show 1", "check", "scores", "news", "board"}) {
-        for (const char* format : {"", " --json", " --html"}) {
-            const std::string shown = told(verb + format);
-            EXPECT_EQ(shown.find_first_of("\x01\a\t\r\033\x1f\x7f"), std::string::npos) << shown;
-        }
-    }
-    EXPECT_THAT(told("scores --ansi"), Not(HasSubstr("\033[2J")));
 }

@@ -1,11 +1,6 @@
 #include "sysop/tool.h"
 
-#include <numeric>
-
-namespace {
-
-class Edit : public Sysop {
-protected:
+struct Edit : Sysop {
     Edit() {
         PlayerRecord carol = character("Carol", "Cyra");
         carol.slotIndex = 2;
@@ -15,34 +10,22 @@ protected:
 
     std::string before;
 
-    // How many bytes of the character file are not what they were.
-    [[nodiscard]] int bytesChanged() const {
-        const std::string now = readFile("morchars.dat");
-        EXPECT_EQ(now.size(), before.size());
-        return std::inner_product(now.begin(), now.end(), before.begin(), 0, std::plus(),
-                                  std::not_equal_to());
-    }
+    [[nodiscard]] bool isUnchanged() const { return readFile("morchars.dat") == before; }
 
-    static int backups() {
-        return fs::exists("backup")
-                   ? static_cast<int>(
-                         std::distance(fs::directory_iterator("backup"), fs::directory_iterator()))
-                   : 0;
+    static auto backups() {
+        std::error_code notThere;
+        return std::distance(fs::directory_iterator("backup", notThere), fs::directory_iterator());
     }
 };
-
-} // namespace
 
 TEST_F(Edit, SetChangesTheFieldAndNothingElse) {
     EXPECT_THAT(told("set 2 GOLD -500"), HasSubstr("25 -> -500\n"));
     EXPECT_EQ(double{storedSlot(1).gold}, -500);
-    EXPECT_EQ(double{storedSlot(0).gold}, 25);
     EXPECT_EQ(backups(), 1);
     told("set 2 gold 25");
-    EXPECT_EQ(bytesChanged(), 0);
-
     told("set 2 charisma 13");
-    EXPECT_EQ(bytesChanged(), 1);
+    before[1500 + 188] = 13;
+    EXPECT_TRUE(isUnchanged());
     told("set 2 name Zo\u00EB");
     EXPECT_EQ(storedSlot(1).name.view(), "Zo\x89");
     told("set 2 Mortuary1.1 1");
@@ -53,52 +36,33 @@ TEST_F(Edit, SetChangesTheFieldAndNothingElse) {
     EXPECT_THAT(told("check"), Not(StartsWith("1: ")));
 }
 
-TEST_F(Edit, WhatDoesNotFitChangesNothingAndMakesNoBackup) {
-    const Cases<const char*, const char*> misuses{{"gold", "much"},
-                                                  {"gold", "1e3"},
-                                                  {"level", "8"},
-                                                  {"name", ""},
-                                                  {"name", "sixteen letters!"},
-                                                  {"className", "Bard"},
-                                                  {"name", "\u65E5"},
-                                                  {"name", "\xC1\x81"},
-                                                  {"name", "A\xC3"},
-                                                  {"name", "a\033b"},
-                                                  {"hitPoints", "25"},
-                                                  {"lastPlayedDay", "23226"},
-                                                  {"ownerName", "Carol"},
-                                                  {"searched.77", "1"},
-                                                  {"searched.7", "2"},
-                                                  {"worldState", "0"}};
-    for (const auto& [field, value] : misuses) {
-        EXPECT_THAT(told({"set", "2", field, value}), StartsWith("2: ")) << field << value;
+TEST_F(Edit, WhatDoesNotFitOrCannotBeBackedUpChangesNothing) {
+    for (const std::string misuse :
+         {"gold much", "gold 1e3", "level 8", "name \"\"", "name \"sixteen letters!\"",
+          "className Bard", "version 0.6.9a", "name \u65E5", "name \xC1\x81", "name A\xC3",
+          "name a\033b", "hitPoints 25", "lastPlayedDay 23226", "ownerName Carol", "searched.77 1",
+          "searched.7 2", "worldState 0"}) {
+        EXPECT_THAT(told("set 2 " + misuse), StartsWith("2: ")) << misuse;
     }
     EXPECT_THAT(told("set 51 gold 1"), StartsWith("2: "));
     EXPECT_THAT(told("set 9 gold 1"), StartsWith("1: "));
     EXPECT_THAT(told("set 2 gold 25"), HasSubstr("is 25 already"));
-    EXPECT_EQ(bytesChanged(), 0);
     EXPECT_EQ(backups(), 0);
-}
-
-TEST_F(Edit, NothingIsChangedWhereNoBackupCanBeMade) {
     writeFile("backup", "in the way");
-    for (const std::string line : {"set 1 gold 1", "remove 1", "reset"}) {
+    for (const char* line : {"set 1 gold 1", "remove 1", "reset"}) {
         EXPECT_THAT(told(line), HasSubstr("no backup, and nothing was changed"));
     }
-    EXPECT_EQ(bytesChanged(), 0);
+    EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(Edit, RemoveFillsThePlaceWithTheLast) {
     EXPECT_THAT(told("remove 1"),
                 HasSubstr("Player 1 (Cyra, the character of Carol) was number 3 until now."));
-    EXPECT_EQ(storedSlot(0).ownerName.view(), "Carol");
     EXPECT_EQ(storedSlot(0).slotIndex, 0);
-    EXPECT_EQ(storedSlot(1).ownerName.view(), "Bob");
     EXPECT_EQ(readFile("morchars.dat").substr(3000, 1500), before.substr(4500, 1500));
     EXPECT_THAT(told("remove 2"), HasSubstr("Removed player 2 (Bjorn"));
     EXPECT_THAT(told("remove 2"), StartsWith("1: "));
     EXPECT_THAT(told("check"), Not(StartsWith("1: ")));
-
     save({emptySlot(), character("Alice", "Arwen")});
     told("remove 1");
     EXPECT_EQ(storedSlot(0).ownerName.view(), "Alice");
@@ -108,60 +72,46 @@ TEST_F(Edit, MarksAreTakenOffAndKeepTheOtherVerbsAway) {
     PlayerRecord alice = character("Alice", "Arwen");
     alice.onlineFlag = 1;
     save({alice, character("Bob", "Bjorn")});
-    for (const std::string line : {"set 2 gold 1", "remove 2", "reset", "restore x"}) {
+    for (const char* line : {"set 2 gold 1", "remove 2", "reset", "restore x"}) {
         EXPECT_THAT(told(line), HasSubstr("marked on-line: Arwen")) << line;
     }
     EXPECT_THAT(told("set 2 gold 1 --force"), HasSubstr("25 -> 1\n"));
     EXPECT_THAT(told("offline 2"), HasSubstr("is not marked"));
     EXPECT_EQ(storedSlot(0).onlineFlag, 1u);
-    const int backupsBefore = backups();
     told("offline --all");
     EXPECT_EQ(storedSlot(0).onlineFlag, 0u);
-    EXPECT_EQ(backups(), backupsBefore + 1);
+    EXPECT_EQ(backups(), 2);
 }
 
-TEST_F(Edit, ABackupRestoresEverythingAsItWas) {
+TEST_F(Edit, ABackupRestoresEverythingAsItWasAndNothingElseDoes) {
     writeFile("scores.dat", "Arwen#1500Ranger\n");
     writeFile("111526.txt", "It's a new day!\n\r");
     EXPECT_EQ(told("backup kept.tar"), "Backup: kept.tar\n");
     EXPECT_THAT(told("backup kept.tar"), StartsWith("1: "));
-    told("reset");
-    EXPECT_FALSE(fs::exists("morchars.dat"));
-    EXPECT_TRUE(fs::exists("morvek.cfg"));
-    EXPECT_TRUE(fs::exists("heal.asc"));
-
-    writeFile("111626.txt", "It's a new day!\n\r");
-    told("restore kept.tar");
-    EXPECT_EQ(bytesChanged(), 0);
-    EXPECT_EQ(readFile("scores.dat"), "Arwen#1500Ranger\n");
-    EXPECT_FALSE(fs::exists("111626.txt"));
-
-    EXPECT_EQ(told("backup --list"), "backup/20261115-120000.tar  3 files, 3 players\n"
-                                     "backup/20261115-120000.2.tar  1 file, 0 players\n");
-    EXPECT_EQ(std::system("tar -tf kept.tar >listed"), 0);
-    EXPECT_EQ(readFile("listed"), "111526.txt\nmorchars.dat\nscores.dat\n");
-}
-
-TEST_F(Edit, ADamagedOrForeignBackupIsRefused) {
-    told("backup kept.tar");
     const std::string whole = readFile("kept.tar");
-    std::string renamed = whole;
-    renamed[0] = 'M';
     std::string flipped = whole;
     flipped[105] = '7';
     for (const std::string& damaged :
-         {whole.substr(0, 40000), whole.substr(0, whole.size() - 1024), renamed, flipped}) {
+         {whole.substr(0, 40000), whole.substr(0, whole.size() - 1024), flipped}) {
         writeFile("damaged.tar", damaged);
         EXPECT_THAT(told("restore damaged.tar"), StartsWith("1: "));
     }
-    EXPECT_EQ(std::system("mkdir d && echo x >d/x && tar -cf foreign.tar d/x"), 0);
+    EXPECT_EQ(std::system("tar -tf kept.tar >listed && tar -cf foreign.tar listed"), 0);
+    EXPECT_EQ(readFile("listed"), "111526.txt\nmorchars.dat\nscores.dat\n");
     EXPECT_THAT(told("restore foreign.tar"),
-                HasSubstr("\"d/x\", which is no data file; nothing was changed"));
-    EXPECT_EQ(bytesChanged(), 0);
-}
-
-TEST_F(Edit, TheNewestFiftyBackupsAreKept) {
-    for (int i = 0; i < 53; ++i) {
+                HasSubstr("\"listed\", which is no data file; nothing was changed"));
+    EXPECT_TRUE(isUnchanged());
+    told("reset");
+    EXPECT_FALSE(fs::exists("morchars.dat"));
+    EXPECT_TRUE(fs::exists("morvek.cfg") && fs::exists("heal.asc"));
+    writeFile("111626.txt", "It's a new day!\n\r");
+    told("restore kept.tar");
+    EXPECT_TRUE(isUnchanged());
+    EXPECT_EQ(readFile("scores.dat"), "Arwen#1500Ranger\n");
+    EXPECT_FALSE(fs::exists("111626.txt"));
+    EXPECT_EQ(told("backup --list"), "backup/20261115-120000.tar  3 files, 3 players\n"
+                                     "backup/20261115-120000.2.tar  1 file, 0 players\n");
+    for (int i = 0; i < 51; ++i) {
         told("backup");
     }
     EXPECT_EQ(backups(), 50);

@@ -4,6 +4,7 @@
 #include "support/stored.h"
 #include "sysop/command_line.h"
 
+#include <iomanip>
 #include <sstream>
 
 namespace morvek::test {
@@ -13,51 +14,54 @@ using testing::Not;
 // A character as the game has just made it.
 inline PlayerRecord character(const char* owner, const char* name) {
     game = GameState{};
-    game.player = {name, "Ranger", 1, 0, 25.0, 0.0, 1000, 24, 24}; // up to his hit points
-    for (auto* ability : {&game.player.strength, &game.player.constitution, &game.player.dexterity,
-                          &game.player.intelligence, &game.player.wisdom, &game.player.charisma}) {
-        *ability = 12;
-    }
-    game.player.weaponNumber = game.player.armourNumber = 1;
-    game.player.weapon = "Club";
-    game.player.armour = "Cloth";
-    game.player.turnsLeft = game.player.turnsPerDay = 30;
+    Player& player = game.player;
+    player = {
+        .name = name, .className = "Ranger", .level = 1, .gold = 25, .experienceNeeded = 1000};
+    player.hitPoints = player.maxHitPoints = 24;
+    player.strength = player.constitution = player.dexterity = 12;
+    player.intelligence = player.wisdom = player.charisma = 12;
+    player.weaponNumber = player.armourNumber = 1;
+    player.weapon = "Club";
+    player.armour = "Cloth";
+    player.turnsLeft = player.turnsPerDay = 30;
     game.session.doorUserName = owner;
     PlayerRecord slot = emptySlot();
     storePlayer(slot, StoreKind::whole);
     return slot;
 }
 
-inline std::string bytesOf(const TextSlot& text) {
-    return {reinterpret_cast<const char*>(&text), sizeof text};
-}
-
-class Sysop : public InTemporaryDirectory {
-protected:
+struct Sysop : InTemporaryDirectory {
     Sysop() {
         ::setenv("TZ", "UTC", 1);
         fs::create_directory("board");
-        told({"init", "board/game", "--board", "The Board", "--menus", MORVEK_MENUS_DIR});
+        told("init board/game --board \"The Board\"" + withMenus);
         fs::current_path("board/game");
     }
 
-    // What the tool says when these words are typed, behind its status where that is not 0.
-    static std::string told(const std::vector<std::string>& words) {
+    // What the tool says when this line is typed, behind its status where that is not 0.
+    static std::string told(const std::string& line) {
+        std::istringstream typed(line);
+        std::vector<std::string> words;
+        for (std::string word; typed >> std::quoted(word);) {
+            words.push_back(word);
+        }
         std::ostringstream out;
         std::ostringstream err;
         const int status = runSysop(words, out, err);
         EXPECT_EQ(status == 2 ? out.str() : status == 0 ? err.str() : "", "") << "other stream";
-        return (status == 0 ? "" : std::to_string(status) + ": ") + out.str() + err.str();
-    }
-    static std::string told(const std::string& line) {
-        std::istringstream words(line);
-        return told(std::vector<std::string>{std::istream_iterator<std::string>(words), {}});
+        const std::string all = out.str() + err.str();
+        EXPECT_TRUE(all.find_first_of("\a\b\t\r\033\x7f") == std::string::npos ||
+                    line.ends_with("--ansi"))
+            << all;
+        return (status == 0 ? "" : std::to_string(status) + ": ") + all;
     }
 
     static void save(std::vector<PlayerRecord> slots) {
         slots.resize(slotCount, emptySlot());
         writeFile("morchars.dat", {reinterpret_cast<const char*>(slots.data()), 75000});
     }
+
+    const std::string withMenus = " --menus \"" MORVEK_MENUS_DIR "\"";
 };
 
 } // namespace morvek::test

@@ -2,30 +2,25 @@
 
 #include "support/temporary_directory.h"
 
-class ScoresOfTheBoard : public InTemporaryDirectory {
-protected:
-    // Enters a score for the player and returns the file's new content.
-    static std::string enter(const std::string& name, int score) {
+struct ScoresOfTheBoard : InTemporaryDirectory {
+    // Enters a score for a player into this file; what it holds then.
+    static std::string enter(const std::string& before, const std::string& name, int score) {
+        writeFile("scores.dat", before);
         game.player = {.name = name, .className = "Rogue", .experience = score};
         prepareScore();
         updateScores(3);
         return readFile("scores.dat");
     }
-    static std::string enterOver(const std::string& before, const std::string& name, int score) {
-        writeFile("scores.dat", before);
-        return enter(name, score);
-    }
 };
 
 TEST_F(ScoresOfTheBoard, AScoreGoesBeforeTheFirstThatIsLower) {
     const std::string two = "A B#900Wizard\nC#100Wizard\n";
-    EXPECT_EQ(enterOver(two, "Z", 901), "Z#901Rogue\nA B#900Wizard\nC#100Wizard\n");
-    EXPECT_EQ(enterOver(two, "Z", 900), "A B#900Wizard\nZ#900Rogue\nC#100Wizard\n");
-    EXPECT_EQ(enterOver(two, "Z", 100), "A B#900Wizard\nC#100Wizard\nZ#100Rogue\n");
-    EXPECT_EQ(enterOver(two, "A B", 50), "A B#900Wizard\nC#100Wizard\n") << "his highest stays";
-    EXPECT_EQ(enterOver("", "Z", -5), "Z#-5Rogue\n");
-    fs::remove("scores.dat");
-    EXPECT_EQ(enter("Arwen", 500), "Arwen#500Rogue\n");
+    EXPECT_EQ(enter(two, "Z", 901), "Z#901Rogue\nA B#900Wizard\nC#100Wizard\n");
+    EXPECT_EQ(enter(two, "Z", 900), "A B#900Wizard\nZ#900Rogue\nC#100Wizard\n");
+    EXPECT_EQ(enter(two, "Z", 100), "A B#900Wizard\nC#100Wizard\nZ#100Rogue\n");
+    EXPECT_EQ(enter(two, "A B", 50), "A B#900Wizard\nC#100Wizard\n") << "his highest stays";
+    EXPECT_EQ(enter("", "Z", -5), "Z#-5Rogue\n");
+    EXPECT_EQ(game.scores.count, 2) << "an empty file reads as one empty entry";
 }
 
 TEST_F(ScoresOfTheBoard, AFullTableDropsItsLastOrIsWrittenAsItWasRead) {
@@ -34,34 +29,55 @@ TEST_F(ScoresOfTheBoard, AFullTableDropsItsLastOrIsWrittenAsItWasRead) {
         eight.append(1, name).append("#1000Wizard\n");
     }
     const std::string full = eight + "I#1000Wizard\nJ#1000Wizard\n";
-    EXPECT_EQ(enterOver(full, "Z", 1000), full);
-    EXPECT_EQ(enterOver(full, "Z", 1001), "Z#1001Rogue\n" + eight + "I#1000Wizard\n");
+    EXPECT_EQ(enter(full, "Z", 1000), full);
+    EXPECT_EQ(enter(full, "Z", 1001), "Z#1001Rogue\n" + eight + "I#1000Wizard\n");
     const std::string doubles = eight + "Z#1000Elf\nZ#999Elf\n";
-    EXPECT_EQ(enterOver(doubles, "Z", 999), doubles) << "doubles and all";
+    EXPECT_EQ(enter(doubles, "Z", 999), doubles) << "doubles and all";
 }
 
 TEST_F(ScoresOfTheBoard, AFileThatCannotBeWrittenCostsTheScoreWithTwoLines) {
-    writeFile("scores.dat", "A#9Wizard\n", 0444);
-    const AsNobody nobody;
+    fs::create_directory("scores.dat");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(enter("Arwen", 500), "A#9Wizard\n");
+    enter("", "Arwen", 500);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "Could not open scores.dat for output!\n"
               "Output file opened insuccessfully.  Score not saved.\n");
 }
 
-TEST_F(ScoresOfTheBoard, ShowingTheListWritesTheBulletins) {
-    std::string ten;
-    for (int i = 0; i < 9; ++i) {
-        ten += "A#9Wizard\n";
+TEST_F(ScoresOfTheBoard, ATextIsReadUntilAnEntryIsNotWhole) {
+    const std::string one = "A#-7Rogue\n";
+    const std::string own = "Z#-9Rogue\n"; // goes to the end
+    EXPECT_EQ(enter("A# -7 Rogue extra\nB#-8Rogue\n", "Z", -9), one + "extra\nB#-8Rogue\n" + own);
+    EXPECT_EQ(enter("A#-7Rogue\nB#-8", "Z", -9), one + "B#-8\n" + own) << "no class";
+    for (const char* broken : {"B", "B#", "B#b#6Rogue", "B#2147483648Rogue", "B#-", "#"}) {
+        EXPECT_EQ(enter(one + broken, "Z", -9), one + own) << broken;
     }
-    ten += std::string(50, 'n') + "#8Hobbit\n";
+    ::chmod("scores.dat", 0222); // what nobody may read is begun anew
+    const AsNobody nobody;
+    updateScores(3);
+    EXPECT_EQ(fs::file_size("scores.dat"), own.size());
+}
+
+TEST_F(ScoresOfTheBoard, ShowingTheListWritesTheBulletins) {
+    const std::string name(50, 'n');
+    std::string ten = name + "#-10Hobbit\n";
+    for (int i = 0; i < 9; ++i) {
+        ten.insert(0, "A\033#9Wizard\n");
+    }
     writeFile("scores.dat", ten);
     caller.visit(showTopTen);
     EXPECT_TRUE(caller.saw("{`r`}<1>{`R`. `W`   }<A>{   }[cursor 5 29]<9>[cursor 5 47]"
                            "{`bright magenta`}<Wizard>{|}"));
-    EXPECT_THAT(caller.screen, EndsWith("{`r`}<10>{`R`. `W`  }<" + std::string(49, 'n') +
-                                        ">{   }[cursor 14 29]<8>[cursor 14 47]{}<Hobbit>{|}"));
-    EXPECT_THAT(readFile("scores.asc"), StartsWith("Morvek RPG Top Players:\n"));
-    EXPECT_THAT(readFile("scores.ans"), StartsWith("\033[0;31mMorvek"));
+    EXPECT_THAT(caller.screen, EndsWith("{`r`}<10>{`R`. `W`  }<" + name.substr(1) +
+                                        ">{   }[cursor 14 29]<-10>[cursor 14 47]{}<Hobbit>{|}"));
+    const std::string last = name + "-10               Hobbit         ";
+    EXPECT_THAT(readFile("scores.asc"), EndsWith("10.   " + last + "\n"));
+    const std::string coloured = readFile("scores.ans");
+    EXPECT_THAT(coloured, EndsWith("\033[0;31m10\033[1;31m.   \033[37m" + last + "\033[0m\n"));
+    EXPECT_EQ(coloured.substr(0, coloured.find("\033[0;31m2")),
+              "\033[0;31mMorvek RPG Top Players\033[1m:\n\n"
+              "\033[0;31mRank  Name                  Experience        Class\033[37m\n"
+              "\033[1;37m-----------------------------------------------------------\033[0m\n"
+              "\033[0;31m1\033[1;31m.    \033[37mA                     9                 "
+              "\033[1;35mWizard         \033[0m\n");
 }
