@@ -11,14 +11,10 @@ using namespace odoors;
 
 namespace {
 
-Options optionsOf(const std::string& commandLine) {
-    std::istringstream words(commandLine);
+Options optionsOf(const std::string& line) {
+    std::istringstream words(line);
     const Arguments arguments{std::istream_iterator<std::string>(words), {}};
-    std::vector<const char*> pointers;
-    for (const std::string& argument : arguments) {
-        pointers.push_back(argument.c_str());
-    }
-    return readOptions(pointers);
+    return readOptions({commandLine(arguments).data() + 1, arguments.size()});
 }
 
 } // namespace

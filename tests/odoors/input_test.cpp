@@ -8,21 +8,14 @@ using namespace odoors;
 namespace {
 
 std::string lineAfter(const std::string& start, const std::string& keys, int longest = 8,
-                      unsigned char least = 0, unsigned char most = 127) {
+                      unsigned char least = 0, unsigned char most = 127,
+                      const Arguments& arguments = plain) {
     const Door door = [&] {
         std::string text = start + std::string(80, '\0');
         od_input_str(text.data(), longest, least, most);
         od_disp_str((std::string("[") + text.c_str() + "]").c_str());
     };
-    return callWithKeys(plain, keys, door).shown;
-}
-
-std::string keysOf(KeyDecoder& decoder) {
-    std::string keys;
-    while (const char key = decoder.take()) {
-        keys += key;
-    }
-    return keys;
+    return callWithKeys(arguments, keys, door).shown;
 }
 
 // The keys in the bytes when they come at once, and when each comes alone.
@@ -34,7 +27,11 @@ void expectKeys(Charset charset, const std::string& bytes, const std::string& ke
             decoder.feed(std::string_view(bytes).substr(at, step));
         }
         decoder.finish();
-        EXPECT_EQ(keysOf(decoder), keys) << testing::PrintToString(bytes) << " by " << step;
+        std::string taken;
+        while (const char key = decoder.take()) {
+            taken += key;
+        }
+        EXPECT_EQ(taken, keys) << testing::PrintToString(bytes) << " by " << step;
     }
 }
 
@@ -64,27 +61,16 @@ TEST(Keys, Utf8CharactersComeAsCp437) {
     expectKeys(Charset::utf8, "\xe2\x95\033[A\xe2", "\x7f\x7f");
 }
 
-TEST(Keys, OneExpectedCursorReportIsNoKey) {
-    KeyDecoder decoder;
-    decoder.expectCursorReport();
-    decoder.feed("a\033[R\033[;R\033[1;R\033[1;2;3Rb");
-    EXPECT_FALSE(decoder.cursorReportSeen());
-    decoder.feed("\033[24;80");
-    decoder.feed("Rc\033[1;1R");
-    EXPECT_TRUE(decoder.cursorReportSeen());
-    EXPECT_EQ(keysOf(decoder), "a\x7f\x7f\x7f\x7f"
-                               "bc\x7f");
-}
-
 TEST(LineInput, EditsTheText) {
     EXPECT_EQ(lineAfter("", "ab c\r"), "ab c\n\r[ab c]");
-    EXPECT_EQ(lineAfter("", "\r"), "\n\r[]");
     EXPECT_EQ(lineAfter("", "ab\b\x7f\bc\r"), "ab\b \b\b \bc\n\r[c]");
     EXPECT_EQ(lineAfter("", "123456789\r"), "12345678\n\r[12345678]");
     EXPECT_EQ(lineAfter("", "a\033[Ab\t\x01\033Oc\033d\r"), "abd\n\r[abd]");
     EXPECT_EQ(lineAfter("", "a`\x94~\x7f\r", 8, 32, 127), "a`~\b \b\n\r[a`]");
     EXPECT_EQ(lineAfter("", "19a\x94\r", 8, '2', 255), "9a\x94\n\r[9a\x94]");
     EXPECT_EQ(lineAfter("", "abc\r", 0), "\n\r[]");
+    EXPECT_EQ(lineAfter("", "\xc3\xa4\r", 8, 132, 132, {"-L", "-CHARSET=utf8"}),
+              "\xc3\xa4\n\r[\xc3\xa4]");
     // The text that is in the buffer already.
     EXPECT_EQ(lineAfter("old", "\r"), "old\n\r[old]");
     EXPECT_EQ(lineAfter("old", "\033[A\tnew\r"), "old\b \b\b \b\b \bnew\n\r[new]");
@@ -104,15 +90,6 @@ TEST(Keys, AreChosenInEitherCase) {
     });
     EXPECT_EQ(outcome.shown, "<y><N><49><S><27>");
     EXPECT_EQ(outcome.status, 2);
-}
-
-TEST(Keys, TypedCharactersComeInTheBoardsCharacterSet) {
-    const Arguments arguments{"-LOCAL", "-CHARSET", "utf8", "-USERNAME", "\xc3\xb6"};
-    const Outcome outcome = callWithKeys(arguments, "\xc3\xa4x", [] {
-        od_printf("%d", static_cast<unsigned char>(od_get_key(1)));
-        od_printf("%c%s", od_get_key(1), od_control.user_name);
-    });
-    EXPECT_EQ(outcome.shown, "132x\xc3\xb6");
 }
 
 struct Menu : testing::Test {

@@ -37,6 +37,15 @@ std::string readToEnd(int descriptor, std::vector<std::string>& pieces) {
 
 } // namespace
 
+std::vector<char*> commandLine(const Arguments& arguments) {
+    std::vector<char*> words{const_cast<char*>("door")};
+    for (const std::string& argument : arguments) {
+        words.push_back(const_cast<char*>(argument.c_str()));
+    }
+    words.push_back(nullptr);
+    return words;
+}
+
 pid_t startChild(const Child& child, int input, int output, int errors, bool controlling) {
     std::fflush(nullptr);
     const pid_t process = fork();
