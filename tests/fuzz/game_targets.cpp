@@ -49,7 +49,7 @@ void beginGame() {
     game = GameState{};
     game.session.dateStamp = "111526";
     seed = 0;
-    workInMemory();
+    workFolder();
     for (const char* name : {rosterName, configurationFileName, scoreFileName, plainBulletinName,
                              ansiBulletinName, scrollFileName, "111526.txt"}) {
         unlink(name);
@@ -104,7 +104,7 @@ void playWhole() {
 // A call with this character file, which is saved whole or not at all.
 void play(const Call& call, const std::string& roster) {
     if (!roster.empty()) {
-        writeFile(rosterName, roster);
+        workFolder().write(rosterName, roster);
     }
     hold(call, playWhole);
     const std::string after = readWhole(rosterName).value_or("");
@@ -113,27 +113,27 @@ void play(const Call& call, const std::string& roster) {
 
 } // namespace
 
-void configuration(std::string_view input) {
+extern const Target configuration = [](std::string_view input) {
     beginGame();
-    writeFile(configurationFileName, input);
-    hold(Call(1, "Q"), [] {
+    workFolder().write(configurationFileName, input);
+    hold({1, "Q"}, [] {
         if (readConfiguration()) {
             require(game.session.hostName.size() <= longestConfigurationLine);
             require(game.session.gameDirectory.size() <= longestConfigurationLine);
             titleMenu();
         }
     });
-}
+};
 
 // The name of the player whose score is entered ends in a line feed.
-void scores(std::string_view input) {
+extern const Target scores = [](std::string_view input) {
     beginGame();
     const unsigned bits = takeNumber(input);
     game.player.experience = static_cast<std::int32_t>(takeNumber(input) << 5U);
     game.player.name = take(input, std::min<std::size_t>(15, input.find('\n')));
     game.player.className = "Ranger";
-    writeFile(scoreFileName, input.substr(std::min<std::size_t>(input.size(), 1)));
-    hold(Call(bits), [] {
+    workFolder().write(scoreFileName, input.substr(std::min<std::size_t>(input.size(), 1)));
+    hold({bits}, [] {
         showTopTen();
         prepareScore();
         updateScores(3);
@@ -144,44 +144,44 @@ void scores(std::string_view input) {
     for (const char byte : readWhole(plainBulletinName).value_or("")) {
         require((static_cast<unsigned char>(byte) >= ' ' && byte != 127) || byte == '\n');
     }
-}
+};
 
 // Up to 31 keys, and the board's file.
-void board(std::string_view input) {
+extern const Target board = [](std::string_view input) {
     beginGame();
     game.player.name = "Arwen";
     const unsigned bits = takeNumber(input);
     const std::string_view keys = take(input, takeNumber(input) % 32);
-    writeFile(scrollFileName, input);
-    hold(Call(bits, keys), scrollBoard);
-}
+    workFolder().write(scrollFileName, input);
+    hold({bits, keys}, scrollBoard);
+};
 
-void news(std::string_view input) {
+extern const Target news = [](std::string_view input) {
     beginGame();
     const unsigned bits = takeNumber(input);
-    writeFile("111526.txt", input);
-    hold(Call(bits, "x"), [] {
+    workFolder().write("111526.txt", input);
+    hold({bits, "x"}, [] {
         newsJoined();
         showNews();
     });
-}
+};
 
 // A tour of all that shows the characters of the file, and of what saves them.
-void characterRecord(std::string_view input) {
+extern const Target characterRecord = [](std::string_view input) {
     beginGame();
-    Call call(takeNumber(input), "Skyklkokp1\rnqkkQ");
+    const Call call{takeNumber(input), "Skyklkokp1\rnqkkQ"};
     std::string roster = characterFile();
     forge(roster, input, input.size());
     play(call, roster);
-}
+};
 
 // Chance, the caller's name, up to 7 patches of the character file, or no such file; and his keys.
-void wholeGame(std::string_view input) {
+extern const Target wholeGame = [](std::string_view input) {
     beginGame();
-    writeFile(scrollFileName, "");
+    workFolder().write(scrollFileName, "");
     const unsigned bits = takeNumber(input);
     seed = takeNumber(input);
-    Call call(bits);
+    Call call{bits};
     if ((bits & 32) != 0) {
         call.name = take(input, takeNumber(input) % 40);
     }
@@ -192,6 +192,6 @@ void wholeGame(std::string_view input) {
     }
     call.keys = input;
     play(call, roster);
-}
+};
 
 } // namespace fuzz

@@ -27,29 +27,23 @@ void readArchive(std::string_view bytes) {
 } // namespace
 
 // The first byte says which file the others are; 5 is a backup.
-void sysop(std::string_view input) {
-    struct Looked {
-        const char* file;
-        void (*look)(const GameDirectory&, Findings&);
-    };
-    static constexpr std::array<Looked, 5> looked{{{configurationFileName, checkConfiguration},
-                                                   {"morchars.dat", checkCharacters},
-                                                   {"scroll.dat", checkBoard},
-                                                   {"scores.dat", checkScores},
-                                                   {"111526.txt", checkNews}}};
+extern const Target sysop = [](std::string_view input) {
+    static constexpr std::array files{configurationFileName, "morchars.dat", "scroll.dat",
+                                      "scores.dat", "111526.txt"};
+    static constexpr std::array checks{checkConfiguration, checkCharacters, checkBoard, checkScores,
+                                       checkNews};
     const unsigned kind = takeNumber(input) % 6;
-    if (kind == looked.size()) {
+    if (kind == files.size()) {
         readArchive(input);
         return;
     }
-    workInMemory();
-    writeFile(looked[kind].file, input);
+    workFolder().write(files[kind], input);
     Findings findings;
-    looked[kind].look({".", ".", {}}, findings);
+    checks[kind]({".", ".", {}}, findings);
     for (const Finding& finding : findings) {
         require(std::none_of(finding.text.begin(), finding.text.end(),
                              [](unsigned char byte) { return byte < ' ' || byte == 127; }));
     }
-}
+};
 
 } // namespace fuzz

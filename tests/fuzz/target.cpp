@@ -2,31 +2,18 @@
 #include "fuzz.h"
 
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include <unistd.h>
 
 namespace fuzz {
 
-void FUZZED(std::string_view input);
+extern const Target FUZZED;
 
-void workInMemory() {
-    struct Folder {
-        Folder() { require(mkdtemp(self.data()) != nullptr && chdir(self.c_str()) == 0); }
-        ~Folder() { std::filesystem::remove_all(self); }
-        std::string self =
-            std::string(access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp") + "/morvek.XXXXXX";
-    };
-    static const Folder folder;
-}
-
-void writeFile(const char* name, std::string_view bytes) {
-    std::FILE* file = std::fopen(name, "wb");
-    require(file != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size());
-    std::fclose(file);
+const Folder& workFolder() {
+    static const Folder folder(access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp");
+    require(chdir(folder.self.c_str()) == 0);
+    return folder;
 }
 
 } // namespace fuzz
@@ -36,8 +23,7 @@ void writeFile(const char* name, std::string_view bytes) {
 int main(int argc, char* argv[]) {
     std::vector<std::string> inputs;
     for (const auto& entry : std::filesystem::directory_iterator(argc > 1 ? argv[1] : ".")) {
-        std::ifstream file(entry.path(), std::ios::binary);
-        inputs.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+        inputs.push_back(readFile(entry.path()));
     }
     for (const std::string& input : inputs) {
         fuzz::FUZZED(input);
