@@ -14,9 +14,7 @@ using Lines = std::map<std::size_t, std::string>; // by their numbers, from 1
 // 45 minutes left, on node 3.
 struct BoardFile {
     std::string name;
-    std::size_t linesNeeded;
-    std::vector<std::size_t> numbers; // the lines that must hold one
-    std::string lines;                // a bar ends each but the last
+    std::string lines; // a bar ends each but the last
 
     // The file's bytes, with other texts in some of its lines.
     std::string with(const Lines& others = {}) const {
@@ -39,34 +37,23 @@ inline std::string momentIn(long seconds) {
     return text.data();
 }
 
-inline const BoardFile door32{
-    "DOOR32.SYS", 11, {1, 2, 9, 10, 11}, "2|-1|38400|Board 1|7|Alice Doe|J\x94rg Ace \t|50|45|1|3"};
+inline const BoardFile door32{"DOOR32.SYS",
+                              "2|-1|38400|Board 1|7|Alice Doe|J\x94rg Ace \t|50|45|1|3"};
 inline const BoardFile shortDoorSys{
     "DOOR.SYS",
-    31,
-    {4, 19},
     "COM1:|38400|8|3|38400|Y|N|N|N|Alice Doe|Bree|555-1|555-2|secret|50|7|01/01/26|2700|45|GR|25|"
     "N|1,2|1|12/31/99|7|Z|0|0|0|0"};
-inline const BoardFile doorSys{shortDoorSys.name, 31, shortDoorSys.numbers,
-                               shortDoorSys.lines +
-                                   "|01/01/80|C:\\BBS|C:\\GEN|Bob|J\x94rg Ace|00:00|Y|N|"
-                                   "Y|7|0|01/01/26|12:00|11:00|99|0|0|0|None|0|0"};
+inline const BoardFile doorSys{
+    shortDoorSys.name, shortDoorSys.lines + "|01/01/80|C:\\BBS|C:\\GEN|Bob|J\x94rg Ace|00:00|Y|N|"
+                                            "Y|7|0|01/01/26|12:00|11:00|99|0|0|0|None|0|0"};
 inline const BoardFile dorinfo{
-    "DORINFO3.DEF",
-    12,
-    {10, 12},
-    "Board|Bob|Op|COM1|38400 BAUD,N,8,1|0|J\x94rg|Ace|Bree, Shire|1|50|45|-1"};
+    "DORINFO3.DEF", "Board|Bob|Op|COM1|38400 BAUD,N,8,1|0|J\x94rg|Ace|Bree, Shire|1|50|45|-1"};
 inline const BoardFile chain{
     "CHAIN.TXT",
-    32,
-    {14, 16},
     "7|J\x94rg Ace|Alice Doe||30|F|0.00|01/01/26|80|25|50|0|0|1|1|2700.50|gfiles|data|log|38400|1|"
     "Board|Bob|43200|12|0|0|0|0|8N1|38400|3"};
-inline const BoardFile bbsdev{"BBSDEV.DRP",
-                              19,
-                              {18},
-                              "1.0|stdio||J\xc3\xb6rg Ace|7|80|25|Y|50|en|" + momentIn(2758) +
-                                  "|IBM437|Board|Bob||||3|-"};
+inline const BoardFile bbsdev{"BBSDEV.DRP", "1.0|stdio||J\xc3\xb6rg Ace|7|80|25|Y|50|en|" +
+                                                momentIn(2758) + "|IBM437|Board|Bob||||3|-"};
 
 // A drop file with what boards write that one would not expect, options, and what they tell.
 struct BoardCaller {

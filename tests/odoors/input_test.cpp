@@ -62,21 +62,22 @@ TEST(Keys, Utf8CharactersComeAsCp437) {
 }
 
 TEST(LineInput, EditsTheText) {
-    EXPECT_EQ(lineAfter("", "ab c\r"), "ab c\n\r[ab c]");
-    EXPECT_EQ(lineAfter("", "ab\b\x7f\bc\r"), "ab\b \b\b \bc\n\r[c]");
-    EXPECT_EQ(lineAfter("", "123456789\r"), "12345678\n\r[12345678]");
-    EXPECT_EQ(lineAfter("", "a\033[Ab\t\x01\033Oc\033d\r"), "abd\n\r[abd]");
+    const std::vector<std::string> startKeysAndShown{
+        "", "ab c\r", "ab c\n\r[ab c]", "", "ab\b\x7f\bc\r", "ab\b \b\b \bc\n\r[c]", "",
+        "123456789\r", "12345678\n\r[12345678]", "", "a\033[Ab\t\x01\033Oc\033d\r", "abd\n\r[abd]",
+        // The text that is in the buffer already.
+        "old", "\r", "old\n\r[old]", "old", "\033[A\tnew\r", "old\b \b\b \b\b \bnew\n\r[new]",
+        "old", "\bx\r", "old\b \bx\n\r[olx]", "longer than eight", "\r", "longer t\n\r[longer t]",
+        "o\033d", "n\r", "od\b \b\b \bn\n\r[n]"};
+    for (std::size_t i = 0; i < startKeysAndShown.size(); i += 3) {
+        EXPECT_EQ(lineAfter(startKeysAndShown[i], startKeysAndShown[i + 1]),
+                  startKeysAndShown[i + 2]);
+    }
     EXPECT_EQ(lineAfter("", "a`\x94~\x7f\r", 8, 32, 127), "a`~\b \b\n\r[a`]");
     EXPECT_EQ(lineAfter("", "19a\x94\r", 8, '2', 255), "9a\x94\n\r[9a\x94]");
     EXPECT_EQ(lineAfter("", "abc\r", 0), "\n\r[]");
     EXPECT_EQ(lineAfter("", "\xc3\xa4\r", 8, 132, 132, {"-L", "-CHARSET=utf8"}),
               "\xc3\xa4\n\r[\xc3\xa4]");
-    // The text that is in the buffer already.
-    EXPECT_EQ(lineAfter("old", "\r"), "old\n\r[old]");
-    EXPECT_EQ(lineAfter("old", "\033[A\tnew\r"), "old\b \b\b \b\b \bnew\n\r[new]");
-    EXPECT_EQ(lineAfter("old", "\bx\r"), "old\b \bx\n\r[olx]");
-    EXPECT_EQ(lineAfter("longer than eight", "\r"), "longer t\n\r[longer t]");
-    EXPECT_EQ(lineAfter("o\033d", "n\r"), "od\b \b\b \bn\n\r[n]");
 }
 
 TEST(Keys, AreChosenInEitherCase) {
