@@ -15,8 +15,6 @@
 #include "towne/scores.h"
 #include "towne/scroll_board.h"
 
-#include <unistd.h>
-
 using namespace morvek;
 
 namespace {
@@ -49,32 +47,29 @@ void beginGame() {
     game = GameState{};
     game.session.dateStamp = "111526";
     seed = 0;
-    workFolder();
-    for (const char* name : {rosterName, configurationFileName, scoreFileName, plainBulletinName,
-                             ansiBulletinName, scrollFileName, "111526.txt"}) {
-        unlink(name);
+    for (const auto& entry : std::filesystem::directory_iterator(workFolder().self)) {
+        std::filesystem::remove(entry);
     }
-}
-
-void own(PlayerRecord& slot, std::string_view owner, std::string_view name) {
-    slot.ownerName.assign(owner);
-    slot.name.assign(name);
-    slot.className.assign("Ranger");
-    slot.weapon.assign("Club");
-    slot.armour.assign("Cloth");
-    slot.level = slot.weaponNumber = slot.armourNumber = 1;
-    slot.experienceNeeded = 1000;
-    slot.hitPoints = slot.maxHitPoints = slot.strength = slot.dexterity = 18;
-    slot.turnsLeft = slot.turnsPerDay = 30;
-    slot.gold = 5000;
 }
 
 // A character file of three, the second of them the caller's.
 std::string characterFile() {
     auto slots = emptySlots();
-    own(slots[0], "Bob", "Bjorn");
-    own(slots[1], "Alice", "Arwen");
-    own(slots[2], "Carol", "Cirdan");
+    constexpr std::array owners{"Bob", "Alice", "Carol"};
+    constexpr std::array names{"Bjorn", "Arwen", "Cirdan"};
+    for (std::size_t number = 0; number < owners.size(); ++number) {
+        PlayerRecord& slot = slots[number];
+        slot.ownerName.assign(owners[number]);
+        slot.name.assign(names[number]);
+        slot.className.assign("Ranger");
+        slot.weapon.assign("Club");
+        slot.armour.assign("Cloth");
+        slot.level = slot.weaponNumber = slot.armourNumber = 1;
+        slot.experienceNeeded = 1000;
+        slot.hitPoints = slot.maxHitPoints = slot.strength = slot.dexterity = 18;
+        slot.turnsLeft = slot.turnsPerDay = 30;
+        slot.gold = 5000;
+    }
     return {reinterpret_cast<const char*>(slots.data()), rosterSize};
 }
 
@@ -94,19 +89,17 @@ void forge(std::string& bytes, std::string_view& patches, std::size_t most) {
     }
 }
 
-void playWhole() {
-    tidyUserName(TextSlot::capacity);
-    takeDisplayName();
-    detectTerminal();
-    titleMenu();
-}
-
 // A call with this character file, which is saved whole or not at all.
 void play(const Call& call, const std::string& roster) {
     if (!roster.empty()) {
         workFolder().write(rosterName, roster);
     }
-    hold(call, playWhole);
+    hold(call, [] {
+        tidyUserName(TextSlot::capacity);
+        takeDisplayName();
+        detectTerminal();
+        titleMenu();
+    });
     const std::string after = readWhole(rosterName).value_or("");
     require(after == roster || after.size() == rosterSize);
 }

@@ -83,7 +83,7 @@ TEST(ProgramJourney, ThroughTextsThatSteerNobody) {
         for (const std::size_t at : {0, 24, 84, 108, 196, 224}) {
             record.replace(at, slot.size(), slot);
         }
-        record.replace(ownerNameAt - 4, 7, "\3\0\0\0"s + owner);
+        record.replace(64, 7, "\3\0\0\0"s + owner);
         for (const std::size_t at : {56, 132, 160, 164, 192, 220}) {
             record[at] = 1;
         }

@@ -70,13 +70,9 @@ TEST(CallerTest, IsReachedAsHeReallyCanBe) {
     EXPECT_EQ(reached(Route::socket, socket, "-H0", {}), 0);
     close(sockets[0]);
     close(sockets[1]);
-}
-
-TEST(CallerTest, IsOverruledByOptions) {
-    DropFile file;
-    file.alias = "Ace";
-    EXPECT_EQ(resolveCaller({}, file, {}).inactivitySeconds, 300);
-    EXPECT_EQ(resolveCaller(optionsOf("-INACTIVITY=2"), file, {}).inactivitySeconds, 2);
-    EXPECT_EQ(resolveCaller({}, {}, {}).inactivitySeconds, 0);
-    EXPECT_EQ(resolveCaller(optionsOf("-USERNAME="), file, {}).name, "");
+    // How long he may wait.
+    EXPECT_EQ(resolveCaller({}, DropFile(), {}).inactivitySeconds, 300);
+    EXPECT_EQ(resolveCaller(optionsOf("-INACTIVITY=2"), DropFile(), {}).inactivitySeconds, 2);
+    EXPECT_EQ(resolveCaller(optionsOf("-USERNAME="), {}, {}).inactivitySeconds, 0);
+    EXPECT_EQ(resolveCaller(optionsOf("-USERNAME="), {}, {}).name, "");
 }

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 constexpr std::size_t recordSize = 1500;
-constexpr std::size_t ownerNameAt = 68; // where the text of this slot begins
 
 // Files by their names.
 using Files = std::map<std::string, std::string>;
