@@ -43,8 +43,6 @@ public:
         waits = open(pipeName.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
     }
     ~Stage() { close(waits); }
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
 
     // Leaves these data files and no others.
     void prepare(const Files& files) const {

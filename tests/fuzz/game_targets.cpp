@@ -11,6 +11,7 @@
 #include "files/score_file.h"
 #include "files/scroll_file.h"
 #include "state/game_state.h"
+#include "text.h"
 #include "towne/news.h"
 #include "towne/scores.h"
 #include "towne/scroll_board.h"
@@ -135,7 +136,7 @@ extern const Target scores = [](std::string_view input) {
         waitForKey();
     });
     for (const char byte : readWhole(plainBulletinName).value_or("")) {
-        require((static_cast<unsigned char>(byte) >= ' ' && byte != 127) || byte == '\n');
+        require(byte == '\n' || !odoors::isControl(byte));
     }
 };
 

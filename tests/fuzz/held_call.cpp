@@ -38,12 +38,9 @@ Call call{};
 // clear, move, colour and ask; everything that the texts of others hold is kept from the caller.
 void inspect(std::string_view shown) {
     for (std::size_t i = 0; call.trusted && i < shown.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(shown[i]);
-        if (byte >= ' ' && byte != 127) {
-            continue;
-        }
-        require(std::string_view("\r\n\b\f\033").find(shown[i]) != std::string_view::npos);
-        if (byte == '\033') {
+        require(!odoors::isControl(shown[i]) ||
+                std::string_view("\r\n\b\f\033").find(shown[i]) < 5);
+        if (shown[i] == '\033') {
             i = shown.find_first_not_of("[0123456789;", i + 1);
             require(i < shown.size() && std::string_view("JHmn").find(shown[i]) < 4);
         }

@@ -1,5 +1,6 @@
 // What the operator's tool reads: the game's files, as a check looks at them, and backups.
 #include "fuzz.h"
+#include "text.h"
 
 #include "sysop/check.h"
 #include "sysop/tar_file.h"
@@ -41,8 +42,7 @@ extern const Target sysop = [](std::string_view input) {
     Findings findings;
     checks[kind]({".", ".", {}}, findings);
     for (const Finding& finding : findings) {
-        require(std::none_of(finding.text.begin(), finding.text.end(),
-                             [](unsigned char byte) { return byte < ' ' || byte == 127; }));
+        require(std::none_of(finding.text.begin(), finding.text.end(), odoors::isControl));
     }
 };
 

@@ -92,9 +92,7 @@ extern const Target terminal = [](std::string_view input) {
             od_input_str(line.data(), 20, 32, 255);
             const std::string_view typed = line.data();
             require(typed.size() <= 20);
-            require(std::all_of(typed.begin(), typed.end(), [](char key) {
-                return static_cast<unsigned char>(key) >= ' ' && key != 127;
-            }));
+            require(std::none_of(typed.begin(), typed.end(), odoors::isControl));
             od_set_cursor(3, 40);
             od_disp_str(line.data());
             require(std::string_view("YNx").find(od_get_answer("YNx")) != std::string_view::npos);

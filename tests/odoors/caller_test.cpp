@@ -50,9 +50,7 @@ TEST(OptionsTest, WrongOnesAreRefused) {
 }
 
 TEST(CallerTest, IsReachedAsHeReallyCanBe) {
-    std::array<int, 2> sockets{};
-    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, sockets.data()), 0);
-    const int socket = sockets[0];
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     // The socket; 0: standard input and output.
     const auto reached = [](Route route, int handle, const std::string& option, Streams streams) {
         DropFile file;
@@ -68,8 +66,7 @@ TEST(CallerTest, IsReachedAsHeReallyCanBe) {
     EXPECT_EQ(reached(Route::unreachable, 0, "-STDIO", {}), 0);
     EXPECT_EQ(reached(Route::unreachable, 0, "-SOCKET " + std::to_string(socket), {}), socket);
     EXPECT_EQ(reached(Route::socket, socket, "-H0", {}), 0);
-    close(sockets[0]);
-    close(sockets[1]);
+    close(socket);
     // How long he may wait.
     EXPECT_EQ(resolveCaller({}, DropFile(), {}).inactivitySeconds, 300);
     EXPECT_EQ(resolveCaller(optionsOf("-INACTIVITY=2"), DropFile(), {}).inactivitySeconds, 2);

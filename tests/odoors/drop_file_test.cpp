@@ -91,14 +91,11 @@ TEST_F(DropFiles, OfTheStartDirectoryAreUsedUnasked) {
     ASSERT_EQ(chdir(folder.path().c_str()), 0);
     EXPECT_EQ(told(""), jorg + '3');
     // The one that the board names in the environment comes first.
-    const auto withVariable = [](const char* path) {
-        setenv("BBSDEV_DRP", path, 1);
-        const std::string whom = told("");
-        unsetenv("BBSDEV_DRP");
-        return whom;
-    };
-    EXPECT_EQ(withVariable("call.7"), "J\xc3\xb6rg Ace,45,1,7");
-    EXPECT_EQ(withVariable("/none"), "/none: cannot be read: No such file or directory\n");
+    setenv("BBSDEV_DRP", "call.7", 1);
+    EXPECT_EQ(told(""), "J\xc3\xb6rg Ace,45,1,7");
+    setenv("BBSDEV_DRP", "/none", 1);
+    EXPECT_EQ(told(""), "/none: cannot be read: No such file or directory\n");
+    unsetenv("BBSDEV_DRP");
     unlink("DOOR32.SYS");
     for (const char* path : {"", ".", "none", "/dev/null", "DOOR32.SYS"}) {
         const std::string complaint = told(path);

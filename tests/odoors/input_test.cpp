@@ -92,33 +92,23 @@ TEST(Keys, AreChosenInEitherCase) {
     EXPECT_EQ(outcome.status, 2);
 }
 
-struct Menu : testing::Test {
-    Folder folder;
-    std::string name = folder.path("menu");
-
-    std::string shownFor(const Arguments& arguments, const std::string& keys, const char* hotkeys) {
+TEST(Menu, ShowsTheCallersFileUnlessAKeyIsTypedAlready) {
+    const Folder folder;
+    const auto shownFor = [&](const Arguments& arguments, const char* keys, const char* hotkeys) {
         const Door door = [&] {
             od_printf("`red`>");
-            od_printf("<%c>", od_hotkey_menu(name.c_str(), hotkeys, 1));
+            od_printf("<%c>", od_hotkey_menu(folder.path("menu").c_str(), hotkeys, 1));
         };
         return callWithKeys(arguments, keys, door).shown;
-    }
-};
-
-TEST_F(Menu, ShowsItsFileUnlessTheKeyIsTypedAlready) {
+    };
+    EXPECT_EQ(shownFor(plain, "xs", "SHQ"), "><S>");
     folder.write("Menu.ASC", "plain `file`\r\n\x80\x1aSAUCE00");
     EXPECT_EQ(shownFor(plain, "s", "SHQ"), "><S>");
     EXPECT_EQ(shownFor(plain, "xs", "SHQ"), ">plain `file`\r\n\x80<S>");
     EXPECT_EQ(shownFor(plain, "\033[As", "SHQA"), ">plain `file`\r\n\x80<S>");
     EXPECT_EQ(shownFor(plain, "", "SHQ"), ">plain `file`\r\n\x80");
     EXPECT_EQ(shownFor({"-L", "-CHARSET=utf8"}, "xs", "S"), ">plain `file`\r\n\xc3\x87<S>");
-    name = folder.path("other");
-    EXPECT_EQ(shownFor(plain, "xs", "SHQ"), "><S>");
-}
-
-TEST_F(Menu, ChoosesTheColouredFileAndKeepsTheColour) {
-    folder.write("menu.asc", "plain");
-    EXPECT_EQ(shownFor(coloured, "xs", "s"), "\033[0;31m>plain<s>\033[0m");
+    EXPECT_EQ(shownFor(coloured, "xs", "s"), "\033[0;31m>plain `file`\r\n\x80<s>\033[0m");
     folder.write("menu.ans", "\033[1;32mgreen");
     EXPECT_EQ(shownFor(coloured, "xs", "s"), "\033[0;31m>\033[1;32mgreen\033[0;31m<s>\033[0m");
 }
