@@ -6,30 +6,15 @@
 
 namespace {
 
-// In words of a few screens each: all keys of a call.
 const std::vector<Play> plays{
     // A new character, with nothing anywhere; the board; a fight, an ambush, a flight.
     {{},
-     "hxsAl\x08"
-     "dur\rnBo\r8x"
-     "lxoxymp7\rx"
-     "wb1xlxsnxsyxsxyxr"
-     "ab1xlxr"
-     "hhxaxgxr"
-     "bd5\rxw\rxr"
-     "tolxtqnqyxtxrlwHi\rywno\rncgnyxr"
-     "faxsxaxhr4yxf"
-     "qxxq"},
+     "hxsAl\bdur\rnBo\r8x lxoxymp7\rx wb1xlxsnxsyxsxyxr ab1xlxr hhxaxgxr bd5\rxw\rxr "
+     "tolxtqnqyxtxrlwHi\rywno\rncgnyxr faxsxaxhr4yxf qxxq"},
     // A veteran robs, heals, rises, drinks, trades, finds the last room, and sleeps at the inn.
     {{{"morchars.dat", rosterOf(true)}, {"scores.dat", "Cid#900Wizard\nDora#100Rogue\n"}},
-     "sxp2\ryaxp2\rn"
-     "hh3\rxg5xaxr"
-     "tttttaxaxaxaxaxaxaxaxaxaxrrro1y1nxlxr"
-     "wb3yx2nxlxsyxr"
-     "fsx696966e868868787"
-     "2d262422661422xhryxf"
-     "tgyxx"
-     "sxqxxq"},
+     "sxp2\ryaxp2\rn hh3\rxg5xaxr tttttaxaxaxaxaxaxaxaxaxaxrrro1y1nxlxr wb3yx2nxlxsyxr "
+     "fsx696966e868868787 2d262422661422xhryxf tgyxx sxqxxq"},
     // Death.
     {{{"morchars.dat", rosterOf(false)}}, "sxfaxq"},
 };

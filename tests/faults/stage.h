@@ -11,6 +11,10 @@
 
 // A call that begins with these files and ends by itself with the last key.
 struct Play {
+    Play(Files begin, std::string words) : files(std::move(begin)), keys(std::move(words)) {
+        std::erase(keys, ' '); // blanks only part what is done from what is done next
+    }
+
     Files files;
     std::string keys;
 };

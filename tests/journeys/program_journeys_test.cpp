@@ -112,7 +112,7 @@ TEST(ProgramJourney, ThroughTextsThatSteerNobody) {
 // Each caller creates a character, whose status tells his minutes, and is then gone.
 TEST(ProgramJourney, FromEveryBoard) {
     bool asInUnix = false;
-    for (const auto& [file, others, name, minutes, ansi, options] : boardCallers) {
+    for (auto [file, others, name, minutes, ansi, arguments] : boardCallers) {
         Game game;
         std::string bytes = file.with(others);
         if ((asInUnix = !asInUnix)) { // lines end in LF, the last in nothing
@@ -120,8 +120,7 @@ TEST(ProgramJourney, FromEveryBoard) {
             bytes.pop_back();
         }
         game.write(file.name, bytes);
-        Arguments arguments{"-D", file.name};
-        arguments.insert(arguments.end(), options.begin(), options.end());
+        arguments.insert(arguments.end(), {"-D", file.name});
         const Outcome call = runWithKeys(game.program(arguments), "sxJo\ry1x");
         EXPECT_EQ(game.text(file.name), bytes);
         EXPECT_EQ(call.status, minutes < 0 ? 3 : 2) << bytes << call.complaints;
