@@ -39,13 +39,13 @@ inline std::string momentIn(long seconds) {
 
 inline const BoardFile door32{"DOOR32.SYS",
                               "2|-1|38400|Board 1|7|Alice Doe|J\x94rg Ace \t|50|45|1|3"};
-inline const BoardFile shortDoorSys{
+inline const BoardFile doorSys{
     "DOOR.SYS",
     "COM1:|38400|8|3|38400|Y|N|N|N|Alice Doe|Bree|555-1|555-2|secret|50|7|01/01/26|2700|45|GR|25|"
-    "N|1,2|1|12/31/99|7|Z|0|0|0|0"};
-inline const BoardFile doorSys{
-    shortDoorSys.name, shortDoorSys.lines + "|01/01/80|C:\\BBS|C:\\GEN|Bob|J\x94rg Ace|00:00|Y|N|"
-                                            "Y|7|0|01/01/26|12:00|11:00|99|0|0|0|None|0|0"};
+    "N|1,2|1|12/31/99|7|Z|0|0|0|0|01/01/80|C:\\BBS|C:\\GEN|Bob|J\x94rg Ace|00:00|Y|N|Y|7|0|"
+    "01/01/26|12:00|11:00|99|0|0|0|None|0|0"};
+inline const BoardFile shortDoorSys{"DOOR.SYS",
+                                    doorSys.lines.substr(0, doorSys.lines.find("|01/01/80"))};
 inline const BoardFile dorinfo{
     "DORINFO3.DEF", "Board|Bob|Op|COM1|38400 BAUD,N,8,1|0|J\x94rg|Ace|Bree, Shire|1|50|45|-1"};
 inline const BoardFile chain{
