@@ -2,7 +2,6 @@
 #include "fuzz.h"
 
 #include <cstdio>
-#include <vector>
 
 #include <unistd.h>
 
@@ -20,16 +19,15 @@ const Folder& workFolder() {
 
 #ifdef MORVEK_REPLAY
 // Where there is no fuzzer each file of a corpus goes through the target once.
-int main(int argc, char* argv[]) {
-    std::vector<std::string> inputs;
-    for (const auto& entry : std::filesystem::directory_iterator(argc > 1 ? argv[1] : ".")) {
-        inputs.push_back(readFile(entry.path()));
+int main(int, char* argv[]) {
+    int count = 0;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::filesystem::canonical(argv[1]))) {
+        fuzz::FUZZED(readFile(entry.path()));
+        ++count;
     }
-    for (const std::string& input : inputs) {
-        fuzz::FUZZED(input);
-    }
-    std::printf("%zu inputs\n", inputs.size());
-    return inputs.empty() ? 1 : 0;
+    std::printf("%d inputs\n", count);
+    return count > 0 ? 0 : 1;
 }
 #else
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -55,11 +55,13 @@ inline const BoardFile chain{
 inline const BoardFile bbsdev{"BBSDEV.DRP", "1.0|stdio||J\xc3\xb6rg Ace|7|80|25|Y|50|en|" +
                                                 momentIn(2758) + "|IBM437|Board|Bob||||3|-"};
 
+inline const std::string jorg = "J\x94rg Ace";
+
 // A drop file with what boards write that one would not expect, options, and what they tell.
 struct BoardCaller {
     const BoardFile& file;
     Lines others;
-    std::string name = "J\x94rg Ace";
+    std::string name = jorg;
     int minutes = 45; // -1: his time is used up
     bool ansi = true;
     Arguments options{};
@@ -69,28 +71,26 @@ inline const Arguments real{"-REALNAME", "-TIMELEFT=7", "-ASCII", "-STDIO"};
 
 inline const std::vector<BoardCaller> boardCallers{
     {door32, {}},
-    {door32, {{1, "0"}, {2, "9"}}},
-    {door32, {{2, "1000"}, {4, "WWIV v5"}, {9, "2700"}}},
-    {door32, {{9, "99999999999999999999"}, {10, "0"}}, "J\x94rg Ace", 32767, false},
-    {door32, {{7, " "}, {10, "4"}}, "Alice Doe"},
+    {door32, {{2, "1000"}, {4, "WWIV v5"}, {7, " "}, {9, "2700"}, {10, "4"}}, "Alice Doe"},
+    {door32, {{1, "0"}, {2, "9"}, {9, "99999999999999999999"}, {10, "0"}}, jorg, 32767, false},
     {door32, {{7, std::string(40, 'x')}, {11, "99999999999"}}, std::string(15, 'x')},
     {door32, {}, "Alice Doe", 7, false, real},
     {doorSys, {}},
-    {doorSys, {{20, "NG"}}, "J\x94rg Ace", 45, false},
+    {doorSys, {{20, "NG"}}, jorg, 45, false},
     {doorSys, {{36, ""}, {20, "7e"}}, "Alice Doe", 45, false},
     {doorSys, {}, "Alice Doe", 7, false, real},
     {shortDoorSys, {}, "Alice Doe"},
     {dorinfo, {}},
     {dorinfo, {{7, "J\x94rg Ace"}, {8, "NLN"}}},
     {dorinfo, {{8, ""}, {10, "0"}}, "J\x94rg", 45, false},
-    {dorinfo, {}, "J\x94rg Ace", 7, false, real},
+    {dorinfo, {}, jorg, 7, false, real},
     {chain, {}},
     {chain, {{2, ""}, {14, "0"}, {15, "0"}, {16, "59.9"}}, "Alice Doe", 0, false},
     {chain, {{16, "2700"}}},
     {chain, {}, "Alice Doe", 7, false, real},
     {bbsdev, {}},
-    {bbsdev, {{1, "1.7"}, {2, "LOCAL"}, {8, "n"}, {11, ""}}, "J\x94rg Ace", 32767, false},
+    {bbsdev, {{1, "1.7"}, {2, "LOCAL"}, {8, "n"}, {11, ""}}, jorg, 32767, false},
     {bbsdev, {{2, "socket"}, {3, "-1"}, {11, "1999-12-31T23:59:60Z"}}, "", -1},
-    {bbsdev, {{11, momentIn(90030)}, {12, "utf-8"}}, "J\x94rg Ace", 1500},
-    {bbsdev, {{2, "fossil"}}, "J\x94rg Ace", 7, false, real},
+    {bbsdev, {{11, momentIn(90030)}, {12, "utf-8"}}, jorg, 1500},
+    {bbsdev, {{2, "fossil"}}, jorg, 7, false, real},
 };
