@@ -26,29 +26,22 @@ void tellKeys() {
 
 long secondsAhead = 0;
 
-const Door waitForKey = [] { od_get_key(1); };
 const Door look = [] {
+    od_printf("ready");
     while (od_get_key(0) == 0) {
         usleep(1000);
     }
 };
 const Door spin = [] {
+    od_printf("ready");
     od_get_key(0);
     for (volatile bool stuck = true; stuck;) {
     }
 };
 const Door flood = [] {
-    od_printf("%*s", 1000000, "x");
+    od_printf("ready%*s", 1000000, "x");
     od_get_key(0);
 };
-
-Child promptThen(const Door& rest, const Arguments& arguments = plain) {
-    return doorChild(arguments, [rest] {
-        od_printf("ready");
-        rest();
-        od_printf("not reached");
-    });
-}
 
 } // namespace
 
@@ -154,11 +147,11 @@ extern "C" int clock_gettime(clockid_t clock, timespec* now) noexcept {
 }
 
 TEST(End, LostCallerEndsADoorSilently) {
-    EXPECT_EQ(runWithKeys(promptThen(look), "").shown, "ready");
-    EXPECT_EQ(runWithKeys(promptThen(waitForKey, coloured), "").shown, "\033[0;37mready\033[0m");
+    EXPECT_EQ(callWithKeys(plain, "", look).shown, "ready");
+    EXPECT_EQ(callWithKeys(coloured, "", tellKeys).shown, "\033[0;37mready\033[0m");
     for (const Door& doing : {look, spin, flood}) {
         for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGQUIT}) {
-            const Call call(promptThen(doing));
+            const Call call(doorChild(plain, doing));
             EXPECT_EQ(call.until("ready").substr(0, 5), "ready");
             kill(call.child, signal);
             EXPECT_EQ(call.status(), 2) << signal;
@@ -187,7 +180,7 @@ TEST(End, OutputAloneCanBeLost) {
 }
 
 TEST(End, IdlenessIsTold) {
-    const Call idle(promptThen(waitForKey, {"-ASCII", "-INACTIVITY", "1", "-LOCAL"}));
+    const Call idle(doorChild({"-ASCII", "-INACTIVITY", "1", "-LOCAL"}, tellKeys));
     EXPECT_EQ(idle.until("bye.\n\r"), "ready\n\rNo key was pressed for too long. Goodbye.\n\r");
     EXPECT_EQ(idle.status(), 4);
     EXPECT_TRUE(idle.isRestored());
@@ -196,16 +189,15 @@ TEST(End, IdlenessIsTold) {
 TEST(End, OneCallerAtATime) {
     const Folder folder;
     const Arguments arguments{"-LOCAL", "-ASCII", "-ONECALLER", folder.path("lock")};
-    const Call first(promptThen(waitForKey, arguments));
+    const Call first(doorChild(arguments, tellKeys));
     EXPECT_EQ(first.until("ready"), "ready");
-    const Outcome second = callWithKeys(arguments, "x", waitForKey);
+    const Outcome second = callWithKeys(arguments, "q", tellKeys);
     EXPECT_EQ(second.status, 5);
     EXPECT_EQ(second.shown, "Another caller is inside. Please try again later.\n\r");
     kill(first.child, SIGKILL);
     EXPECT_EQ(first.status(), 1000 + SIGKILL);
-    EXPECT_EQ(callWithKeys(arguments, "x", waitForKey).status, 0);
-    EXPECT_EQ(callWithKeys({"-L", "-ONECALLER", folder.path("no/lock")}, "x", waitForKey).status,
-              1);
+    EXPECT_EQ(callWithKeys(arguments, "q", tellKeys).status, 0);
+    EXPECT_EQ(callWithKeys({"-L", "-ONECALLER", folder.path("no/lock")}, "q", tellKeys).status, 1);
 }
 
 TEST(Time, MinutesGoByAndWarningsComeOnce) {
