@@ -11,22 +11,6 @@
 using namespace morvek;
 
 namespace fuzz {
-namespace {
-
-void readArchive(std::string_view bytes) {
-    const auto files = readTar(bytes);
-    std::size_t size = 0;
-    for (const ArchivedFile& file : files.value_or(std::vector<ArchivedFile>())) {
-        size += file.content.size();
-    }
-    require(size <= bytes.size());
-    if (files) {
-        require(readTar(tarOf(*files, 0)).has_value());
-    }
-}
-
-} // namespace
-
 // The first byte says which file the others are; 5 is a backup.
 extern const Target sysop = [](std::string_view input) {
     static constexpr std::array files{configurationFileName, "morchars.dat", "scroll.dat",
@@ -35,7 +19,13 @@ extern const Target sysop = [](std::string_view input) {
                                        checkNews};
     const unsigned kind = takeNumber(input) % 6;
     if (kind == files.size()) {
-        readArchive(input);
+        const auto archived = readTar(input);
+        require(!archived || readTar(tarOf(*archived, 0)).has_value());
+        std::size_t size = 0;
+        for (const ArchivedFile& file : archived.value_or(std::vector<ArchivedFile>())) {
+            size += file.content.size();
+        }
+        require(size <= input.size());
         return;
     }
     workFolder().write(files[kind], input);

@@ -152,21 +152,20 @@ TEST_F(DropFiles, AreFoundInTheirOrderInAnyLetterCase) {
 }
 
 TEST_F(DropFiles, OfTheStartDirectoryAreUsedUnasked) {
-    folder.write(door32.name, door32.with());
-    folder.write("call.7", bbsdev.with({{12, "utf-8"}, {18, "7"}}));
     ASSERT_EQ(chdir(folder.path().c_str()), 0);
-    EXPECT_EQ(told(""), jorg + ",45,1,3");
-    // The one that the board names in the environment comes first.
-    setenv("BBSDEV_DRP", "call.7", 1);
-    EXPECT_EQ(told(""), "J\xc3\xb6rg Ace,45,1,7");
-    setenv("BBSDEV_DRP", "/none", 1);
-    EXPECT_EQ(told(""), "/none: cannot be read: No such file or directory\n");
-    unsetenv("BBSDEV_DRP");
-    unlink("DOOR32.SYS");
     for (const char* path : {"", ".", "none", "/dev/null", "DOOR32.SYS"}) {
         const std::string complaint = told(path);
         EXPECT_EQ(complaint.find(jorg), std::string::npos);
         EXPECT_EQ(complaint.find('\n'), complaint.size() - 1);
     }
+    folder.write(door32.name, door32.with());
+    EXPECT_EQ(told(""), jorg + ",45,1,3");
+    // The one that the board names in the environment comes first.
+    folder.write("call.7", bbsdev.with({{12, "utf-8"}, {18, "7"}}));
+    setenv("BBSDEV_DRP", "call.7", 1);
+    EXPECT_EQ(told(""), "J\xc3\xb6rg Ace,45,1,7");
+    setenv("BBSDEV_DRP", "/none", 1);
+    EXPECT_EQ(told(""), "/none: cannot be read: No such file or directory\n");
+    unsetenv("BBSDEV_DRP");
     ASSERT_EQ(chdir("/"), 0);
 }

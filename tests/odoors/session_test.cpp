@@ -1,7 +1,5 @@
 // A session on every kind of line: a real terminal, a socket with a telnet program at its other
 // end; how it ends by itself, and what it tells the caller about his time.
-#include "telnet.h"
-
 #include <chrono>
 #include <csignal>
 
@@ -94,32 +92,8 @@ TEST(Terminal, IsAskedForAnsiGraphicsAndHasAnEscapeKey) {
     EXPECT_EQ(silent.until(">"), "<98>");
 }
 
-// WILL and DO of echo (1), no go-ahead (3) and binary (0), as far as they are ours to offer.
-const std::string offers = "\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03\xff\xfb\0\xff\xfd\0"s;
-
 // What telnet programs send: agreement and proposals, a window's size with 255 in it, a terminal's
-// name, commands, and keys among it all.
-TEST(TelnetTest, TakesTheProtocolOutWhereverItIsCut) {
-    const std::string line = "a\xff\xfd\x01\xff\xfd\x03\xff\xfb\x03\xff\xfd\0\xff\xfb\0"
-                             "b\r\0\xff\xff\xff\xfb\x1f\xff\xfa\x1f\0\xff\xff\0\x19\xff\xf0"
-                             "c\xff\xf1\xff\xf6\xff\xf3"
-                             "d\xff\xfb\x18\xff\xfa\x18\0ANSI\xff\xf0\xff\xfd\x06\xff\xfc\x03"
-                             "e\r\n\xff\xfe\x01\xff\xfd\x2a\xff\xf9"
-                             "f"s;
-    const std::string keysAndAnswers = "ab\r\0\xff"
-                                       "cde\r\nf"s +
-                                       offers +
-                                       "\xff\xfe\x1f\xff\xfe\x18\xff\xfc\x06\xff\xfe\x03"
-                                       "\xff\xfc\x01\xff\xfc\x2a"s;
-    for (std::size_t cut = 0; cut <= line.size(); ++cut) {
-        odoors::Telnet telnet;
-        std::string keys;
-        telnet.receive(line.substr(0, cut), keys);
-        telnet.receive(line.substr(cut), keys);
-        EXPECT_EQ(keys + telnet.takeForLine(), keysAndAnswers) << cut;
-    }
-}
-
+// name, commands, and keys among it all; one report of the cursor's position is no key.
 TEST(Sockets, CarryAWholeCall) {
     const Folder folder;
     const std::string socket = std::to_string(handedSocket);
@@ -131,11 +105,18 @@ TEST(Sockets, CarryAWholeCall) {
         tellKeys();
     };
     const Call call(doorChild({"-D", dropFile}, door), Line::socket);
-    // One report of the cursor's position is no key.
-    call.type("\xff\xfd\0\033[;Ra\033[1;Rb\033[1;2;3Rc\033[1;1Rd\033[1;1R\r\0\r\n\xff\xff\033[Aq"s);
-    EXPECT_EQ(call.until("never"),
-              offers + "\033[6n\033[0;37m\xff\xff\n\rready<127><97><127><98><127><99><100>"
-                       "<127><13><13><255><127>\033[0m");
+    call.type(
+        "\xff\xfd\x01\xff\xfd\x03\xff\xfb\x03\xff\xfd\0\xff\xfb\0\033[;Ra\033[1;Rb\033[1;2;3Rc"
+        "\033[1;1Rd\033[1;1R\r\0\xff\xff\xff\xfb\x1f\xff\xfa\x1f\0\xff"s);
+    // WILL and DO of echo (1), no go-ahead (3) and binary (0), as far as they are ours to offer.
+    EXPECT_EQ(
+        call.until("<255>"),
+        "\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03\xff\xfb\0\xff\xfd\0\033[6n\xff\xfe\x1f\033[0;37m"
+        "\xff\xff\n\rready<127><97><127><98><127><99><100><127><13><255>"s);
+    call.type("\xff\0\x19\xff\xf0\r\n\xff\xf1\xff\xf6\xff\xf3\xff\xfb\x18\xff\xfa\x18\0ANSI\xff\xf0"
+              "\xff\xfd\x06\xff\xfc\x03\xff\xfe\x01\xff\xfd\x2a\xff\xf9\033[Aq"s);
+    EXPECT_EQ(call.until("\033[0m"), "\xff\xfe\x18\xff\xfc\x06\xff\xfe\x03\xff\xfc\x01\xff\xfc\x2a"
+                                     "<13><127>\033[0m");
     EXPECT_EQ(call.status(), 0);
 }
 
