@@ -50,6 +50,10 @@ public:
     Stage() {
         mkfifo(pipeName.c_str(), 0600);
         waits = open(pipeName.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+        setenv("TZ", "UTC", 1);
+        setenv("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0", 1);
+        setenv("LD_PRELOAD", MORVEK_SHIM, 1);
+        setenv("MORVEK_WAITS", pipeName.c_str(), 1);
     }
     ~Stage() { close(waits); }
 
@@ -64,18 +68,13 @@ public:
         told();
     }
 
-    // The program behind the shim; with no more arguments its caller is at its streams.
+    // The program behind the shim, to be started at once; with no more arguments its caller is at
+    // its streams.
     Child program(const std::string& fault = "", Arguments more = {"-LOCAL"},
                   const std::string& user = "Ace") const {
         more.insert(more.end(), {"-USERNAME", user});
-        return [this, fault, run = Game::program(more)] {
-            setenv("TZ", "UTC", 1);
-            setenv("ASAN_OPTIONS", "verify_asan_link_order=0:detect_leaks=0", 1);
-            setenv("LD_PRELOAD", MORVEK_SHIM, 1);
-            setenv("MORVEK_WAITS", pipeName.c_str(), 1);
-            setenv("MORVEK_FAULT", fault.c_str(), 1);
-            run();
-        };
+        setenv("MORVEK_FAULT", fault.c_str(), 1);
+        return Game::program(more);
     }
 
     // Waits until the program waits for a key, and takes in what it shows; false when it does not.
