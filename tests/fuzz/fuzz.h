@@ -1,15 +1,16 @@
-// What all targets share. A target is a routine that takes any bytes; FUZZED names the one that an
-// executable is built for.
+// What all targets share.
 #pragma once
+
+#include "support/folder.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <functional>
-#include <string>
-#include <string_view>
 
 namespace fuzz {
+
+// Takes any bytes; FUZZED names the one that an executable is built for.
+using Target = void (*)(std::string_view input);
 
 // Ends the run with a finding unless the condition holds.
 inline void require(bool condition) {
@@ -30,32 +31,22 @@ inline unsigned takeNumber(std::string_view& input) {
     return input.empty() ? 0U : static_cast<unsigned char>(take(input, 1).front());
 }
 
-// Works from now on in a directory of this process's own, in memory where there is such a place;
-// it is gone with the process.
-void workInMemory();
+// The directory of this process's own in which it works from now on, in memory where there is such
+// a place.
+const Folder& workFolder();
 
-// Writes a file there.
-void writeFile(const char* name, std::string_view bytes);
-
-// A caller whose every byte comes from the input, at the door toolkit's own session. How he calls:
-// the bits of the input's first byte, and what he types.
+// A caller whose every byte comes from the input, at the door toolkit's own session: the bits of
+// the input's first byte, and what he types.
 struct Call {
-    explicit Call(unsigned bits, std::string_view typed = {}) : keys(typed) {
-        ansi = (bits & 1) != 0;
-        utf8 = (bits & 2) != 0;
-        telnet = (bits & 4) != 0;
-        slow = (bits & 8) != 0;
-        hurried = (bits & 16) != 0;
-    }
-
-    bool ansi;
-    bool utf8;
-    bool telnet;         // and, unless he has ANSI graphics, asked whether he has
-    bool slow;           // types no key ahead; for a NUL he waits a minute
-    bool hurried;        // has 7 minutes left
+    unsigned bits;
+    std::string_view keys{}; // the line is lost behind the last one
+    bool ansi = (bits & 1) != 0;
+    bool utf8 = (bits & 2) != 0;
+    bool telnet = (bits & 4) != 0;   // and, unless he has ANSI graphics, asked whether he has
+    bool slow = (bits & 8) != 0;     // types no key ahead; for a NUL he waits a minute
+    bool hurried = (bits & 16) != 0; // has 7 minutes left
     bool trusted = true; // whether what he is shown must be free of foreign control bytes
     std::string name = "Alice";
-    std::string_view keys; // the line is lost behind the last one
 };
 
 // Holds one call in a new session, until the door comes to its end or the session ends.

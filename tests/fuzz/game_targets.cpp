@@ -11,11 +11,10 @@
 #include "files/score_file.h"
 #include "files/scroll_file.h"
 #include "state/game_state.h"
+#include "text.h"
 #include "towne/news.h"
 #include "towne/scores.h"
 #include "towne/scroll_board.h"
-
-#include <unistd.h>
 
 using namespace morvek;
 
@@ -49,32 +48,29 @@ void beginGame() {
     game = GameState{};
     game.session.dateStamp = "111526";
     seed = 0;
-    workInMemory();
-    for (const char* name : {rosterName, configurationFileName, scoreFileName, plainBulletinName,
-                             ansiBulletinName, scrollFileName, "111526.txt"}) {
-        unlink(name);
+    for (const auto& entry : std::filesystem::directory_iterator(workFolder().self)) {
+        std::filesystem::remove(entry);
     }
-}
-
-void own(PlayerRecord& slot, std::string_view owner, std::string_view name) {
-    slot.ownerName.assign(owner);
-    slot.name.assign(name);
-    slot.className.assign("Ranger");
-    slot.weapon.assign("Club");
-    slot.armour.assign("Cloth");
-    slot.level = slot.weaponNumber = slot.armourNumber = 1;
-    slot.experienceNeeded = 1000;
-    slot.hitPoints = slot.maxHitPoints = slot.strength = slot.dexterity = 18;
-    slot.turnsLeft = slot.turnsPerDay = 30;
-    slot.gold = 5000;
 }
 
 // A character file of three, the second of them the caller's.
 std::string characterFile() {
     auto slots = emptySlots();
-    own(slots[0], "Bob", "Bjorn");
-    own(slots[1], "Alice", "Arwen");
-    own(slots[2], "Carol", "Cirdan");
+    constexpr std::array owners{"Bob", "Alice", "Carol"};
+    constexpr std::array names{"Bjorn", "Arwen", "Cirdan"};
+    for (std::size_t number = 0; number < owners.size(); ++number) {
+        PlayerRecord& slot = slots[number];
+        slot.ownerName.assign(owners[number]);
+        slot.name.assign(names[number]);
+        slot.className.assign("Ranger");
+        slot.weapon.assign("Club");
+        slot.armour.assign("Cloth");
+        slot.level = slot.weaponNumber = slot.armourNumber = 1;
+        slot.experienceNeeded = 1000;
+        slot.hitPoints = slot.maxHitPoints = slot.strength = slot.dexterity = 18;
+        slot.turnsLeft = slot.turnsPerDay = 30;
+        slot.gold = 5000;
+    }
     return {reinterpret_cast<const char*>(slots.data()), rosterSize};
 }
 
@@ -94,46 +90,44 @@ void forge(std::string& bytes, std::string_view& patches, std::size_t most) {
     }
 }
 
-void playWhole() {
-    tidyUserName(TextSlot::capacity);
-    takeDisplayName();
-    detectTerminal();
-    titleMenu();
-}
-
 // A call with this character file, which is saved whole or not at all.
 void play(const Call& call, const std::string& roster) {
     if (!roster.empty()) {
-        writeFile(rosterName, roster);
+        workFolder().write(rosterName, roster);
     }
-    hold(call, playWhole);
+    hold(call, [] {
+        tidyUserName(TextSlot::capacity);
+        takeDisplayName();
+        detectTerminal();
+        titleMenu();
+    });
     const std::string after = readWhole(rosterName).value_or("");
     require(after == roster || after.size() == rosterSize);
 }
 
 } // namespace
 
-void configuration(std::string_view input) {
+extern const Target configuration = [](std::string_view input) {
     beginGame();
-    writeFile(configurationFileName, input);
-    hold(Call(1, "Q"), [] {
+    workFolder().write(configurationFileName, input);
+    hold({1, "Q"}, [] {
         if (readConfiguration()) {
             require(game.session.hostName.size() <= longestConfigurationLine);
             require(game.session.gameDirectory.size() <= longestConfigurationLine);
             titleMenu();
         }
     });
-}
+};
 
 // The name of the player whose score is entered ends in a line feed.
-void scores(std::string_view input) {
+extern const Target scores = [](std::string_view input) {
     beginGame();
     const unsigned bits = takeNumber(input);
     game.player.experience = static_cast<std::int32_t>(takeNumber(input) << 5U);
     game.player.name = take(input, std::min<std::size_t>(15, input.find('\n')));
     game.player.className = "Ranger";
-    writeFile(scoreFileName, input.substr(std::min<std::size_t>(input.size(), 1)));
-    hold(Call(bits), [] {
+    workFolder().write(scoreFileName, input.substr(std::min<std::size_t>(input.size(), 1)));
+    hold({bits}, [] {
         showTopTen();
         prepareScore();
         updateScores(3);
@@ -142,46 +136,46 @@ void scores(std::string_view input) {
         waitForKey();
     });
     for (const char byte : readWhole(plainBulletinName).value_or("")) {
-        require((static_cast<unsigned char>(byte) >= ' ' && byte != 127) || byte == '\n');
+        require(byte == '\n' || !odoors::isControl(byte));
     }
-}
+};
 
 // Up to 31 keys, and the board's file.
-void board(std::string_view input) {
+extern const Target board = [](std::string_view input) {
     beginGame();
     game.player.name = "Arwen";
     const unsigned bits = takeNumber(input);
     const std::string_view keys = take(input, takeNumber(input) % 32);
-    writeFile(scrollFileName, input);
-    hold(Call(bits, keys), scrollBoard);
-}
+    workFolder().write(scrollFileName, input);
+    hold({bits, keys}, scrollBoard);
+};
 
-void news(std::string_view input) {
+extern const Target news = [](std::string_view input) {
     beginGame();
     const unsigned bits = takeNumber(input);
-    writeFile("111526.txt", input);
-    hold(Call(bits, "x"), [] {
+    workFolder().write("111526.txt", input);
+    hold({bits, "x"}, [] {
         newsJoined();
         showNews();
     });
-}
+};
 
 // A tour of all that shows the characters of the file, and of what saves them.
-void characterRecord(std::string_view input) {
+extern const Target characterRecord = [](std::string_view input) {
     beginGame();
-    Call call(takeNumber(input), "Skyklkokp1\rnqkkQ");
+    const Call call{takeNumber(input), "Skyklkokp1\rnqkkQ"};
     std::string roster = characterFile();
     forge(roster, input, input.size());
     play(call, roster);
-}
+};
 
 // Chance, the caller's name, up to 7 patches of the character file, or no such file; and his keys.
-void wholeGame(std::string_view input) {
+extern const Target wholeGame = [](std::string_view input) {
     beginGame();
-    writeFile(scrollFileName, "");
+    workFolder().write(scrollFileName, "");
     const unsigned bits = takeNumber(input);
     seed = takeNumber(input);
-    Call call(bits);
+    Call call{bits};
     if ((bits & 32) != 0) {
         call.name = take(input, takeNumber(input) % 40);
     }
@@ -192,6 +186,6 @@ void wholeGame(std::string_view input) {
     }
     call.keys = input;
     play(call, roster);
-}
+};
 
 } // namespace fuzz

@@ -28,7 +28,8 @@ void resolve(const odoors::Options& options, const std::optional<odoors::DropFil
 }
 
 // The caller of a drop file under both names, or one line that says why there is none.
-void readDropFile(odoors::DropFile (*read)(const odoors::DropLines&), std::string_view input) {
+template <odoors::DropFile read(const odoors::DropLines&)>
+void dropFile(std::string_view input) {
     try {
         const odoors::DropFile file = read({"call", input});
         odoors::Options options;
@@ -44,28 +45,14 @@ void readDropFile(odoors::DropFile (*read)(const odoors::DropLines&), std::strin
 
 } // namespace
 
-void door32Sys(std::string_view input) {
-    readDropFile(odoors::readDoor32, input);
-}
-
-void doorSys(std::string_view input) {
-    readDropFile(odoors::readDoorSys, input);
-}
-
-void dorinfoDef(std::string_view input) {
-    readDropFile(odoors::readDorinfo, input);
-}
-
-void chainTxt(std::string_view input) {
-    readDropFile(odoors::readChain, input);
-}
-
-void bbsdevDrp(std::string_view input) {
-    readDropFile(odoors::readBbsdev, input);
-}
+extern const Target door32Sys = dropFile<odoors::readDoor32>;
+extern const Target doorSys = dropFile<odoors::readDoorSys>;
+extern const Target dorinfoDef = dropFile<odoors::readDorinfo>;
+extern const Target chainTxt = dropFile<odoors::readChain>;
+extern const Target bbsdevDrp = dropFile<odoors::readBbsdev>;
 
 // The command line, a line of the input a word.
-void options(std::string_view input) {
+extern const Target options = [](std::string_view input) {
     std::string words(input);
     std::vector<const char*> arguments;
     for (std::size_t begin = 0; begin < words.size();) {
@@ -79,14 +66,12 @@ void options(std::string_view input) {
     } catch (const odoors::Refusal& refusal) {
         require(!refusal.reason.empty());
     }
-}
+};
 
 // A menu's display file, which is also said as a text with colour codes.
-void displayFile(std::string_view input) {
-    workInMemory();
-    Call call(takeNumber(input));
-    writeFile("menu.asc", input);
-    call.keys = "x";
+extern const Target displayFile = [](std::string_view input) {
+    Call call{takeNumber(input), "x"};
+    workFolder().write("menu.asc", input);
     call.trusted = false;
     hold(call, [] { od_hotkey_menu("MENU", "x", 1); });
     call.trusted = true;
@@ -95,21 +80,19 @@ void displayFile(std::string_view input) {
         od_disp(input.data(), static_cast<int>(input.size()), 1);
         od_get_key(1);
     });
-}
+};
 
 // Every way in which the caller is asked, in turn.
-void terminal(std::string_view input) {
+extern const Target terminal = [](std::string_view input) {
     const unsigned bits = takeNumber(input);
-    hold(Call(bits, input), [] {
+    hold({bits, input}, [] {
         od_autodetect(0);
         while (true) {
             std::array<char, 21> line{"abc"};
             od_input_str(line.data(), 20, 32, 255);
             const std::string_view typed = line.data();
             require(typed.size() <= 20);
-            require(std::all_of(typed.begin(), typed.end(), [](char key) {
-                return static_cast<unsigned char>(key) >= ' ' && key != 127;
-            }));
+            require(std::none_of(typed.begin(), typed.end(), odoors::isControl));
             od_set_cursor(3, 40);
             od_disp_str(line.data());
             require(std::string_view("YNx").find(od_get_answer("YNx")) != std::string_view::npos);
@@ -118,6 +101,6 @@ void terminal(std::string_view input) {
             require(od_get_key(1) != 0);
         }
     });
-}
+};
 
 } // namespace fuzz

@@ -4,7 +4,6 @@
 #include "support/process.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "OpenDoor.h"
 
@@ -17,15 +16,10 @@ const Arguments coloured{"-LOCAL", "-GRAPHICS"};
 // end leaves with status 0.
 inline Child doorChild(const Arguments& arguments, const Door& door) {
     return [=] {
-        for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-            unsetenv(name);
-        }
+        setenv("LC_ALL", "C", 1);
         setenv("LOGNAME", "newcomer", 1);
-        std::vector<char*> argv{const_cast<char*>("door")};
-        for (const std::string& argument : arguments) {
-            argv.push_back(const_cast<char*>(argument.c_str()));
-        }
-        od_parse_cmd_line(static_cast<int>(argv.size()), argv.data());
+        std::vector<char*> argv = commandLine(arguments);
+        od_parse_cmd_line(static_cast<int>(argv.size()) - 1, argv.data());
         od_init();
         door();
         od_exit(0, 0);

@@ -1,25 +1,66 @@
+// Who the caller is and how he is reached: options, and drop files as boards should not write them;
+// the program's own journeys start with each kind of them as they do.
 #include "caller.h"
 
-#include <sstream>
-
-#include <sys/socket.h>
-
+#include "board.h"
 #include "call.h"
 #include "text.h"
+
+#include <sys/socket.h>
 
 using namespace odoors;
 
 namespace {
 
-Options optionsOf(const std::string& commandLine) {
-    std::istringstream words(commandLine);
+Options optionsOf(const std::string& line) {
+    std::istringstream words(line);
     const Arguments arguments{std::istream_iterator<std::string>(words), {}};
-    std::vector<const char*> pointers;
-    for (const std::string& argument : arguments) {
-        pointers.push_back(argument.c_str());
-    }
-    return readOptions(pointers);
+    return readOptions({commandLine(arguments).data() + 1, arguments.size()});
 }
+
+void tellCaller() {
+    const int ansi = std::exchange(od_control.user_ansi, '\0');
+    od_printf("%s,%d,%d,%d", od_control.user_name, od_control.user_timelimit, ansi,
+              od_control.od_node);
+}
+
+struct DropFiles : testing::Test {
+    Folder folder;
+
+    // What a session with this drop file or directory knows of its caller, or why there is none.
+    static std::string told(const std::string& path, Arguments more = {}) {
+        if (!path.empty()) {
+            more.insert(more.end(), {"-D", path});
+        }
+        const Outcome outcome = callWithKeys(more, "", tellCaller);
+        EXPECT_EQ(outcome.shown.empty(), outcome.status == 1);
+        return outcome.shown + outcome.complaints;
+    }
+
+    // The line for which a file with these bytes is refused, and why.
+    std::string refusal(const BoardFile& file, const std::string& bytes) const {
+        const std::string complaint = told(folder.write(file.name, bytes));
+        EXPECT_TRUE(complaint.starts_with(folder.path(file.name) + ": line "));
+        return complaint.substr(folder.path(file.name).size() + 7);
+    }
+
+    // A file of this kind must have so many lines, and numbers in these.
+    void expectRefusals(const BoardFile& file, std::size_t needed,
+                        const std::vector<std::size_t>& numbers) const {
+        std::string lines;
+        for (std::size_t next = 1; next <= needed; ++next) {
+            EXPECT_EQ(refusal(file, lines), std::to_string(next) + " is missing; " +
+                                                std::to_string(needed) + " lines are needed\n");
+            lines += "1\n";
+        }
+        for (const std::size_t line : numbers) {
+            for (const char* text : {"", "x", "1x", "-", "1 2", "0x1", "1.5x"}) {
+                EXPECT_EQ(refusal(file, file.with({{line, text}})),
+                          std::to_string(line) + " is no number\n");
+            }
+        }
+    }
+};
 
 } // namespace
 
@@ -48,18 +89,13 @@ TEST(OptionsTest, WrongOnesAreRefused) {
                              "-INACTIVITY 1.5", "-CHARSET latin1"}) {
         EXPECT_THROW(optionsOf(line), Refusal) << line;
     }
-    const Outcome outcome = callWithKeys({"-LOCAL", "-FOO"}, "", [] {});
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.complaints, std::string("unknown option -FOO\n") + usage);
     const Outcome help = callWithKeys({"-HELP"}, "", [] {});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.shown, usage);
 }
 
 TEST(CallerTest, IsReachedAsHeReallyCanBe) {
-    std::array<int, 2> sockets{};
-    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, sockets.data()), 0);
-    const int socket = sockets[0];
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     // The socket; 0: standard input and output.
     const auto reached = [](Route route, int handle, const std::string& option, Streams streams) {
         DropFile file;
@@ -75,15 +111,61 @@ TEST(CallerTest, IsReachedAsHeReallyCanBe) {
     EXPECT_EQ(reached(Route::unreachable, 0, "-STDIO", {}), 0);
     EXPECT_EQ(reached(Route::unreachable, 0, "-SOCKET " + std::to_string(socket), {}), socket);
     EXPECT_EQ(reached(Route::socket, socket, "-H0", {}), 0);
-    close(sockets[0]);
-    close(sockets[1]);
+    close(socket);
+    // How long he may wait.
+    EXPECT_EQ(resolveCaller({}, DropFile(), {}).inactivitySeconds, 300);
+    EXPECT_EQ(resolveCaller(optionsOf("-INACTIVITY=2"), DropFile(), {}).inactivitySeconds, 2);
+    EXPECT_EQ(resolveCaller(optionsOf("-USERNAME="), {}, {}).inactivitySeconds, 0);
+    EXPECT_EQ(resolveCaller(optionsOf("-USERNAME="), {}, {}).name, "");
 }
 
-TEST(CallerTest, IsOverruledByOptions) {
-    DropFile file;
-    file.alias = "Ace";
-    EXPECT_EQ(resolveCaller({}, file, {}).inactivitySeconds, 300);
-    EXPECT_EQ(resolveCaller(optionsOf("-INACTIVITY=2"), file, {}).inactivitySeconds, 2);
-    EXPECT_EQ(resolveCaller({}, {}, {}).inactivitySeconds, 0);
-    EXPECT_EQ(resolveCaller(optionsOf("-USERNAME="), file, {}).name, "");
+TEST_F(DropFiles, AreRefusedByLine) {
+    expectRefusals(door32, 11, {1, 2, 9, 10, 11});
+    expectRefusals(doorSys, 31, {4, 19});
+    expectRefusals(dorinfo, 12, {10, 12});
+    expectRefusals(chain, 32, {14, 16});
+    expectRefusals(bbsdev, 19, {18});
+    for (const std::string other : {"1=2.0", "1=10.0", "1=\xef\xbb\xbf\x31.0", "2=", "2=smoke",
+                                    "11=soon", "11=2026-02-29T00:00:00Z", "11=2026-01-01T24:00:00Z",
+                                    "11=2026-01-01T00:00:00", "11=2026-01-01 00:00:00Z"}) {
+        const std::size_t middle = other.find('=');
+        const std::string bytes = bbsdev.with({{std::stoul(other), other.substr(middle + 1)}});
+        EXPECT_EQ(refusal(bbsdev, bytes).find(other.substr(0, middle) + " is no "), 0U) << other;
+    }
+}
+
+TEST_F(DropFiles, AreFoundInTheirOrderInAnyLetterCase) {
+    folder.write(bbsdev.name, bbsdev.with());
+    EXPECT_EQ(told(folder.path()), folder.path() + ": holds no drop file\n");
+    // From the last to the first, so that each new one comes before those that are there.
+    folder.write("chain.txt", chain.with({{2, "chain"}}));
+    EXPECT_EQ(told(folder.path(), {"-N9"}), "chain,45,1,9");
+    folder.write("Dorinfo1.Def", dorinfo.with({{8, "one"}}));
+    folder.write("dorinfo3.def", dorinfo.with());
+    EXPECT_EQ(told(folder.path()), "J\x94rg one,45,1,1");
+    EXPECT_EQ(told(folder.path("DORINFO3.DEF")), jorg + ",45,1,3");
+    EXPECT_EQ(told(folder.path(), {"-N", "3"}), jorg + ",45,1,3");
+    folder.write("DOOR.sys", doorSys.with({{36, "sys"}}));
+    EXPECT_EQ(told(folder.path()), "sys,45,1,3");
+    folder.write("door32.Sys", door32.with({{7, std::string(40, 'x')}, {11, "99999999999"}}));
+    EXPECT_EQ(told(folder.path()), std::string(35, 'x') + ",45,1,2147483647");
+}
+
+TEST_F(DropFiles, OfTheStartDirectoryAreUsedUnasked) {
+    ASSERT_EQ(chdir(folder.path().c_str()), 0);
+    for (const char* path : {"", ".", "none", "/dev/null", "DOOR32.SYS"}) {
+        const std::string complaint = told(path);
+        EXPECT_EQ(complaint.find(jorg), std::string::npos);
+        EXPECT_EQ(complaint.find('\n'), complaint.size() - 1);
+    }
+    folder.write(door32.name, door32.with());
+    EXPECT_EQ(told(""), jorg + ",45,1,3");
+    // The one that the board names in the environment comes first.
+    folder.write("call.7", bbsdev.with({{12, "utf-8"}, {18, "7"}}));
+    setenv("BBSDEV_DRP", "call.7", 1);
+    EXPECT_EQ(told(""), "J\xc3\xb6rg Ace,45,1,7");
+    setenv("BBSDEV_DRP", "/none", 1);
+    EXPECT_EQ(told(""), "/none: cannot be read: No such file or directory\n");
+    unsetenv("BBSDEV_DRP");
+    ASSERT_EQ(chdir("/"), 0);
 }

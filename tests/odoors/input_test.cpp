@@ -8,21 +8,14 @@ using namespace odoors;
 namespace {
 
 std::string lineAfter(const std::string& start, const std::string& keys, int longest = 8,
-                      unsigned char least = 0, unsigned char most = 127) {
+                      unsigned char least = 0, unsigned char most = 127,
+                      const Arguments& arguments = plain) {
     const Door door = [&] {
         std::string text = start + std::string(80, '\0');
         od_input_str(text.data(), longest, least, most);
         od_disp_str((std::string("[") + text.c_str() + "]").c_str());
     };
-    return callWithKeys(plain, keys, door).shown;
-}
-
-std::string keysOf(KeyDecoder& decoder) {
-    std::string keys;
-    while (const char key = decoder.take()) {
-        keys += key;
-    }
-    return keys;
+    return callWithKeys(arguments, keys, door).shown;
 }
 
 // The keys in the bytes when they come at once, and when each comes alone.
@@ -34,7 +27,11 @@ void expectKeys(Charset charset, const std::string& bytes, const std::string& ke
             decoder.feed(std::string_view(bytes).substr(at, step));
         }
         decoder.finish();
-        EXPECT_EQ(keysOf(decoder), keys) << testing::PrintToString(bytes) << " by " << step;
+        std::string taken;
+        while (const char key = decoder.take()) {
+            taken += key;
+        }
+        EXPECT_EQ(taken, keys) << testing::PrintToString(bytes) << " by " << step;
     }
 }
 
@@ -64,84 +61,54 @@ TEST(Keys, Utf8CharactersComeAsCp437) {
     expectKeys(Charset::utf8, "\xe2\x95\033[A\xe2", "\x7f\x7f");
 }
 
-TEST(Keys, OneExpectedCursorReportIsNoKey) {
-    KeyDecoder decoder;
-    decoder.expectCursorReport();
-    decoder.feed("a\033[R\033[;R\033[1;R\033[1;2;3Rb");
-    EXPECT_FALSE(decoder.cursorReportSeen());
-    decoder.feed("\033[24;80");
-    decoder.feed("Rc\033[1;1R");
-    EXPECT_TRUE(decoder.cursorReportSeen());
-    EXPECT_EQ(keysOf(decoder), "a\x7f\x7f\x7f\x7f"
-                               "bc\x7f");
-}
-
 TEST(LineInput, EditsTheText) {
-    EXPECT_EQ(lineAfter("", "ab c\r"), "ab c\n\r[ab c]");
-    EXPECT_EQ(lineAfter("", "\r"), "\n\r[]");
-    EXPECT_EQ(lineAfter("", "ab\b\x7f\bc\r"), "ab\b \b\b \bc\n\r[c]");
-    EXPECT_EQ(lineAfter("", "123456789\r"), "12345678\n\r[12345678]");
-    EXPECT_EQ(lineAfter("", "a\033[Ab\t\x01\033Oc\033d\r"), "abd\n\r[abd]");
+    const std::vector<std::string> startKeysAndShown{
+        "", "ab c\r", "ab c\n\r[ab c]", "", "ab\b\x7f\bc\r", "ab\b \b\b \bc\n\r[c]", "",
+        "123456789\r", "12345678\n\r[12345678]", "", "a\033[Ab\t\x01\033Oc\033d\r", "abd\n\r[abd]",
+        // The text that is in the buffer already.
+        "old", "\r", "old\n\r[old]", "old", "\033[A\tnew\r", "old\b \b\b \b\b \bnew\n\r[new]",
+        "old", "\bx\r", "old\b \bx\n\r[olx]", "longer than eight", "\r", "longer t\n\r[longer t]",
+        "o\033d", "n\r", "od\b \b\b \bn\n\r[n]"};
+    for (std::size_t i = 0; i < startKeysAndShown.size(); i += 3) {
+        EXPECT_EQ(lineAfter(startKeysAndShown[i], startKeysAndShown[i + 1]),
+                  startKeysAndShown[i + 2]);
+    }
     EXPECT_EQ(lineAfter("", "a`\x94~\x7f\r", 8, 32, 127), "a`~\b \b\n\r[a`]");
     EXPECT_EQ(lineAfter("", "19a\x94\r", 8, '2', 255), "9a\x94\n\r[9a\x94]");
     EXPECT_EQ(lineAfter("", "abc\r", 0), "\n\r[]");
-    // The text that is in the buffer already.
-    EXPECT_EQ(lineAfter("old", "\r"), "old\n\r[old]");
-    EXPECT_EQ(lineAfter("old", "\033[A\tnew\r"), "old\b \b\b \b\b \bnew\n\r[new]");
-    EXPECT_EQ(lineAfter("old", "\bx\r"), "old\b \bx\n\r[olx]");
-    EXPECT_EQ(lineAfter("longer than eight", "\r"), "longer t\n\r[longer t]");
-    EXPECT_EQ(lineAfter("o\033d", "n\r"), "od\b \b\b \bn\n\r[n]");
+    EXPECT_EQ(lineAfter("", "\xc3\xa4\r", 8, 132, 132, {"-L", "-CHARSET=utf8"}),
+              "\xc3\xa4\n\r[\xc3\xa4]");
 }
 
 TEST(Keys, AreChosenInEitherCase) {
-    const Outcome outcome = callWithKeys(plain, "xY\033[nN1S\033", [] {
+    const Outcome outcome = callWithKeys(plain, "xY\033[nNS1\033", [] {
         od_printf("<%c>", od_get_answer("yn"));
         od_printf("<%c>", od_get_answer("YN"));
-        od_printf("<%d>", od_get_key(1));
-        od_printf("<%c>", od_get_key(0));
-        od_printf("<%d>", od_get_key(1));
-        od_get_key(1);
+        for (int wait = 0;; wait = 1) {
+            od_printf("<%d>", od_get_key(wait));
+        }
     });
-    EXPECT_EQ(outcome.shown, "<y><N><49><S><27>");
+    EXPECT_EQ(outcome.shown, "<y><N><83><49><27>");
     EXPECT_EQ(outcome.status, 2);
 }
 
-TEST(Keys, TypedCharactersComeInTheBoardsCharacterSet) {
-    const Arguments arguments{"-LOCAL", "-CHARSET", "utf8", "-USERNAME", "\xc3\xb6"};
-    const Outcome outcome = callWithKeys(arguments, "\xc3\xa4x", [] {
-        od_printf("%d", static_cast<unsigned char>(od_get_key(1)));
-        od_printf("%c%s", od_get_key(1), od_control.user_name);
-    });
-    EXPECT_EQ(outcome.shown, "132x\xc3\xb6");
-}
-
-struct Menu : testing::Test {
-    Folder folder;
-    std::string name = folder.path("menu");
-
-    std::string shownFor(const Arguments& arguments, const std::string& keys, const char* hotkeys) {
+TEST(Menu, ShowsTheCallersFileUnlessAKeyIsTypedAlready) {
+    const Folder folder;
+    const auto shownFor = [&](const Arguments& arguments, const char* keys, const char* hotkeys) {
         const Door door = [&] {
             od_printf("`red`>");
-            od_printf("<%c>", od_hotkey_menu(name.c_str(), hotkeys, 1));
+            od_printf("<%c>", od_hotkey_menu(folder.path("menu").c_str(), hotkeys, 1));
         };
         return callWithKeys(arguments, keys, door).shown;
-    }
-};
-
-TEST_F(Menu, ShowsItsFileUnlessTheKeyIsTypedAlready) {
+    };
+    EXPECT_EQ(shownFor(plain, "xs", "SHQ"), "><S>");
     folder.write("Menu.ASC", "plain `file`\r\n\x80\x1aSAUCE00");
     EXPECT_EQ(shownFor(plain, "s", "SHQ"), "><S>");
     EXPECT_EQ(shownFor(plain, "xs", "SHQ"), ">plain `file`\r\n\x80<S>");
     EXPECT_EQ(shownFor(plain, "\033[As", "SHQA"), ">plain `file`\r\n\x80<S>");
     EXPECT_EQ(shownFor(plain, "", "SHQ"), ">plain `file`\r\n\x80");
     EXPECT_EQ(shownFor({"-L", "-CHARSET=utf8"}, "xs", "S"), ">plain `file`\r\n\xc3\x87<S>");
-    name = folder.path("other");
-    EXPECT_EQ(shownFor(plain, "xs", "SHQ"), "><S>");
-}
-
-TEST_F(Menu, ChoosesTheColouredFileAndKeepsTheColour) {
-    folder.write("menu.asc", "plain");
-    EXPECT_EQ(shownFor(coloured, "xs", "s"), "\033[0;31m>plain<s>\033[0m");
+    EXPECT_EQ(shownFor(coloured, "xs", "s"), "\033[0;31m>plain `file`\r\n\x80<s>\033[0m");
     folder.write("menu.ans", "\033[1;32mgreen");
     EXPECT_EQ(shownFor(coloured, "xs", "s"), "\033[0;31m>\033[1;32mgreen\033[0;31m<s>\033[0m");
 }

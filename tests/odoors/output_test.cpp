@@ -32,18 +32,13 @@ struct OutputTest : testing::Test {
 };
 
 TEST_F(OutputTest, ColourIsSentOnceBeforeTextThatNeedsIt) {
-    EXPECT_EQ(coded("a"), "\033[0;37ma");
-    EXPECT_EQ(coded("`red`"), "");
-    EXPECT_EQ(coded("`blue`b`red`c"), "\033[0;34mb\033[0;31mc");
-    EXPECT_EQ(coded("`nonsense`f``g"), "fg");
-    EXPECT_EQ(coded("\a`green`\a"), "");
-    EXPECT_EQ(coded("h"), "\033[0;32mh");
     // A code that is left open ends with its text.
-    EXPECT_EQ(coded("i`blue"), "i");
-    EXPECT_EQ(coded("red`j"), "\033[0;34mred");
-    EXPECT_EQ(coded("k`green on"), "k");
-    EXPECT_EQ(coded("`"), "");
-    EXPECT_EQ(coded("l"), "l");
+    std::string shown;
+    for (const char* text : {"a", "`red`", "`blue`b`red`c", "`nonsense`f``g", "\a`green`\a", "h",
+                             "i`blue", "red`j", "k`green on", "`", "l"}) {
+        shown += coded(text) + '|';
+    }
+    EXPECT_EQ(shown, "\033[0;37ma||\033[0;34mb\033[0;31mc|fg||\033[0;32mh|i|\033[0;34mred|k||l|");
 }
 
 TEST_F(OutputTest, OnlyDisplayFilesSendControlBytes) {

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 // The file's bytes; empty when there is none.
 inline std::string readFile(const std::string& path) {
@@ -14,7 +15,7 @@ inline std::string readFile(const std::string& path) {
 
 // A directory of its own for one test, gone with it.
 struct Folder {
-    Folder() {
+    explicit Folder(const std::string& where = "/tmp") : self(where + "/morvek.XXXXXX") {
         if (mkdtemp(self.data()) == nullptr) {
             std::abort();
         }
@@ -26,10 +27,10 @@ struct Folder {
     std::string path(const std::string& name = "") const { return self + '/' + name; }
 
     // Writes a file into it; its path.
-    std::string write(const std::string& name, const std::string& bytes) const {
+    std::string write(const std::string& name, std::string_view bytes) const {
         std::ofstream(path(name), std::ios::binary) << bytes;
         return path(name);
     }
 
-    std::string self = "/tmp/morvek.XXXXXX";
+    std::string self;
 };

@@ -23,19 +23,16 @@ void require(bool condition) {
     }
 }
 
-std::string readToEnd(int descriptor, std::vector<std::string>& pieces) {
-    std::string all;
-    std::vector<char> buffer(1 << 18);
-    ssize_t count = 0;
-    while ((count = read(descriptor, buffer.data(), buffer.size())) > 0) {
-        pieces.emplace_back(buffer.data(), static_cast<std::size_t>(count));
-        all += pieces.back();
-    }
-    close(descriptor);
-    return all;
-}
-
 } // namespace
+
+std::vector<char*> commandLine(const Arguments& arguments) {
+    std::vector<char*> words{const_cast<char*>("door")};
+    for (const std::string& argument : arguments) {
+        words.push_back(const_cast<char*>(argument.c_str()));
+    }
+    words.push_back(nullptr);
+    return words;
+}
 
 pid_t startChild(const Child& child, int input, int output, int errors, bool controlling) {
     std::fflush(nullptr);
@@ -81,9 +78,14 @@ Outcome runWithKeys(const Child& child, const std::string& keys) {
         close(descriptor);
     }
     Outcome outcome;
-    std::vector<std::string> ignored;
-    outcome.shown = readToEnd(output[0], outcome.writes);
-    outcome.complaints = readToEnd(errors[0], ignored);
+    std::vector<char> buffer(1 << 18);
+    for (ssize_t count = 0; (count = read(output[0], buffer.data(), buffer.size())) > 0;) {
+        outcome.writes.emplace_back(buffer.data(), static_cast<std::size_t>(count));
+        outcome.shown += outcome.writes.back();
+    }
+    outcome.complaints = readFile("/dev/fd/" + std::to_string(errors[0]));
+    close(output[0]);
+    close(errors[0]);
     outcome.status = waitForEnd(process);
     return outcome;
 }

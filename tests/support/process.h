@@ -14,6 +14,9 @@
 using Child = std::function<void()>;
 using Arguments = std::vector<std::string>;
 
+// The arguments as a program gets them, behind its name and before a null; they must outlive it.
+std::vector<char*> commandLine(const Arguments& arguments);
+
 // How a call went: the exit status (1000 and more: the signal that ended it) and what came out.
 struct Outcome {
     int status = -1;

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 constexpr std::size_t recordSize = 1500;
-constexpr std::size_t ownerNameAt = 68; // where the text of this slot begins
 
 // Files by their names.
 using Files = std::map<std::string, std::string>;
@@ -28,13 +27,8 @@ public:
 
     Child program(const Arguments& arguments) const {
         return [arguments, directory = folder.path()] {
-            std::vector<char*> words{const_cast<char*>("morvek")};
-            for (const std::string& argument : arguments) {
-                words.push_back(const_cast<char*>(argument.c_str()));
-            }
-            words.push_back(nullptr);
             if (chdir(directory.c_str()) == 0) {
-                execv(MORVEK_PROGRAM, words.data());
+                execv(MORVEK_PROGRAM, commandLine(arguments).data());
             }
             std::abort();
         };
