@@ -92,6 +92,7 @@ namespace odoors {
 void makeTerminalRaw(int) {}
 void restoreTerminal() {}
 void watchSignals(int) {}
+void endAfter(Milliseconds, int) {}
 bool sessionSignalled() {
     return false;
 }

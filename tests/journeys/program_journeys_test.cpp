@@ -68,11 +68,11 @@ TEST(ProgramJourney, ThroughTextsThatSteerNobody) {
     std::string roster;
     for (const std::string owner : {"Ace", "Bob"}) {
         std::string record(recordSize, '\0');
-        for (const std::size_t at : {0, 24, 84, 108, 196, 224}) {
+        for (const auto at : {0U, 24U, 84U, 108U, 196U, 224U}) {
             record.replace(at, slot.size(), slot);
         }
         record.replace(64, 7, "\3\0\0\0"s + owner);
-        for (const std::size_t at : {56, 132, 160, 164, 192, 220}) {
+        for (const auto at : {56U, 132U, 160U, 164U, 192U, 220U}) {
             record[at] = 1;
         }
         roster += record;
@@ -143,10 +143,11 @@ TEST(ProgramJourney, ThroughATelnetProgram) {
     }
     Game game;
     game.write("DOOR32.SYS", door32.with({{2, std::to_string(handedSocket)}}));
-    sockaddr_in address{};
+    sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}}; // the system chooses the port
     socklen_t size = sizeof address;
     const int listener = socket(AF_INET, SOCK_STREAM, 0);
-    ASSERT_EQ(listen(listener, 1), 0); // at a port that the system chooses
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
+    ASSERT_EQ(listen(listener, 1), 0);
     ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size), 0);
     const std::string port = std::to_string(ntohs(address.sin_port));
     const Call telnet(

@@ -104,12 +104,14 @@ TEST(CallerTest, IsReachedAsHeReallyCanBe) {
         return resolveCaller(optionsOf(option), file, streams).socket.value_or(0);
     };
     const Streams closed{false, false, false};
-    EXPECT_EQ(reached(Route::socket, socket, "", {true, true, true}), 0);
+    const Streams terminal{true, true, true};
+    EXPECT_EQ(reached(Route::socket, socket, "", terminal), 0);
     EXPECT_EQ(reached(Route::socket, socket, "", closed), socket);
     EXPECT_EQ(reached(Route::socket, dup(STDERR_FILENO), "", {}), 0);
     EXPECT_THROW(reached(Route::socket, 1000, "", closed), Refusal);
     EXPECT_EQ(reached(Route::unreachable, 0, "-STDIO", {}), 0);
-    EXPECT_EQ(reached(Route::unreachable, 0, "-SOCKET " + std::to_string(socket), {}), socket);
+    EXPECT_EQ(reached(Route::unreachable, 0, "-SOCKET " + std::to_string(socket), terminal),
+              socket);
     EXPECT_EQ(reached(Route::socket, socket, "-H0", {}), 0);
     close(socket);
     // How long he may wait.

@@ -197,4 +197,5 @@ TEST(Time, MinutesGoByAndWarningsComeOnce) {
               "7 6 \n\rYou have at most 5 minutes left.\n\r5 4 2 "
               "\n\rYou have at most 1 minute left.\n\r1 1 \n\rYour time is used up.\n\r");
     EXPECT_EQ(callWithKeys({"-L"}, "a", [&] { pass({7200}); }).shown, "0 ") << "no limit to keep";
+    EXPECT_EQ(Call(doorChild({"-L", "-TIMELEFT", "0"}, flood)).status(), 3) << "he takes no output";
 }
