@@ -24,13 +24,13 @@ protected:
         writeFile("morchars.dat", rosterBytes());
     }
 
-    // Rounds in which weapon and armour roll 3, the player hits for 4 and the opponent misses.
-    static void addRounds(std::deque<int>& draws, int rounds) {
-        for (int round = 0; round < rounds; ++round) {
-            for (const int drawn : {2, 2, 0, 0, 3, 0, 1, 0}) {
-                draws.push_back(drawn);
-            }
+    // Rounds in which weapon and armour roll 3, the player hits for 4 and the opponent misses, and
+    // one that the opponent does not outlive.
+    static void addFight(std::deque<int>& draws, int rounds) {
+        for (int round = 1; round < rounds; ++round) {
+            draws.insert(draws.end(), {2, 2, 0, 0, 3, 0, 1, 0});
         }
+        draws.insert(draws.end(), {2, 2, 0, 0, 3});
     }
 };
 
@@ -47,16 +47,9 @@ TEST_F(TowneJourney, ThroughTheTrainersToLevelSeven) {
         });
         const int rounds = (5 * level + 5 + 3) / 4;
         std::deque<int> draws(level == 1 ? 1 : 2, 0); // the trainer's damage
-        addRounds(draws, rounds - 1);
-        for (const int drawn : {2, 2, 0, 0, 3}) {
-            draws.push_back(drawn);
-        }
-        std::string fight;
-        for (int round = 1; round < rounds; ++round) {
-            fight += "ak";
-        }
+        addFight(draws, rounds);
         const std::string gained = level == 6 ? "kk" : "k"; // the last gain, and the note
-        call("Alice", "Skttttt" + fight + "a" + gained + "rrrqkkQ", draws);
+        call("Alice", "Skttttt" + times(rounds - 1, "ak") + "a" + gained + "rrrqkkQ", draws);
         EXPECT_EQ(caller.saw("`r`Congratulations!"), level < 7);
         EXPECT_EQ(caller.saw("`r`Future levels will be added later."), level >= 6);
     }
@@ -69,13 +62,9 @@ TEST_F(TowneJourney, ThroughTheTrainersToLevelSeven) {
 TEST_F(TowneJourney, TheSecondCallerRobsTheFirst) {
     call("Alice", "SArwen\ry4kqkkQ");
     meanwhile([](PlayerRecord& arwen) { arwen.gold = 500; });
-    std::deque<int> creation(24, 5);
-    std::deque<int> draws = creation;
+    std::deque<int> draws(24, 5);      // of his creation
     draws.insert(draws.end(), {0, 0}); // the opponent's damage, drawn twice
-    addRounds(draws, 3);
-    for (const int drawn : {2, 2, 0, 0, 3}) {
-        draws.push_back(drawn);
-    }
+    addFight(draws, 4);
     call("Bob", "SBoromir\ry2kp1\ryakakakakqkkQ", draws);
     EXPECT_TRUE(caller.saw("{`r`You took `W`}<500>{ `R`gold `r`from `W`}<Arwen>{`r`!}"));
     EXPECT_EQ(storedSlot(0).name.view(), "Arwen");

@@ -5,14 +5,6 @@
 
 namespace {
 
-std::string times(int count, const std::string& keys) {
-    std::string all;
-    for (int i = 0; i < count; ++i) {
-        all += keys;
-    }
-    return all;
-}
-
 void goOut(const std::string& keys) {
     caller.visit(enterWorld, keys);
     EXPECT_EQ(caller.keys, "") << "keys not asked for";

@@ -19,3 +19,8 @@ using testing::StartsWith;
 // A table that a test runs over: a row for each case.
 template <typename... Columns>
 using Cases = std::vector<std::tuple<Columns...>>;
+
+// The same keys so often.
+inline std::string times(int count, const std::string& keys) {
+    return count > 0 ? keys + times(count - 1, keys) : "";
+}
