@@ -19,7 +19,7 @@ LIKES = {"Forest": 20, "Attack": 9, "Flee": .1, "Heal": 5, "Return": 2, "Tavern"
 MOODS = ["North", "South", "East", "West", "Player", "Weapon", "Armour", "Bank", "Look", "Write"]
 WAYS_OUT = {"Return": 90, "Quit": 90, "Flee": 90, "Close": 90, "Leave": 90}
 LINES = [b"Bree", b"Edda", b"Al Ice ", b"`red`Zed`", b"%s%n%d", b"J\x94rg", b"x" * 60, b"7", b"250"]
-ENDS = ["quit"] * 4 + ["eof", "gone", signal.SIGKILL]
+ENDS = ["quit"] * 4 + ["eof", "gone", signal.SIGHUP, signal.SIGTERM, signal.SIGKILL]
 KNOWN = re.compile(r"morvek\.cfg|morchars\.dat|scroll\.dat|scores\.(dat|asc|ans)|\d{6}\.txt")
 SEQUENCE = re.compile(rb"\x1b\[[0-9;]*([A-Za-z])")
 
@@ -83,8 +83,8 @@ class Call:
 
     def finish(self):
         """Hangs up, unless he has quit, and looks at how the program ended."""
-        if self.end == signal.SIGKILL:
-            self.process.kill()
+        if isinstance(self.end, signal.Signals):
+            self.process.send_signal(self.end)
         elif self.end != "quit":
             self.to.close()
         latest = time.monotonic() + 20
