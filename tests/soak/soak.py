@@ -70,7 +70,8 @@ class Call:
         """Types once; false when the call is over."""
         typed = keys_for(self.screen, WAYS_OUT if self.left <= 0 else self.likes, self.rng)
         if self.vandal and self.rng.random() < .3:
-            typed = self.rng.randbytes(12)
+            # A name with this mark ends the list of scores, as check then tells.
+            typed = self.rng.randbytes(12).replace(b"#", b"")
         self.left -= len(typed)
         count["keys"] += len(typed)
         if self.left < -1000:
@@ -93,7 +94,10 @@ class Call:
         self.to.close()
         self.of.close()
         complaints, how = self.process.stderr.read(), self.process.wait(timeout=20)
-        legal = {"quit": {0}, signal.SIGKILL: {0, 2, -signal.SIGKILL}}.get(self.end, {0, 2})
+        legal = {0} if self.end == "quit" else {0, 2}
+        signalled = isinstance(self.end, signal.Signals)
+        if self.end == signal.SIGKILL or (signalled and not self.screen):  # Not begun yet.
+            legal.add(-self.end)
         assert how in legal and not complaints, (self.end, how, complaints)
         count[getattr(self.end, "name", self.end)] += 1
 
