@@ -2,7 +2,7 @@
 
 #include "support/stored.h"
 
-class PlayerList : public InTemporaryDirectory {};
+using PlayerList = InTemporaryDirectory;
 
 TEST_F(PlayerList, ListsWhatTheFileHoldsUnderSlotPlusOne) {
     own(0, "Bob", "`red`Bo");

@@ -3,8 +3,6 @@
 
 #include "support/temporary_directory.h"
 
-namespace morvek::test {
-
 // Begins a call: a player of 30 hit points out of 40 meets an opponent of 10, as quick as he is.
 inline void meet(const std::string& opponent) {
     newCall();
@@ -19,5 +17,3 @@ inline void meet(const std::string& opponent) {
                               .experience = 25,
                               .name = opponent};
 }
-
-} // namespace morvek::test

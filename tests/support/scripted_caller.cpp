@@ -18,18 +18,6 @@ namespace morvek::test {
 ScriptedCaller caller;
 ScriptedChance chance;
 
-void ScriptedCaller::type(std::string_view newKeys) {
-    keys = newKeys;
-    screen.clear();
-}
-
-const std::string& ScriptedCaller::visit(const std::function<void()>& place,
-                                         std::string_view newKeys) {
-    type(newKeys);
-    place();
-    return screen;
-}
-
 int ScriptedCaller::times(std::string_view what) const {
     int count = 0;
     for (std::size_t at = 0; (at = screen.find(what, at)) != std::string::npos; ++at) {
@@ -51,6 +39,7 @@ void newCall(bool ansi, std::string_view name) {
     game = GameState{};
     caller = ScriptedCaller{};
     chance = ScriptedChance{};
+    game.session.dateStamp = "111526";
     od_control = tODControl{};
     od_control.user_ansi = ansi ? 1 : 0;
     od_control.user_timelimit = 60;

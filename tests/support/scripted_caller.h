@@ -33,10 +33,17 @@ struct ScriptedCaller {
     std::string screen;
 
     // Forgets what was seen, and types these keys from now on.
-    void type(std::string_view newKeys);
+    void type(std::string_view newKeys) {
+        keys = newKeys;
+        screen.clear();
+    }
 
     // Types these keys in a place of the game until it is left; what he saw there.
-    const std::string& visit(const std::function<void()>& place, std::string_view newKeys = {});
+    const std::string& visit(const std::function<void()>& place, std::string_view newKeys = {}) {
+        type(newKeys);
+        place();
+        return screen;
+    }
 
     // How often something is on the screen.
     [[nodiscard]] int times(std::string_view what) const;
@@ -63,7 +70,8 @@ extern ScriptedChance chance;
 // The end of every question of a shop.
 inline const std::string yesNo = " [`R`y`r`/`R`n`r`]`R`: `W`}[answer YN]";
 
-// Begins a test: a new game, a caller with that name, with or without ANSI graphics, no keys.
+// Begins a test: a new game on this day, a caller with that name, with or without ANSI graphics, no
+// keys.
 void newCall(bool ansi = true, std::string_view name = "Alice");
 
 } // namespace morvek::test
