@@ -28,13 +28,3 @@ TEST(Bestiary, EveryKindHasItsNumbers) {
         EXPECT_EQ(monster.hitPoints, monster.maxHitPoints);
     }
 }
-
-TEST(Bestiary, ExperienceIsDrawnFirstThenTheDamageThenTheGold) {
-    newCall();
-    chance.script({9, 3, 4, 6});
-    setUpZombie();
-    const Monster& monster = game.encounter.monster;
-    EXPECT_EQ(inARow(monster.experience, monster.damage, monster.gold, monster.monsterReady),
-              "10 11 70 1");
-    EXPECT_THAT(chance.seededBefore, ElementsAre(1)) << "for the damage alone";
-}

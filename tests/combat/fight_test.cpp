@@ -104,8 +104,9 @@ TEST(Fight, ArmourWearsTheMonstersDieDownAndIsWornItself) {
         game.player.armourValue = armour;
         chance.script({0, 0, 2 * dieAfter - 1});
         monsterAttack();
-        EXPECT_EQ(inARow(game.encounter.monster.damage, game.player.armourValue),
-                  inARow(dieAfter, armourAfter));
-        EXPECT_EQ(game.player.hitPoints, 30 - dieAfter) << "the blow is of the worn die";
+        EXPECT_EQ(
+            inARow(game.encounter.monster.damage, game.player.armourValue, game.player.hitPoints),
+            inARow(dieAfter, armourAfter, 30 - dieAfter))
+            << "the blow is of the worn die";
     }
 }

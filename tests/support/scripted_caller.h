@@ -57,7 +57,7 @@ extern ScriptedCaller caller;
 
 // rand() answers the scripted draws in order, then keeps answering 0.
 struct ScriptedChance {
-    std::deque<int> draws;         // answers still to come
+    std::deque<int> draws;         // the first answers
     int drawn = 0;                 // how often rand() was called
     std::vector<int> seededBefore; // for each srand(), how many draws had been made by then
 

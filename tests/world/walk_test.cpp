@@ -57,9 +57,11 @@ TEST(Room, DrawsAGroupThenTheKindThenTheMonster) {
 
     beginCall(true); // no group where the count is kept; an ambush needs no count
     game.encounter.ambushPending = 1;
+    chance.script({9, 3, 4, 6}); // experience, two dice of damage, gold
     walk(roomOf(Level::mortuary1, 29), "f");
-    EXPECT_EQ(monster.name, "Zombie");
-    EXPECT_THAT(chance.seededBefore, ElementsAre(1)) << "its damage, after its experience";
+    EXPECT_EQ(inARow(monster.name, monster.experience, monster.damage, monster.gold),
+              "Zombie 10 11 70");
+    EXPECT_THAT(chance.seededBefore, ElementsAre(1)) << "for the damage alone";
     EXPECT_FALSE(caller.saw("encountered"));
 }
 
