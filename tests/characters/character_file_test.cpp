@@ -47,9 +47,10 @@ TEST_F(CharacterFile, AnyOtherDayGivesThirtyTurns) {
         reload();
         EXPECT_EQ(inARow(game.player.turnsLeft, game.player.turnsPerDay),
                   day == 111526 ? "4 5" : "30 30");
-        EXPECT_EQ(inARow(game.session.today, game.session.storedDay, slot(3).lastPlayedDay),
-                  inARow(111526, day, 111526));
-        EXPECT_EQ(slot(3).turnsLeft, 4) << "the slot follows with the next save";
+        EXPECT_EQ(inARow(game.session.today, game.session.storedDay, slot(3).lastPlayedDay,
+                         slot(3).turnsLeft),
+                  inARow(111526, day, 111526, 4))
+            << "the slot's turns follow with the next save";
     }
 }
 
@@ -85,8 +86,7 @@ TEST_F(CharacterFile, TheLastSlotIsReachedByTheHealedSaveAlone) {
     game.player = {.name = "Arwen", .hitPoints = -3, .maxHitPoints = 25};
     game.world.exhaustedShown = 1;
     savePlayer();
-    EXPECT_TRUE(storedSlot(49).name.view().empty());
-    EXPECT_EQ(game.world.exhaustedShown, 1) << "no slot was taken";
+    EXPECT_EQ(inARow(storedSlot(49).name.view(), game.world.exhaustedShown), " 1");
     game.session.today = 111526;
     for (const std::int32_t number : {-1, 50, INT32_MIN, INT32_MAX, 7}) { // as a file may say
         game.session.currentSlot = number;
@@ -133,13 +133,14 @@ TEST_F(CharacterFile, AFileThatCannotBeUsedChangesNothingNotEvenTheRoster) {
         savePlayer();
         savePlayerHealed();
         saveQuick();
-        EXPECT_TRUE(slot(0).ownerName.view().empty()) << file;
-        EXPECT_EQ(slot(0).inUse + game.world.exhaustedShown, 0) << file;
+        EXPECT_EQ(inARow(slot(0).ownerName.view(), slot(0).inUse + 0, game.world.exhaustedShown),
+                  " 0 0");
         EXPECT_EQ(caller.screen, "") << "and nobody is told";
     }
     for (const char* file : {"directory", "unreadable"}) {
         game.session.characterFileName = file;
-        EXPECT_FALSE(readRoster()) << file;
+        caller.visit(loadPlayer, "Eowyn\ry2");
+        EXPECT_EQ(slot(0).name.view(), "") << file;
     }
 }
 

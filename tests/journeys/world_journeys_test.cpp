@@ -69,7 +69,7 @@ TEST(WorldJourney, ExhaustionFarFromHome) {
                 EndsWith("[any key]{||`W`You are out of turns for today.|}"
                          "{`r`Come back tomorrow...}{||}[any key]"
                          "{|}{`r`You are `W`exhausted`r`.||}[any key]"));
-    EXPECT_EQ(game.world.previousLocation, 3);
+    EXPECT_EQ(inARow(game.world.previousLocation, game.world.leavingWorld), "3 1");
 }
 
 // Through both levels of the castle to its last room, where a guard is slain.

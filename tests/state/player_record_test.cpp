@@ -7,9 +7,7 @@ namespace {
 
 // The number at an offset.
 std::int32_t numberAt(const PlayerRecord& record, int offset) {
-    std::int32_t value;
-    std::memcpy(&value, reinterpret_cast<const char*>(&record) + offset, sizeof value);
-    return value;
+    return std::bit_cast<std::array<std::int32_t, 375>>(record)[static_cast<unsigned>(offset) / 4];
 }
 
 std::string bytesAt(const PlayerRecord& record, int offset, std::size_t count) {

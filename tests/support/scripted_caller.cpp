@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <map>
 
 tODControl od_control;
 
@@ -53,13 +54,11 @@ void note(const std::string& event) {
 }
 
 void noteText(std::string text) {
-    for (const auto& [full, brief] : {std::pair{"\n\r", "|"},
-                                      {"`red`", "`r`"},
-                                      {"`bright red`", "`R`"},
-                                      {"`bright white`", "`W`"}}) {
-        const std::string_view sought = full;
-        for (std::size_t at = 0; (at = text.find(sought, at)) != std::string::npos;) {
-            text.replace(at, sought.size(), brief);
+    static const std::map<std::string, const char*> briefly{
+        {"\n\r", "|"}, {"`red`", "`r`"}, {"`bright red`", "`R`"}, {"`bright white`", "`W`"}};
+    for (const auto& [full, brief] : briefly) {
+        for (std::size_t at = 0; (at = text.find(full, at)) != std::string::npos;) {
+            text.replace(at, full.size(), brief);
         }
     }
     caller.screen += '{' + text + '}';

@@ -13,9 +13,7 @@
 namespace morvek::test {
 
 // The script ran out of keys at a wait for one.
-struct OutOfKeys : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
+using OutOfKeys = std::underflow_error;
 
 // The program ended the call.
 struct CallEnded {
