@@ -23,8 +23,8 @@ TEST_F(DeadlyJourney, IsSavedWithFullHitPoints) {
     game.player.hitPoints = 1;
     game.player.dexterity = 0;
     EXPECT_THAT(play(enterWorld, "47a"), EndsWith("{ `r`has killed you!||}"));
-    EXPECT_EQ(inARow(game.world.playerDead, game.world.leavingWorld), "1 0");
-    EXPECT_EQ(storedSlot(0).hitPoints, 25);
+    EXPECT_EQ(inARow(game.world.playerDead, game.world.leavingWorld, storedSlot(0).hitPoints),
+              "1 0 25");
 }
 
 // Who flees comes home through the location he fled from, when its number is the higher, and
