@@ -3,27 +3,21 @@
 
 #include "support/stored.h"
 
-class CharacterFile : public InTemporaryDirectory {
-protected:
-    CharacterFile() { begin(); }
+struct CharacterFile : InTemporaryDirectory {
+    CharacterFile() { game.player.name = "Arwen"; }
 
-    static void begin() {
-        game = GameState{};
-        game.session.dateStamp = "111526";
-        game.player.name = "Arwen";
-    }
     static PlayerRecord& slot(std::size_t number) { return game.roster.slots()[number]; }
     static void ownByOthers(std::size_t count) {
         for (std::size_t number = 0; number < count; ++number) {
             own(number, "Other", "Somebody");
         }
     }
-    // Stores the roster, cut or continued to the length, and begins a new game.
+    // Stores the roster, cut or continued to the length, and forgets it.
     static void store(std::size_t length = sizeof game.roster.slots()) {
         std::string bytes = rosterBytes();
         bytes.resize(length, 'x');
         writeFile("morchars.dat", bytes);
-        begin();
+        game.roster = Roster{};
     }
     static void reload() {
         store();
@@ -39,8 +33,7 @@ TEST_F(CharacterFile, LoadsTheFirstSlotOwnedByExactlyThisName) {
     own(49, "Alice", "NeverSeen");
     reload();
     EXPECT_EQ(game.player.name, "Eowyn");
-    EXPECT_EQ(game.session.foundPlayer, 1);
-    EXPECT_EQ(game.session.newPlayer, 0);
+    EXPECT_EQ(inARow(game.session.foundPlayer, game.session.newPlayer), "1 0");
     EXPECT_EQ(caller.screen, "[clear]{`r`Starting game`W`...||}");
 }
 
@@ -52,25 +45,25 @@ TEST_F(CharacterFile, AnyOtherDayGivesThirtyTurns) {
         slot(3).turnsLeft = 4;
         slot(3).turnsPerDay = 5;
         reload();
-        EXPECT_EQ(game.player.turnsLeft, day == 111526 ? 4 : 30);
-        EXPECT_EQ(game.player.turnsPerDay, day == 111526 ? 5 : 30);
-        EXPECT_EQ(game.session.today, 111526);
-        EXPECT_EQ(game.session.storedDay, day);
-        EXPECT_EQ(slot(3).lastPlayedDay, 111526);
-        EXPECT_EQ(slot(3).turnsLeft, 4) << "the slot follows with the next save";
+        EXPECT_EQ(inARow(game.player.turnsLeft, game.player.turnsPerDay),
+                  day == 111526 ? "4 5" : "30 30");
+        EXPECT_EQ(inARow(game.session.today, game.session.storedDay, slot(3).lastPlayedDay,
+                         slot(3).turnsLeft),
+                  inARow(111526, day, 111526, 4))
+            << "the slot's turns follow with the next save";
     }
 }
 
+// His day of 0 makes his first return count as a new day.
 TEST_F(CharacterFile, WithoutAFileACharacterIsCreatedAndSavedInTheFirstSlot) {
     caller.visit(loadPlayer, "Eowyn\ry2");
     EXPECT_TRUE(caller.saw("{`r`Welcome to the world of the Morvek Role Play Game!||}"
                            "{`r`Creating a new player...|}{|}{`r`Character Name"));
-    EXPECT_EQ(readFile("morchars.dat").size(), 75000U);
-    EXPECT_EQ(storedSlot(0).name.view(), "Eowyn");
-    EXPECT_EQ(storedSlot(0).ownerName.view(), "Alice");
-    EXPECT_EQ(storedSlot(0).lastPlayedDay, 0) << "so the first return counts as a new day";
-    EXPECT_EQ(storedSlot(49).version.view(), "0.6.8a");
-    EXPECT_EQ(game.world.exhaustedShown, 50);
+    const PlayerRecord saved = storedSlot(0);
+    EXPECT_EQ(inARow(saved.name.view(), saved.ownerName.view(), saved.lastPlayedDay),
+              "Eowyn Alice 0");
+    EXPECT_THAT(readFile("morchars.dat").substr(73500),
+                StartsWith(storedText("0.6.8a") + std::string(1476, '\0')));
 }
 
 TEST_F(CharacterFile, SavingTakesAFreeSlotBeforeTheCallersOwn) {
@@ -79,8 +72,8 @@ TEST_F(CharacterFile, SavingTakesAFreeSlotBeforeTheCallersOwn) {
     slot(1).slotIndex = 17;
     game.session.currentSlot = 2;
     savePlayer();
-    EXPECT_EQ(storedSlot(1).name.view(), "Arwen");
-    EXPECT_EQ(storedSlot(1).slotIndex, 17) << "a free slot keeps its number";
+    EXPECT_EQ(inARow(storedSlot(1).name.view(), storedSlot(1).slotIndex), "Arwen 17")
+        << "a free slot keeps its number";
     own(1, "Other", "Somebody");
     const std::string before = rosterBytes();
     savePlayer();
@@ -90,43 +83,33 @@ TEST_F(CharacterFile, SavingTakesAFreeSlotBeforeTheCallersOwn) {
 
 TEST_F(CharacterFile, TheLastSlotIsReachedByTheHealedSaveAlone) {
     ownByOthers(49);
-    game.player.maxHitPoints = 25;
-    game.player.hitPoints = -3;
+    game.player = {.name = "Arwen", .hitPoints = -3, .maxHitPoints = 25};
     game.world.exhaustedShown = 1;
     savePlayer();
-    EXPECT_TRUE(storedSlot(49).name.view().empty());
-    EXPECT_EQ(game.world.exhaustedShown, 1) << "no slot was taken";
+    EXPECT_EQ(inARow(storedSlot(49).name.view(), game.world.exhaustedShown), " 1");
     game.session.today = 111526;
     for (const std::int32_t number : {-1, 50, INT32_MIN, INT32_MAX, 7}) { // as a file may say
         game.session.currentSlot = number;
         slot(49) = emptySlot();
         savePlayerHealed();
-        EXPECT_EQ(storedSlot(49).name.view(), "Arwen");
-        EXPECT_EQ(storedSlot(49).hitPoints, 25);
+        EXPECT_EQ(inARow(storedSlot(49).name.view(), storedSlot(49).hitPoints), "Arwen 25");
     }
     EXPECT_EQ(storedSlot(49).lastPlayedDay, 0);
     EXPECT_EQ(storedSlot(7).lastPlayedDay, 111526) << "the slot of the current number is dated";
-    EXPECT_EQ(game.player.hitPoints, -3);
-    EXPECT_EQ(game.world.exhaustedShown, 50);
+    EXPECT_EQ(inARow(game.player.hitPoints, game.world.exhaustedShown), "-3 50");
     savePlayerHealed(); // and now the slot is his own
-    EXPECT_EQ(storedSlot(49).slotIndex, 49);
-    EXPECT_EQ(game.session.currentSlot, 49);
+    EXPECT_EQ(inARow(storedSlot(49).slotIndex, game.session.currentSlot), "49 49");
 }
 
 TEST_F(CharacterFile, TheQuickSaveWritesSlotZeroWhoeverOwnsIt) {
     ownByOthers(1);
     slot(0).level = 6;
-    game.player.gold = 70;
-    game.player.level = 2;
-    game.player.weapon = "Mace";
+    game.player = {.level = 2, .gold = 70, .weapon = "Mace"};
     saveQuick();
-    EXPECT_EQ(storedSlot(0).name.view(), "Somebody");
-    EXPECT_EQ(storedSlot(0).ownerName.view(), "Other");
-    EXPECT_EQ(storedSlot(0).gold + 0, 70);
-    EXPECT_EQ(storedSlot(0).weapon.view(), "Mace");
-    EXPECT_EQ(storedSlot(0).level, 6);
-    EXPECT_EQ(storedSlot(0).inUse, 1);
-    EXPECT_EQ(game.world.exhaustedShown, 50);
+    const PlayerRecord saved = storedSlot(0);
+    EXPECT_EQ(inARow(saved.name.view(), saved.ownerName.view(), saved.gold, saved.weapon.view(),
+                     saved.level, saved.inUse + 0, game.world.exhaustedShown),
+              "Somebody Other 70 Mace 6 1 50");
 }
 
 TEST_F(CharacterFile, AnEmptyUserNameOwnsTheFirstFreeSlot) {
@@ -150,13 +133,14 @@ TEST_F(CharacterFile, AFileThatCannotBeUsedChangesNothingNotEvenTheRoster) {
         savePlayer();
         savePlayerHealed();
         saveQuick();
-        EXPECT_TRUE(slot(0).ownerName.view().empty()) << file;
-        EXPECT_EQ(slot(0).inUse + game.world.exhaustedShown, 0) << file;
+        EXPECT_EQ(inARow(slot(0).ownerName.view(), slot(0).inUse + 0, game.world.exhaustedShown),
+                  " 0 0");
         EXPECT_EQ(caller.screen, "") << "and nobody is told";
     }
     for (const char* file : {"directory", "unreadable"}) {
         game.session.characterFileName = file;
-        EXPECT_FALSE(readRoster()) << file;
+        caller.visit(loadPlayer, "Eowyn\ry2");
+        EXPECT_EQ(slot(0).name.view(), "") << file;
     }
 }
 

@@ -1,25 +1,22 @@
 // Whole calls through the title, on one set of files.
+#include "characters/character_file.h"
 #include "door/door_session.h"
-#include "files/data_file.h"
 #include "support/stored.h"
 
-class TowneJourney : public InTemporaryDirectory {
-protected:
+struct TowneJourney : InTemporaryDirectory {
     // A whole call by that caller, from the start of the program to "Quit Game".
     static void call(std::string_view name, const std::string& keys, std::deque<int> draws = {}) {
         newCall(true, name);
         chance.script(std::move(draws));
         caller.type(keys);
-        char program[] = "morvek";
-        char* arguments[] = {program, nullptr};
-        EXPECT_THROW(runDoor(1, arguments), CallEnded) << name;
+        char* none[] = {nullptr};
+        EXPECT_THROW(runDoor(0, none), CallEnded) << name;
         EXPECT_EQ(caller.keys, "") << "keys not asked for";
     }
 
     // What happens to the first character between two calls.
     static void meanwhile(const std::function<void(PlayerRecord&)>& change) {
-        readInto("morchars.dat",
-                 {reinterpret_cast<char*>(game.roster.slots().data()), sizeof game.roster.slots()});
+        readRoster();
         change(game.roster.slots()[0]);
         writeFile("morchars.dat", rosterBytes());
     }
@@ -37,12 +34,12 @@ protected:
 // From creation to level 7 through six trainers, one a call; there is no eighth level.
 TEST_F(TowneJourney, ThroughTheTrainersToLevelSeven) {
     call("Alice", "SArwen\ry4kqkkQ");
-    const std::array<std::int32_t, 7> needs{1000, 2250, 3750, 5500, 7500, 10000, 13000};
-    for (int level = 1; level <= 7; ++level) {
+    int level = 0;
+    for (const int need : {1000, 2250, 3750, 5500, 7500, 10000, 13000}) {
+        ++level;
         meanwhile([&](PlayerRecord& arwen) {
-            EXPECT_EQ(arwen.level, level);
-            EXPECT_EQ(arwen.experienceNeeded, needs[static_cast<std::size_t>(level) - 1]);
-            EXPECT_EQ(arwen.maxHitPoints, 15 + 3 * (level - 1));
+            EXPECT_EQ(inARow(arwen.level, arwen.experienceNeeded, arwen.maxHitPoints),
+                      inARow(level, need, 12 + 3 * level));
             arwen.experience = arwen.experienceNeeded;
         });
         const int rounds = (5 * level + 5 + 3) / 4;
@@ -53,8 +50,7 @@ TEST_F(TowneJourney, ThroughTheTrainersToLevelSeven) {
         EXPECT_EQ(caller.saw("`r`Congratulations!"), level < 7);
         EXPECT_EQ(caller.saw("`r`Future levels will be added later."), level >= 6);
     }
-    EXPECT_EQ(storedSlot(0).level, 7);
-    EXPECT_EQ(storedSlot(0).strength, 3 + 6 * 3);
+    EXPECT_EQ(inARow(storedSlot(0).level, storedSlot(0).strength), "7 21");
 }
 
 // The second caller attacks and robs the first. His possessions then stand in the first slot,
@@ -67,10 +63,8 @@ TEST_F(TowneJourney, TheSecondCallerRobsTheFirst) {
     addFight(draws, 4);
     call("Bob", "SBoromir\ry2kp1\ryakakakakqkkQ", draws);
     EXPECT_TRUE(caller.saw("{`r`You took `W`}<500>{ `R`gold `r`from `W`}<Arwen>{`r`!}"));
-    EXPECT_EQ(storedSlot(0).name.view(), "Arwen");
-    EXPECT_EQ(storedSlot(0).gold + 0, 500) << "what the robber now has";
-    EXPECT_EQ(storedSlot(0).hitPoints, 33);
-    EXPECT_EQ(storedSlot(0).strength, 18);
-    EXPECT_EQ(storedSlot(1).name.view(), "Boromir");
-    EXPECT_EQ(storedSlot(1).gold + 0, 500);
+    const PlayerRecord first = storedSlot(0);
+    EXPECT_EQ(inARow(first.name.view(), first.gold, first.hitPoints, first.strength),
+              "Arwen 500 33 18");
+    EXPECT_EQ(inARow(storedSlot(1).name.view(), storedSlot(1).gold), "Boromir 500");
 }

@@ -11,8 +11,7 @@ TEST(Dice, EachSeedsFromTheClockAndThenDraws) {
         newCall();
         chance.script(draws);
         roll();
-        EXPECT_EQ(game.encounter.lastRoll, result);
-        EXPECT_EQ(chance.drawn, static_cast<int>(draws.size()));
+        EXPECT_EQ(inARow(game.encounter.lastRoll, chance.drawn), inARow(result, draws.size()));
         EXPECT_THAT(chance.seededBefore, ElementsAre(0));
     }
 }

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include <sstream>
 #include <tuple>
 
 using namespace morvek;
@@ -23,4 +24,13 @@ using Cases = std::vector<std::tuple<Columns...>>;
 // The same keys so often.
 inline std::string times(int count, const std::string& keys) {
     return count > 0 ? keys + times(count - 1, keys) : "";
+}
+
+// The values as one text, with blanks between them.
+template <typename First, typename... More>
+std::string inARow(First first, More... more) {
+    std::ostringstream row;
+    row << first;
+    ((row << ' ' << more), ...);
+    return row.str();
 }

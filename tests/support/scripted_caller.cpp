@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <map>
 
 tODControl od_control;
 
@@ -17,18 +18,6 @@ namespace morvek::test {
 
 ScriptedCaller caller;
 ScriptedChance chance;
-
-void ScriptedCaller::type(std::string_view newKeys) {
-    keys = newKeys;
-    screen.clear();
-}
-
-const std::string& ScriptedCaller::visit(const std::function<void()>& place,
-                                         std::string_view newKeys) {
-    type(newKeys);
-    place();
-    return screen;
-}
 
 int ScriptedCaller::times(std::string_view what) const {
     int count = 0;
@@ -51,6 +40,7 @@ void newCall(bool ansi, std::string_view name) {
     game = GameState{};
     caller = ScriptedCaller{};
     chance = ScriptedChance{};
+    game.session.dateStamp = "111526";
     od_control = tODControl{};
     od_control.user_ansi = ansi ? 1 : 0;
     od_control.user_timelimit = 60;
@@ -64,13 +54,11 @@ void note(const std::string& event) {
 }
 
 void noteText(std::string text) {
-    for (const auto& [full, brief] : {std::pair{"\n\r", "|"},
-                                      {"`red`", "`r`"},
-                                      {"`bright red`", "`R`"},
-                                      {"`bright white`", "`W`"}}) {
-        const std::string_view sought = full;
-        for (std::size_t at = 0; (at = text.find(sought, at)) != std::string::npos;) {
-            text.replace(at, sought.size(), brief);
+    static const std::map<std::string, const char*> briefly{
+        {"\n\r", "|"}, {"`red`", "`r`"}, {"`bright red`", "`R`"}, {"`bright white`", "`W`"}};
+    for (const auto& [full, brief] : briefly) {
+        for (std::size_t at = 0; (at = text.find(full, at)) != std::string::npos;) {
+            text.replace(at, full.size(), brief);
         }
     }
     caller.screen += '{' + text + '}';
@@ -104,13 +92,8 @@ using namespace morvek::test;
 extern "C" {
 
 int rand() noexcept {
-    ++chance.drawn;
-    if (chance.draws.empty()) {
-        return 0;
-    }
-    const int answer = chance.draws.front();
-    chance.draws.pop_front();
-    return answer;
+    const auto before = static_cast<std::size_t>(chance.drawn++);
+    return before < chance.draws.size() ? chance.draws[before] : 0;
 }
 
 void srand(unsigned) noexcept {

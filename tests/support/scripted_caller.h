@@ -13,9 +13,7 @@
 namespace morvek::test {
 
 // The script ran out of keys at a wait for one.
-struct OutOfKeys : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
+using OutOfKeys = std::underflow_error;
 
 // The program ended the call.
 struct CallEnded {
@@ -33,10 +31,17 @@ struct ScriptedCaller {
     std::string screen;
 
     // Forgets what was seen, and types these keys from now on.
-    void type(std::string_view newKeys);
+    void type(std::string_view newKeys) {
+        keys = newKeys;
+        screen.clear();
+    }
 
     // Types these keys in a place of the game until it is left; what he saw there.
-    const std::string& visit(const std::function<void()>& place, std::string_view newKeys = {});
+    const std::string& visit(const std::function<void()>& place, std::string_view newKeys = {}) {
+        type(newKeys);
+        place();
+        return screen;
+    }
 
     // How often something is on the screen.
     [[nodiscard]] int times(std::string_view what) const;
@@ -50,7 +55,7 @@ extern ScriptedCaller caller;
 
 // rand() answers the scripted draws in order, then keeps answering 0.
 struct ScriptedChance {
-    std::deque<int> draws;         // answers still to come
+    std::deque<int> draws;         // the first answers
     int drawn = 0;                 // how often rand() was called
     std::vector<int> seededBefore; // for each srand(), how many draws had been made by then
 
@@ -63,7 +68,8 @@ extern ScriptedChance chance;
 // The end of every question of a shop.
 inline const std::string yesNo = " [`R`y`r`/`R`n`r`]`R`: `W`}[answer YN]";
 
-// Begins a test: a new game, a caller with that name, with or without ANSI graphics, no keys.
+// Begins a test: a new game on this day, a caller with that name, with or without ANSI graphics, no
+// keys.
 void newCall(bool ansi = true, std::string_view name = "Alice");
 
 } // namespace morvek::test

@@ -5,8 +5,6 @@
 
 #include <cstring>
 
-namespace morvek::test {
-
 // The 24 bytes of a text of at most 15 characters.
 inline std::string storedText(std::string text) {
     const std::string length{static_cast<char>(text.size()), '\0', '\0', '\0'};
@@ -28,8 +26,8 @@ inline std::string rosterBytes() {
 // A slot of the character file.
 inline PlayerRecord storedSlot(std::size_t number) {
     PlayerRecord record;
-    const std::string bytes = readFile("morchars.dat").substr(number * sizeof record);
-    std::memcpy(static_cast<void*>(&record), bytes.data(), sizeof record);
+    char* const bytes = reinterpret_cast<char*>(&record);
+    readFile("morchars.dat").copy(bytes, sizeof record, number * sizeof record);
     return record;
 }
 
@@ -38,12 +36,12 @@ inline PlayerRecord storedSlot(std::size_t number) {
 inline void beginDistinctGame() {
     game = GameState{};
     Player& player = game.player;
-    player.name = "Arwen";
-    player.className = "Ranger";
-    player.weapon = "Club";
-    player.armour = "Cloth";
-    player.gold = 5e9;
-    player.bankGold = 6e10;
+    player = {.name = "Arwen",
+              .className = "Ranger",
+              .gold = 5e9,
+              .bankGold = 6e10,
+              .weapon = "Club",
+              .armour = "Cloth"};
     std::int32_t number = 100;
     for (std::int32_t* field :
          {&player.level, &player.experience, &player.experienceNeeded, &player.hitPoints,
@@ -57,5 +55,3 @@ inline void beginDistinctGame() {
         word = number++;
     }
 }
-
-} // namespace morvek::test

@@ -7,8 +7,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace morvek::test {
-
 namespace fs = std::filesystem;
 
 inline void writeFile(const std::string& path, std::string_view content, mode_t mode = 0644) {
@@ -17,8 +15,7 @@ inline void writeFile(const std::string& path, std::string_view content, mode_t 
 }
 
 // Everybody may write in the directory; a new call has begun.
-class InTemporaryDirectory : public testing::Test {
-protected:
+struct InTemporaryDirectory : testing::Test {
     InTemporaryDirectory() {
         fs::current_path(folder.self);
         ::chmod(".", 0777);
@@ -34,15 +31,6 @@ protected:
 
 // For as long as it lives, the test has no more rights than anybody: root may read everything.
 struct AsNobody {
-    AsNobody() { become(65534); }
-    ~AsNobody() { become(0); }
-
-private:
-    static void become(uid_t user) {
-        if (::getuid() == 0 && ::seteuid(user) != 0) {
-            std::abort();
-        }
-    }
+    AsNobody() { EXPECT_EQ(::seteuid(::getuid() == 0 ? 65534 : ::getuid()), 0); }
+    ~AsNobody() { EXPECT_EQ(::seteuid(::getuid()), 0); }
 };
-
-} // namespace morvek::test

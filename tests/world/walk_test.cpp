@@ -1,26 +1,20 @@
 // One room at a time: its screens to the letter, its draws in their order, and its oddities.
 #include "walkers.h"
 
-namespace {
-
-const char* const statusTitle = "`r`Your Status`bright red:";
 constexpr RoomNumber castle = roomOf(Level::castle1, 1);
-
-} // namespace
 
 TEST(RoomScreen, AnEncounterWithItsMenu) {
     beginCall();
     chance.script({4});
-    walk(1, "cxf"); // the misspelt colour and the "c", another "y", are this location's own
-    EXPECT_THAT(caller.screen,
+    // The misspelt colour and the "c", another "y", are this location's own.
+    EXPECT_THAT(walk(1, "cxf"),
                 StartsWith("[clear]{||}{`r`Forest 1|}{|}{`r`You've encountered `R`}<2>"
                            "{ `W`}<Kobold Minion>{s}{`red.`|}{|}"
                            "{`r`Your HP`R`: `W`}<20>{`r`/`W`}<25>{|}"
-                           "{`W`}<Kobold Minion>{'s `r`HP`R`: `W`}<1>"
-                           "{`r`/`W`}<1>{|\n}{`r`A`R`)`W`ttack|}"
-                           "{`r`Y`R`)`W`our Status|`r`}"
+                           "{`W`}<Kobold Minion>{'s `r`HP`R`: `W`}<1>{`r`/`W`}<1>{|\n}"
+                           "{`r`A`R`)`W`ttack|}{`r`Y`R`)`W`our Status|`r`}"
                            "{`r`F`R`)`W`lee to Towne|`r`}[menu areaone acyf]"));
-    EXPECT_EQ(caller.times(statusTitle), 1);
+    EXPECT_EQ(caller.times("Your Status"), 1);
     EXPECT_EQ(game.world.previousLocation, 99) << "flight from a fight notes nothing";
 
     beginCall();
@@ -32,24 +26,18 @@ TEST(RoomScreen, AnEncounterWithItsMenu) {
 }
 
 TEST(RoomScreen, DirectionsOfALocationAndOfALevel) {
-    beginCall(true, false);
-    walk(5, "f");
-    EXPECT_EQ(caller.screen, "{||}{||}{`r`Rattlehead Pathway 5|}{|}{`r`Directions`R`:||}"
-                             "{`r`2`R`) `W`South|}"
-                             "{`r`7`R`) `W`North West|}"
-                             "{`r`8`R`) `W`North|}"
-                             "{`r`9`R`) `W`North East|}{|}"
-                             "{`r`H`R`)`W`ealing Shrine|`r`}"
-                             "{`r`S`R`)`W`earch Area|`red}"
-                             "{`r`Y`R`)`W`our Status|`r`}"
-                             "{`r`F`R`)`W`lee to Towne|`r`}{|}"
-                             "[menu areaone 2789shyf]");
+    beginCall(true);
+    EXPECT_EQ(walk(5, "f"), "[clear]{||}{`r`Rattlehead Pathway 5|}{|}{`r`Directions`R`:||}"
+                            "{`r`2`R`) `W`South|}{`r`7`R`) `W`North West|}"
+                            "{`r`8`R`) `W`North|}{`r`9`R`) `W`North East|}{|}"
+                            "{`r`H`R`)`W`ealing Shrine|`r`}{`r`S`R`)`W`earch Area|`red}"
+                            "{`r`Y`R`)`W`our Status|`r`}{`r`F`R`)`W`lee to Towne|`r`}{|}"
+                            "[menu areaone 2789shyf]");
     beginCall(true);
     walk(roomOf(Level::castle1, 22), "yxdf"); // the status, the room anew, and on from there
     EXPECT_THAT(caller.screen, HasSubstr("[any key][clear]{||}{`r`Castle Level 1-22|}{|}{`r`Dir"));
     EXPECT_THAT(caller.screen, HasSubstr("{`r`D`R`) `W`Down to Level 2|}{|}"
-                                         "{`r`H`R`)`W`ealing Shrine|`r`}"
-                                         "{`r`Y`R`)`W`our Status|`r`}"));
+                                         "{`r`H`R`)`W`ealing Shrine|`r`}{`r`Y`R`)`W`our St"));
     EXPECT_EQ(game.world.position(Level::castle1), 1) << "the status led home from there too";
 }
 
@@ -57,9 +45,9 @@ TEST(Room, DrawsAGroupThenTheKindThenTheMonster) {
     beginCall();
     chance.script({5, 3, 149, 7}); // group, kind, experience, damage
     walk(castle, "f");
-    EXPECT_EQ(game.encounter.monsterCount, 3);
-    EXPECT_EQ(game.encounter.monster.name, "Human Bandit");
-    EXPECT_EQ(game.encounter.monster.experience, 150);
+    const Monster& monster = game.encounter.monster;
+    EXPECT_EQ(inARow(game.encounter.monsterCount, monster.name, monster.experience),
+              "3 Human Bandit 150");
     EXPECT_THAT(chance.seededBefore, ElementsAre(0, 1, 3));
     EXPECT_EQ(game.encounter.groupActive, 0) << "only a location's roll sets it";
 
@@ -69,9 +57,11 @@ TEST(Room, DrawsAGroupThenTheKindThenTheMonster) {
 
     beginCall(true); // no group where the count is kept; an ambush needs no count
     game.encounter.ambushPending = 1;
+    chance.script({9, 3, 4, 6}); // experience, two dice of damage, gold
     walk(roomOf(Level::mortuary1, 29), "f");
-    EXPECT_EQ(game.encounter.monster.name, "Zombie");
-    EXPECT_THAT(chance.seededBefore, ElementsAre(1)) << "its damage, after its experience";
+    EXPECT_EQ(inARow(monster.name, monster.experience, monster.damage, monster.gold),
+              "Zombie 10 11 70");
+    EXPECT_THAT(chance.seededBefore, ElementsAre(1)) << "for the damage alone";
     EXPECT_FALSE(caller.saw("encountered"));
 }
 
@@ -79,30 +69,44 @@ TEST(Room, TheStatusInAFightComesBackToTheSameWoundedMonsterButTheDeadAndTheTire
     for (std::int32_t* end : {&game.world.playerDead, &game.player.turnsLeft}) {
         beginCall();
         *end = *end == 0 ? 1 : 0;
-        walk(7, "");
-        EXPECT_EQ(game.world.currentLocation * 10 + game.encounter.groupActive, 71);
-        EXPECT_EQ(caller.screen, "");
+        EXPECT_EQ(walk(7, ""), "");
+        EXPECT_EQ(inARow(game.world.currentLocation, game.encounter.groupActive), "7 1");
     }
     beginCall();
-    walk(30, "axyxf");
-    EXPECT_EQ(caller.times(statusTitle), 1);
-    EXPECT_THAT(caller.screen, HasSubstr("<Kobold Skirmisher>{'s `r`HP`R`: `W`}"
-                                         "<26>{`r`/`W`}<27>{|\n}"));
+    EXPECT_THAT(walk(30, "axyxf"), HasSubstr("<Kobold Skirmisher>{'s `r`HP`R`: `W`}"
+                                             "<26>{`r`/`W`}<27>{|\n}"));
+    EXPECT_EQ(caller.times("Your Status"), 1);
     EXPECT_EQ(chance.drawn, 1 + 3 + 4 + 3) << "one group, one monster, one round, no more";
     EXPECT_EQ(game.encounter.monster.hitPoints, 0);
+}
+
+TEST(Room, ASearchFindsAChestByItsSecondDrawOnceAndShowsTheRoomAnewEachTime) {
+    beginCall(true);
+    game.world.searched(2) = 0;
+    game.player.level = 2;
+    game.player.gold = 7;
+    chance.script({0, 999, 25 + 6, 4, 5});
+    walk(2, "sxsxf");
+    EXPECT_EQ(game.player.gold, 77);
+    EXPECT_THAT(caller.screen,
+                HasSubstr("{|`r`Searching area`R`...||}{`r`You found a treasure chest.||}{`W`}<70>"
+                          "{ `R`gp`r`.||}{`r`Press any key!|}[key][clear]{||}{`r`F"));
+    EXPECT_THAT(caller.screen, HasSubstr("{||`r`Area already searched.||}"
+                                         "{Press a key to continue...}[key][clear]{||}{`r`F"));
+    EXPECT_THAT(chance.seededBefore, ElementsAre(0, 5, 6)) << "a group for each time it is shown";
 }
 
 TEST(Exits, LeaveTheTrailThatTheirRowsSay) {
     const Cases<RoomNumber, const char*, int> cases{
         {5, "8f", 5},   {5, "2f", 99},  {5, "9f", 99},       {12, "8f", 12},      {12, "17f", 6},
-        {56, "ef", 56}, {58, "ef", 99}, {castle, "82f", 99}, {castle, "l4f", 56}, {1, "8f", 1},
-    };
+        {56, "ef", 56}, {58, "ef", 99}, {castle, "82f", 99}, {castle, "l4f", 56}, {1, "f", 1}};
     for (const auto& [from, keys, trail] : cases) {
         beginCall(true);
         game.encounter.monster.monsterReady = 1;
         walk(from, keys);
-        EXPECT_EQ(game.world.previousLocation, trail) << int{from} << " " << keys;
-        EXPECT_EQ(game.encounter.monster.monsterReady, 0);
+        EXPECT_EQ(inARow(game.world.previousLocation, game.encounter.monster.monsterReady),
+                  inARow(trail, 0))
+            << keys;
     }
 }
 
@@ -112,13 +116,9 @@ TEST(Exits, SomeLeadNowhereOrHome) {
     EXPECT_THAT(caller.screen, HasSubstr(":||}{`r`6`R`) `W`East|}{|}"));
     EXPECT_THAT(caller.screen, EndsWith("{|}[menu areaone 6hyf][menu areaone 6hyf]"));
 
-    beginCall(true); // this one announces a flight and will have the player back
-    game.encounter.monster.monsterReady = 1;
-    walk(1, "f");
-    EXPECT_THAT(caller.screen, EndsWith("[menu areaone 846shyf]{||}"
-                                        "{`r`Returning to Towne`R`...||}"));
-    EXPECT_EQ(game.world.previousLocation, 1);
-    EXPECT_EQ(game.encounter.monster.monsterReady, 0);
+    beginCall(true); // this one announces a flight
+    EXPECT_THAT(walk(1, "f"),
+                EndsWith("[menu areaone 846shyf]{||}{`r`Returning to Towne`R`...||}"));
 
     beginCall(true);
     walk(roomOf(Level::cavern1, 7), "exf");
@@ -129,33 +129,34 @@ TEST(Exits, SomeLeadNowhereOrHome) {
 
 TEST(SpecialRooms, TheCastleGateTakesItsHiddenKeyInAVisitsFirstMenuOfAnActiveGroup) {
     beginCall();
-    walk(56, "cf"); // without a status: he is on his way home
-    EXPECT_EQ(game.encounter.groupActive, 0);
-    EXPECT_EQ(timesShown("Cedar River 56"), 2);
-    EXPECT_THAT(caller.screen, EndsWith("[menu areaone ayf]"));
-    EXPECT_EQ(caller.times(statusTitle), 0);
+    EXPECT_THAT(walk(56, "cf"), EndsWith("[menu areaone ayf]"));
+    EXPECT_EQ(inARow(game.encounter.groupActive, caller.times("Cedar River 56|")), "0 2");
+    EXPECT_FALSE(caller.saw("Your Status")) << "he is on his way home";
 
     beginCall();
     chance.script({0, 0, 0, 0, 1}); // the first blow misses
-    walk(56, "axcf");
-    EXPECT_THAT(caller.screen, HasSubstr("[menu areaone acyf]"));
-    EXPECT_THAT(caller.screen, EndsWith("[menu areaone ayf]")) << "refused from the second menu on";
+    EXPECT_THAT(walk(56, "axcf"), HasSubstr("[menu areaone acyf]"));
+    EXPECT_EQ(game.encounter.groupActive, 1) << "refused from the second menu on";
 
     beginCall(); // whoever dies in the room shown anew is not on his way home
     game.session.characterFileName = testing::TempDir() + "no/such/place";
     game.player.hitPoints = 1;
     game.player.dexterity = 0;
     walk(56, "ca");
-    EXPECT_EQ(game.world.playerDead, 1);
-    EXPECT_EQ(game.world.leavingWorld, 0);
-    EXPECT_EQ(game.player.hitPoints + game.encounter.monster.maxHitPoints, 0);
+    EXPECT_EQ(inARow(game.world.playerDead, game.world.leavingWorld), "1 0");
+    EXPECT_EQ(inARow(game.player.hitPoints, game.encounter.monster.maxHitPoints), "0 0");
 }
 
+// An ambush, which wins ties and pays silently, finds its monster inside.
 TEST(SpecialRooms, TheMortuarysEntranceShowsItsDirectionsWhoeverIsAlive) {
     beginCall();
     game.encounter.monster.hitPoints = 9; // a trainer, left alive in the hall
-    walk(26, "sxey");                     // an ambush, which finds its monster inside
+    chance.script({0, 0, 24, 25, 5});
+    EXPECT_THAT(walk(26, "sxey"),
+                HasSubstr("{|`r`Searching area`R`...||}{You have been ambushed!||}"
+                          "{`r`Press any key!|}[key][clear]{||}{`r`Underground Mortuary 26|}"));
     EXPECT_EQ(caller.times("{`r`E`R`)`W`nter Mortuary|}"), 2);
-    EXPECT_EQ(game.encounter.monster.name, "Zombie Rotter");
-    EXPECT_EQ(game.encounter.ambushPending, 1);
+    EXPECT_EQ(inARow(game.encounter.monster.name, game.encounter.ambushPending,
+                     game.encounter.groupActive, game.player.gold),
+              "Zombie Rotter 1 1 125");
 }
