@@ -6,7 +6,6 @@
 
 struct Tavern : InTemporaryDirectory {
     Tavern() {
-        game.session.dateStamp = "111526";
         game.player = {.name = "Arwen", .className = "Ranger", .level = 3, .experience = 1500};
     }
 };

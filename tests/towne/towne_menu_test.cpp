@@ -5,7 +5,6 @@
 
 struct Towne : InTemporaryDirectory {
     Towne() {
-        game.session.dateStamp = "111526";
         game.session.inGame = 1;
         game.player = arwen;
         game.session.sessionStartExperience = 40;
