@@ -159,7 +159,8 @@ std::string makeBackup(const GameDirectory& home, const std::string& file) {
 }
 
 void backUp(const GameDirectory& home, std::ostream& out, const std::string& file) {
-    out << "Backup: " << makeBackup(home, file) << '\n';
+    const std::string made = makeBackup(home, file);
+    out << "Backup: " << made << '\n';
 }
 
 void listBackups(const GameDirectory& home, std::ostream& out) {

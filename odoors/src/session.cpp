@@ -25,10 +25,10 @@ constexpr Milliseconds perSecond = 1000;
 // A terminal sends an escape sequence in one go; a caller cannot type that fast.
 constexpr Milliseconds escapeSettlesAfter = 50;
 
-constexpr Milliseconds longestDetection = perSecond;
-
 // How long a caller whose time is used up may take to be told.
 constexpr Milliseconds overtime = 500;
+
+constexpr Milliseconds longestDetection = perSecond;
 constexpr std::string_view askCursorPosition = "\033[6n";
 
 // A file opened later must not come to stand where the caller or the operator is written to.

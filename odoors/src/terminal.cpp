@@ -24,7 +24,7 @@ termios found{};
 volatile std::sig_atomic_t rawDescriptor = -1;
 volatile std::sig_atomic_t signalsSeen = 0;
 volatile std::sig_atomic_t endingStatus = 0;
-volatile std::sig_atomic_t overdueStatus = 0; // when endAfter() was called
+volatile std::sig_atomic_t overdueStatus = 0; // of endAfter(); 0 without
 
 void onEndingSignal(int) {
     if (signalsSeen == 0) {

@@ -87,7 +87,7 @@ TEST_F(Edit, ABackupRestoresEverythingAsItWasAndNothingElseDoes) {
     writeFile("scores.dat", "Arwen#1500Ranger\n");
     writeFile("111526.txt", "It's a new day!\n\r");
     EXPECT_EQ(told("backup kept.tar"), "Backup: kept.tar\n");
-    EXPECT_THAT(told("backup kept.tar"), StartsWith("1: "));
+    EXPECT_THAT(told("backup kept.tar"), StartsWith("1: morvek-sysop: kept.tar is there"));
     const std::string whole = readFile("kept.tar");
     std::string flipped = whole;
     flipped[105] = '7';

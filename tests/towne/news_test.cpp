@@ -5,7 +5,6 @@
 using News = InTemporaryDirectory;
 
 TEST_F(News, AreShownWithTheirLineEndsAndNoOtherControlByteWhereTheirFileCanBeUsed) {
-    game.session.dateStamp = "111526";
     fs::create_directory("111526.txt");
     newsJoined();
     showNews();
