@@ -16,8 +16,8 @@ namespace morvek {
 
 // The caller's character.
 struct Player {
-    std::string name;
-    std::string className;
+    std::string name{};
+    std::string className{};
     std::int32_t level = 0;
     std::int32_t experience = 0;
     double gold = 0.0; // money on hand
@@ -32,9 +32,9 @@ struct Player {
     std::int32_t wisdom = 0;
     std::int32_t charisma = 0;
     std::int32_t weaponNumber = 0;
-    std::string weapon;
+    std::string weapon{};
     std::int32_t armourNumber = 0;
-    std::string armour;
+    std::string armour{};
     std::int32_t turnsLeft = 0;
     std::int32_t turnsPerDay = 0;
     std::int32_t reservedCounter = 0;

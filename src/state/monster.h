@@ -15,7 +15,7 @@ struct Monster {
     std::int32_t initiative = 0; // against the player's dexterity: who strikes first
     std::int32_t stat5 = 0;
     double gold = 0.0;
-    std::string alignment;
+    std::string alignment{};
     std::int32_t stat6 = 0;
     std::int32_t stat7 = 0;
     std::int32_t monsterReady = 0; // 1 once set up, or the group wiped out, in this visit
@@ -23,12 +23,12 @@ struct Monster {
     std::int32_t maxHitPoints = 0;
     std::int32_t hitPoints = 0; // beaten below 1
     std::int32_t experience = 0;
-    std::string role;
+    std::string role{};
     std::int32_t stat9 = 0;
-    std::string keyword;
-    std::string origin;
-    std::string size;
-    std::string name;
+    std::string keyword{};
+    std::string origin{};
+    std::string size{};
+    std::string name{};
 };
 
 } // namespace morvek
