@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +13,7 @@
 #include "line_input.h"
 #include "options.h"
 #include "session.h"
+#include "terminal.h"
 #include "text.h"
 
 using odoors::Attribute;
@@ -31,11 +31,19 @@ Session& session() {
     return theSession;
 }
 
+// A signal ends the call properly from here on, also one that came before and was held back.
+void watchSignalsFromNow() {
+    static bool watched = false;
+    if (!watched) {
+        watched = true;
+        odoors::watchSignals(odoors::connectionLost);
+    }
+}
+
 // A reason may quote an option, into which a board may have put a caller's text.
 [[noreturn]] void refuse(odoors::Refusal refusal, const char* more) {
+    session().endIfSignalled();
     std::erase_if(refusal.reason, odoors::isControl);
-    // A board may have closed the other end of standard error.
-    std::signal(SIGPIPE, SIG_IGN);
     std::fprintf(stderr, "%s\n%s", refusal.reason.c_str(), more);
     std::exit(1);
 }
@@ -74,6 +82,7 @@ char choiceIfThere(std::string_view keys) {
 } // namespace
 
 void od_parse_cmd_line(int argc, char* argv[]) {
+    watchSignalsFromNow();
     try {
         options =
             odoors::readOptions({argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)});
@@ -90,6 +99,7 @@ void od_init() {
     if (opened) {
         return;
     }
+    watchSignalsFromNow();
     try {
         session().open(options);
         opened = true;

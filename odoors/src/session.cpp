@@ -18,8 +18,6 @@ namespace odoors {
 
 namespace {
 
-enum Status { connectionLost = 2, timeUsedUp = 3, nothingTyped = 4, otherCaller = 5 };
-
 constexpr Milliseconds perSecond = 1000;
 
 // A terminal sends an escape sequence in one go; a caller cannot type that fast.
@@ -58,7 +56,6 @@ void Session::open(const Options& options) {
     const Streams streams = holdStreams();
     const std::optional<DropFile> file = findDropFile(options, streams);
     const Caller caller = resolveCaller(options, file, streams);
-    watchSignals(connectionLost);
     if (caller.socket) {
         connection_ = Connection(*caller.socket);
     }
@@ -81,6 +78,13 @@ void Session::open(const Options& options) {
         lockOutOthers(*options.lockFile);
     }
     makeTerminalRaw(STDIN_FILENO);
+    endIfSignalled();
+}
+
+void Session::endIfSignalled() {
+    if (sessionSignalled()) {
+        endForLostCaller();
+    }
 }
 
 // The lock lives as long as the process: the file is never closed.
@@ -125,9 +129,7 @@ char Session::nextKey(bool wait) {
     const Milliseconds start = presentMoment();
     const Milliseconds giveUp = longestWait_ < never - start ? start + longestWait_ : never;
     for (;;) {
-        if (sessionSignalled()) {
-            endForLostCaller();
-        }
+        endIfSignalled();
         if (const char key = keys_.take()) {
             od_control.user_timelimit = limit_.minutesLeft(presentMoment());
             return key;

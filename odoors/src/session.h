@@ -13,6 +13,9 @@
 
 namespace odoors {
 
+// How a session that ends by itself ends the process.
+enum Status { connectionLost = 2, timeUsedUp = 3, nothingTyped = 4, otherCaller = 5 };
+
 // One caller's session. What is shown is collected in output and goes out in one write before
 // every look for a key and at the end. The session ends the process by itself when the caller is
 // gone, has used up his time or types nothing for too long.
@@ -26,6 +29,9 @@ public:
 
     // Ends the process: shows what is collected, resets the colour, restores the terminal.
     [[noreturn]] void finish(int status);
+
+    // Ends the process as for a caller who is gone when a signal has come that ends the session.
+    void endIfSignalled();
 
     // Asks a terminal of unknown kind whether it has ANSI graphics.
     void detectAnsi();

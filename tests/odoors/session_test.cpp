@@ -3,6 +3,8 @@
 #include <chrono>
 #include <csignal>
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 
 #include "board.h"
@@ -138,6 +140,48 @@ TEST(End, LostCallerEndsADoorSilently) {
             EXPECT_EQ(call.status(), 2) << signal;
             EXPECT_TRUE(call.isRestored()) << signal;
         }
+    }
+}
+
+TEST(End, SignalDuringTheStartIsALostCaller) {
+    const Child signalled = [] {
+        od_parse_cmd_line(1, commandLine({}).data());
+        raise(SIGTERM);
+        od_init();
+        std::abort();
+    };
+    EXPECT_EQ(Call(signalled).status(), 2);
+    // At any other moment; held back until the child begins to start.
+    sigset_t held;
+    sigset_t before;
+    sigemptyset(&held);
+    sigaddset(&held, SIGHUP);
+    for (const useconds_t delay : {0, 300, 1000, 3000, 10000}) {
+        sigprocmask(SIG_BLOCK, &held, &before);
+        const Call call(doorChild(plain, tellKeys));
+        sigprocmask(SIG_SETMASK, &before, nullptr);
+        usleep(delay);
+        kill(call.child, SIGHUP);
+        EXPECT_EQ(call.status(), 2) << delay;
+        EXPECT_TRUE(call.isRestored());
+    }
+}
+
+// The board that has not written its drop file yet is a pipe here.
+TEST(End, SignalWhileTheDropFileIsReadIsALostCaller) {
+    const Folder folder;
+    const std::string pipe = folder.path(door32.name);
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (const bool opened : {false, true}) {
+        const Call call(doorChild({"-D", pipe}, tellKeys));
+        int end = -1;
+        for (; opened && end < 0; usleep(1000)) {
+            end = open(pipe.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+        }
+        usleep(20000);
+        kill(call.child, SIGTERM);
+        EXPECT_EQ(call.status(), 2) << opened;
+        close(end);
     }
 }
 
