@@ -45,7 +45,7 @@ void watchSignalsFromNow() {
     session().endIfSignalled();
     std::erase_if(refusal.reason, odoors::isControl);
     std::fprintf(stderr, "%s\n%s", refusal.reason.c_str(), more);
-    std::exit(1);
+    session().endAtStart(!options.local && (options.dropFile || options.handle));
 }
 
 std::string_view orEmpty(const char* text) {
@@ -84,8 +84,7 @@ char choiceIfThere(std::string_view keys) {
 void od_parse_cmd_line(int argc, char* argv[]) {
     watchSignalsFromNow();
     try {
-        options =
-            odoors::readOptions({argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)});
+        odoors::readOptions({argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)}, options);
     } catch (const odoors::Refusal& refusal) {
         refuse(refusal, odoors::usage);
     }

@@ -143,8 +143,7 @@ Named takeApart(std::string_view argument) {
 
 } // namespace
 
-Options readOptions(std::span<const char* const> arguments) {
-    Options options;
+void readOptions(std::span<const char* const> arguments, Options& options) {
     for (std::size_t i = 0; i < arguments.size() && !options.help; ++i) {
         const std::string argument = arguments[i];
         Named named = takeApart(argument);
@@ -156,7 +155,6 @@ Options readOptions(std::span<const char* const> arguments) {
         }
         named.row->apply(options, named.value.value_or(""));
     }
-    return options;
 }
 
 } // namespace odoors

@@ -27,9 +27,9 @@ struct Options {
     bool help = false;
 };
 
-// Reads the arguments after the program's name. Throws a Refusal for an option that is unknown or
-// wants a value that is not there or makes no sense; nothing after -HELP is looked at.
-Options readOptions(std::span<const char* const> arguments);
+// Adds what the arguments after the program's name ask for. Throws a Refusal for an option that is
+// unknown or wants a value that is not there or makes no sense; nothing after it or -HELP is read.
+void readOptions(std::span<const char* const> arguments, Options& options);
 
 // The options, a line each.
 extern const char* const usage;

@@ -23,8 +23,11 @@ constexpr Milliseconds perSecond = 1000;
 // A terminal sends an escape sequence in one go; a caller cannot type that fast.
 constexpr Milliseconds escapeSettlesAfter = 50;
 
-// How long a caller whose time is used up may take to be told.
+// How long a caller may take to be told why his session ends.
 constexpr Milliseconds overtime = 500;
+
+// How long he may then take to read it.
+constexpr Milliseconds lastLineStays = 3 * perSecond;
 
 constexpr Milliseconds longestDetection = perSecond;
 constexpr std::string_view askCursorPosition = "\033[6n";
@@ -54,7 +57,9 @@ bool Session::ansi() const {
 
 void Session::open(const Options& options) {
     const Streams streams = holdStreams();
+    startedByBoard_ = !options.local;
     const std::optional<DropFile> file = findDropFile(options, streams);
+    startedByBoard_ = file || (options.handle && !options.local);
     const Caller caller = resolveCaller(options, file, streams);
     if (caller.socket) {
         connection_ = Connection(*caller.socket);
@@ -62,6 +67,7 @@ void Session::open(const Options& options) {
     std::snprintf(od_control.user_name, sizeof od_control.user_name, "%s", caller.name.c_str());
     od_control.od_node = caller.node;
     od_control.user_ansi = caller.ansi.value_or(false) ? 1 : 0;
+    callerKnown_ = true;
     ansiSettled_ = caller.ansi.has_value() || !connection_.canBeAsked();
     output.setCharset(caller.charset);
     keys_.setCharset(caller.charset);
@@ -202,21 +208,55 @@ void Session::showLine(std::string_view line) {
 }
 
 void Session::finish(int status) {
-    sayGoodbye();
+    sendLast();
+    restoreTerminal();
     std::exit(status);
 }
 
 // The program's own endings must not run once the session has ended by itself: hence _exit.
 void Session::endWithLine(std::string_view line, int status) {
     showLine(line);
-    sayGoodbye();
+    endAfter(overtime, status);
+    sendLast();
+    leaveTimeToRead(status);
+    restoreTerminal();
     _exit(status);
 }
 
-void Session::sayGoodbye() {
+void Session::endAtStart(bool startedByBoard) {
+    endIfSignalled();
+    startedByBoard_ = startedByBoard_ || startedByBoard;
+    if (startedByBoard_ && callerKnown_) {
+        endWithLine("The game cannot be started. Please tell the operator.", startupFailed);
+    }
+    leaveTimeToRead(startupFailed);
+    restoreTerminal();
+    _exit(startupFailed);
+}
+
+void Session::sendLast() {
     output.resetColour();
     connection_.write(output.take());
-    restoreTerminal();
+}
+
+// Waits for a key before the process ends: boards clear the screen the moment their door is gone.
+// Keys that were typed before the line was there are dropped.
+void Session::leaveTimeToRead(int status) {
+    if (!startedByBoard_) {
+        return;
+    }
+    const Milliseconds giveUp = presentMoment() + lastLineStays;
+    endAfter(lastLineStays + overtime, status);
+    makeTerminalRaw(STDIN_FILENO);
+    std::string keys;
+    while (connection_.read(keys, 0) == Connection::Event::bytes) {
+    }
+    Connection::Event event = Connection::Event::nothing;
+    Milliseconds now = 0;
+    while (event == Connection::Event::nothing && !sessionSignalled() &&
+           (now = presentMoment()) < giveUp) {
+        event = connection_.read(keys, giveUp - now);
+    }
 }
 
 void Session::endForLostCaller() {

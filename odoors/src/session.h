@@ -14,7 +14,13 @@
 namespace odoors {
 
 // How a session that ends by itself ends the process.
-enum Status { connectionLost = 2, timeUsedUp = 3, nothingTyped = 4, otherCaller = 5 };
+enum Status {
+    startupFailed = 1,
+    connectionLost = 2,
+    timeUsedUp = 3,
+    nothingTyped = 4,
+    otherCaller = 5
+};
 
 // One caller's session. What is shown is collected in output and goes out in one write before
 // every look for a key and at the end. The session ends the process by itself when the caller is
@@ -29,6 +35,10 @@ public:
 
     // Ends the process: shows what is collected, resets the colour, restores the terminal.
     [[noreturn]] void finish(int status);
+
+    // Ends the process because the session cannot begin; tells the caller where he can be reached.
+    // The operator has been told why.
+    [[noreturn]] void endAtStart(bool startedByBoard);
 
     // Ends the process as for a caller who is gone when a signal has come that ends the session.
     void endIfSignalled();
@@ -57,7 +67,8 @@ private:
     void flush();
     void lockOutOthers(const std::string& lockFile);
     void showLine(std::string_view line);
-    void sayGoodbye();
+    void sendLast();
+    void leaveTimeToRead(int status);
     [[noreturn]] void endForLostCaller();
     [[noreturn]] void endWithLine(std::string_view line, int status);
 
@@ -67,6 +78,8 @@ private:
     Milliseconds longestWait_ = never;
     Milliseconds escapeSettles_ = never;
     bool ansiSettled_ = true;
+    bool startedByBoard_ = false;
+    bool callerKnown_ = false;
 };
 
 } // namespace odoors

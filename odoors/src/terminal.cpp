@@ -27,10 +27,9 @@ volatile std::sig_atomic_t endingStatus = 0;
 volatile std::sig_atomic_t overdueStatus = 0; // of endAfter(); 0 without
 
 void onEndingSignal(int) {
-    if (signalsSeen == 0) {
-        const itimerval repeat{{0, repeatMicroseconds}, {0, repeatMicroseconds}};
-        setitimer(ITIMER_REAL, &repeat, nullptr);
-    }
+    // Each time: an endAfter() that was on its way may have put the clock ahead again.
+    const itimerval repeat{{0, 0}, {0, repeatMicroseconds}};
+    setitimer(ITIMER_REAL, &repeat, nullptr);
     signalsSeen = signalsSeen + 1;
     if (signalsSeen > repeats) {
         restoreTerminal();
@@ -63,7 +62,7 @@ void handle(int signal, void (*handler)(int), int flags) {
 } // namespace
 
 void makeTerminalRaw(int descriptor) {
-    if (tcgetattr(descriptor, &found) != 0) {
+    if (rawDescriptor >= 0 || tcgetattr(descriptor, &found) != 0) {
         return;
     }
     termios raw = found;
@@ -116,6 +115,9 @@ bool sessionSignalled() {
 }
 
 void endAfter(Milliseconds span, int status) {
+    if (signalsSeen > 0) {
+        return;
+    }
     overdueStatus = status;
     itimerval once{};
     once.it_value.tv_sec = static_cast<time_t>(span / 1000);

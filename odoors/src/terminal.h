@@ -7,7 +7,7 @@ namespace odoors {
 
 // Puts the terminal behind the descriptor into raw mode, so that every key comes at once, unechoed
 // and as it is, until restoreTerminal(), the end of the process or its crash. Keys already typed
-// are kept. Does nothing for what is no terminal.
+// are kept. Does nothing for what is no terminal, and nothing when called again.
 void makeTerminalRaw(int descriptor);
 
 // Gives the terminal back as it was found; may be called at any time and from a signal handler.
@@ -23,7 +23,8 @@ void watchSignals(int status);
 bool sessionSignalled();
 
 // Ends a process that is still there so much later with the status, whatever it is doing: it may be
-// held up by a caller who takes no output. Only after watchSignals().
+// held up by a caller who takes no output. A later call replaces an earlier one; a signal that ends
+// the session goes before both. Only after watchSignals().
 void endAfter(Milliseconds span, int status);
 
 } // namespace odoors

@@ -62,7 +62,9 @@ extern const Target options = [](std::string_view input) {
         begin = end + 1;
     }
     try {
-        resolve(odoors::readOptions(arguments), std::nullopt);
+        odoors::Options read;
+        odoors::readOptions(arguments, read);
+        resolve(read, std::nullopt);
     } catch (const odoors::Refusal& refusal) {
         require(!refusal.reason.empty());
     }

@@ -15,7 +15,9 @@ namespace {
 Options optionsOf(const std::string& line) {
     std::istringstream words(line);
     const Arguments arguments{std::istream_iterator<std::string>(words), {}};
-    return readOptions({commandLine(arguments).data() + 1, arguments.size()});
+    Options options;
+    readOptions({commandLine(arguments).data() + 1, arguments.size()}, options);
+    return options;
 }
 
 void tellCaller() {

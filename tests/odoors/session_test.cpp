@@ -4,8 +4,10 @@
 #include <csignal>
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 
 #include "board.h"
 #include "call.h"
@@ -223,6 +225,70 @@ TEST(End, OneCallerAtATime) {
     EXPECT_EQ(first.status(), 1000 + SIGKILL);
     EXPECT_EQ(callWithKeys(arguments, "q", tellKeys).status, 0);
     EXPECT_EQ(callWithKeys({"-L", "-ONECALLER", folder.path("no/lock")}, "q", tellKeys).status, 1);
+}
+
+struct LastLine : testing::Test {
+    Folder folder;
+    std::string dropFile = folder.write(door32.name, door32.with());
+    std::string lock = folder.path("lock");
+
+    // A call that a board started, with these options besides.
+    Child byBoard(Arguments options, const Door& door = tellKeys) const {
+        options.insert(options.end(), {"-ASCII", "-D", dropFile});
+        return doorChild(options, door);
+    }
+};
+
+TEST_F(LastLine, StaysUntilAKey) {
+    const Call first(byBoard({"-ONECALLER", lock}));
+    first.until("ready");
+    struct Ending {
+        Arguments options;
+        std::string line;
+        int status;
+    };
+    for (const auto& [options, line, status] : std::vector<Ending>{
+             {{"-TIMELEFT", "0"}, "Your time is used up.", 3},
+             {{"-INACTIVITY", "1"}, "No key was pressed for too long. Goodbye.", 4},
+             {{"-ONECALLER", lock}, "Another caller is inside. Please try again later.", 5},
+             {{"-ONECALLER", folder.path("no/lock")},
+              "The game cannot be started. Please tell the operator.",
+              1},
+             {{"-D", folder.path("none")}, "", 1},
+             {{"-NONSENSE"}, "", 1}}) {
+        Arguments all{"-D", dropFile, "-ASCII"};
+        all.insert(all.end(), options.begin(), options.end());
+        const Call call(doorChild(all, tellKeys));
+        if (!line.empty()) {
+            EXPECT_THAT(call.until(line), testing::HasSubstr(line));
+        }
+        usleep(200000);
+        EXPECT_EQ(waitpid(call.child, nullptr, WNOHANG), 0) << line;
+        call.type("x");
+        EXPECT_EQ(call.status(), status) << line;
+        EXPECT_TRUE(call.isRestored());
+    }
+}
+
+TEST_F(LastLine, StaysThreeSecondsWhateverWasTypedAhead) {
+    const Call call(byBoard({"-TIMELEFT", "0"}));
+    const auto start = std::chrono::steady_clock::now();
+    call.type("abc");
+    EXPECT_THAT(call.until("nothing more"), testing::HasSubstr("Your time is used up."));
+    const auto waited = std::chrono::steady_clock::now() - start;
+    EXPECT_GT(waited, std::chrono::milliseconds(2900));
+    EXPECT_LT(waited, std::chrono::milliseconds(3900));
+    EXPECT_EQ(call.status(), 3);
+}
+
+TEST_F(LastLine, HoldsUpNobodyWhoIsGone) {
+    for (const bool signal : {true, false}) {
+        Call call(byBoard({"-TIMELEFT", "0"}));
+        call.until("up.\n\r");
+        signal ? static_cast<void>(kill(call.child, SIGTERM)) : call.hangUp();
+        EXPECT_EQ(call.status(), 3) << signal;
+    }
+    EXPECT_EQ(Call(byBoard({"-TIMELEFT", "0"}, flood)).status(), 3) << "he takes no output";
 }
 
 TEST(Time, MinutesGoByAndWarningsComeOnce) {
