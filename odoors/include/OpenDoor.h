@@ -20,9 +20,13 @@ typedef struct {
     char user_ansi;     /* 1: the caller has ANSI graphics */
     int user_timelimit; /* whole minutes the caller has left, at most 32767 */
     int od_node;        /* the board's node number, 1 when it named none */
+
+    /* Set by the program before od_parse_cmd_line: what -VERSION prints. */
+    char od_prog_name[40];
+    char od_prog_version[40];
 } tODControl;
 
-/* What the library knows of the caller; valid from od_init on. */
+/* What the library knows of the caller, valid from od_init on, and of the program. */
 extern tODControl od_control;
 
 /* Reads the toolkit's options; a bad one ends the program with status 1 and the usage on stderr. */

@@ -92,6 +92,10 @@ void od_parse_cmd_line(int argc, char* argv[]) {
         std::fputs(odoors::usage, stdout);
         std::exit(0);
     }
+    if (options.version) {
+        std::printf("%s %s\n", od_control.od_prog_name, od_control.od_prog_version);
+        std::exit(0);
+    }
 }
 
 void od_init() {

@@ -21,9 +21,10 @@ const char* const usage =
     "                            the caller's socket, inherited from the board\n"
     "  -STDIO                    the caller is at standard input and output\n"
     "  -GRAPHICS, -ASCII         ANSI graphics on, off\n"
-    "  -CHARSET NAME             what the caller's terminal shows: cp437, utf8 or auto\n"
+    "  -CHARSET NAME             the caller's character set: cp437, utf8 or auto\n"
     "  -INACTIVITY SECONDS       how long to wait for a key; 0 for ever\n"
     "  -ONECALLER LOCKFILE       one caller at a time, by a lock on that file\n"
+    "  -VERSION                  the program's version\n"
     "  -HELP, -?                 this text\n";
 
 namespace {
@@ -102,6 +103,7 @@ constexpr std::array rows{
     Row{"INACTIVITY", Form::withValue,
         [](Options& o, Value v) { o.inactivitySeconds = number(v, 0, anyNumber); }},
     Row{"ONECALLER", Form::withValue, [](Options& o, Value v) { o.lockFile = v; }},
+    Row{"VERSION", Form::alone, [](Options& o, Value) { o.version = true; }},
     Row{"HELP", Form::alone, setHelp},
     Row{"?", Form::alone, setHelp},
 };
@@ -144,7 +146,7 @@ Named takeApart(std::string_view argument) {
 } // namespace
 
 void readOptions(std::span<const char* const> arguments, Options& options) {
-    for (std::size_t i = 0; i < arguments.size() && !options.help; ++i) {
+    for (std::size_t i = 0; i < arguments.size() && !options.help && !options.version; ++i) {
         const std::string argument = arguments[i];
         Named named = takeApart(argument);
         if (named.row->form != Form::alone && !named.value) {

@@ -24,11 +24,12 @@ struct Options {
     std::optional<Charset> charset; // none: what the terminal seems to show
     std::optional<std::int64_t> inactivitySeconds;
     std::optional<std::string> lockFile;
+    bool version = false;
     bool help = false;
 };
 
 // Adds what the arguments after the program's name ask for. Throws a Refusal for an option that is
-// unknown or wants a value that is not there or makes no sense; nothing after it or -HELP is read.
+// unknown or wants a value that is not there or makes no sense; nothing after it, -HELP or -VERSION is read.
 void readOptions(std::span<const char* const> arguments, Options& options);
 
 // The options, a line each.

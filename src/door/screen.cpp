@@ -146,6 +146,8 @@ std::int32_t typedNumber(const std::string& text) {
 }
 
 void readCommandLine(int argc, char* argv[]) {
+    std::snprintf(od_control.od_prog_name, sizeof od_control.od_prog_name, "Morvek");
+    std::snprintf(od_control.od_prog_version, sizeof od_control.od_prog_version, MORVEK_VERSION);
     od_parse_cmd_line(argc, argv);
 }
 

@@ -6,6 +6,8 @@
 #include "call.h"
 #include "text.h"
 
+#include <cstring>
+
 #include <sys/socket.h>
 
 using namespace odoors;
@@ -91,9 +93,25 @@ TEST(OptionsTest, WrongOnesAreRefused) {
                              "-INACTIVITY 1.5", "-CHARSET latin1"}) {
         EXPECT_THROW(optionsOf(line), Refusal) << line;
     }
+}
+
+TEST(OptionsTest, HelpAndVersionArePrintedInsteadOfACall) {
     const Outcome help = callWithKeys({"-HELP"}, "", [] {});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.shown, usage);
+    std::istringstream lines(help.shown);
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_LT(line.size(), 80U) << line;
+    }
+    const Outcome version = runWithKeys(
+        [] {
+            std::strcpy(od_control.od_prog_name, "Chess");
+            std::strcpy(od_control.od_prog_version, "2.5");
+            doorChild({"-VERSION", "-NONSENSE"}, [] {})();
+        },
+        "");
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.shown, "Chess 2.5\n");
 }
 
 TEST(CallerTest, IsReachedAsHeReallyCanBe) {
