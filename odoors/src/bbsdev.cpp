@@ -36,7 +36,7 @@ Route routeOf(const DropLines& lines) {
             return transport.route;
         }
     }
-    lines.refuse(2, "is no way to a caller that is known");
+    lines.refuse(2, "is an unknown connection type");
 }
 
 std::optional<bool> ansiOf(const std::string& text) {
@@ -82,7 +82,7 @@ std::int64_t secondsLeft(const DropLines& lines) {
     }
     const std::optional<std::int64_t> end = readMoment(lines.text(11));
     if (!end) {
-        lines.refuse(11, "is no time");
+        lines.refuse(11, "is not a time in UTC (YYYY-MM-DDTHH:MM:SSZ)");
     }
     return *end - calendarSecond();
 }
@@ -92,7 +92,7 @@ std::int64_t secondsLeft(const DropLines& lines) {
 DropFile readBbsdev(const DropLines& lines) {
     lines.require(19);
     if (!lines.text(1).starts_with("1.")) {
-        lines.refuse(1, "is no version that is known; 1.x is needed");
+        lines.refuse(1, "is an unknown version; 1.x is needed");
     }
     DropFile file;
     file.route = routeOf(lines);

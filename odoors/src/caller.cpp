@@ -57,10 +57,10 @@ Route actualRoute(const Options& options, const std::optional<DropFile>& file,
 
 void checkRoute(Route route, const Streams& streams) {
     if (route == Route::unreachable) {
-        throw Refusal{"no way to the caller: a serial line is not served; use -STDIO"};
+        throw Refusal{"cannot reach the caller: serial lines are not supported; see -STDIO"};
     }
     if (route == Route::standardStreams && !streams.open) {
-        throw Refusal{"no way to the caller: standard input or output is closed"};
+        throw Refusal{"cannot reach the caller: standard input or output is closed"};
     }
 }
 
@@ -87,7 +87,7 @@ std::optional<DropFile> findDropFile(const Options& options, const Streams& stre
     if (options.dropFile) {
         std::optional<DropFile> file = readDropFile(*options.dropFile, node);
         if (!file) {
-            throw Refusal{*options.dropFile + ": holds no drop file"};
+            throw Refusal{*options.dropFile + ": no drop file in this directory"};
         }
         return file;
     }
@@ -100,7 +100,7 @@ std::optional<DropFile> findDropFile(const Options& options, const Streams& stre
     }
     std::optional<DropFile> file = readDropFile(".", node);
     if (!file && !streams.inputIsTerminal) {
-        throw Refusal{"no drop file here and no terminal; -HELP tells how to name the caller"};
+        throw Refusal{"no drop file found, and standard input is not a terminal; see -HELP"};
     }
     return file;
 }

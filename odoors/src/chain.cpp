@@ -17,7 +17,7 @@ std::int64_t wholeSeconds(const DropLines& lines) {
     const std::string fraction = point < text.size() ? text.substr(point + 1) : std::string();
     const std::optional<std::int64_t> seconds = readNumber(text.substr(0, point));
     if (!seconds || !std::all_of(fraction.begin(), fraction.end(), isDigit)) {
-        lines.refuse(secondsLine, "is no number");
+        lines.refuse(secondsLine, "is not a number");
     }
     return *seconds;
 }

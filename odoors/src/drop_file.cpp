@@ -102,7 +102,7 @@ void DropLines::require(std::size_t count) const {
 std::int64_t DropLines::number(std::size_t line) const {
     const std::optional<std::int64_t> number = readNumber(text(line));
     if (!number) {
-        refuse(line, "is no number");
+        refuse(line, "is not a number");
     }
     return *number;
 }
@@ -130,7 +130,7 @@ std::optional<DropFile> readDropFile(const std::string& path, int node) {
             return kind.read(readLines(*found));
         }
     }
-    refuseFile(path, "is no drop file of a known name");
+    refuseFile(path, "is not the name of a known drop file");
 }
 
 DropFile readBbsdevFile(const std::string& path) {

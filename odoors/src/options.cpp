@@ -22,7 +22,7 @@ const char* const usage =
     "  -STDIO                    the caller is at standard input and output\n"
     "  -GRAPHICS, -ASCII         ANSI graphics on, off\n"
     "  -CHARSET NAME             the caller's character set: cp437, utf8 or auto\n"
-    "  -INACTIVITY SECONDS       how long to wait for a key; 0 for ever\n"
+    "  -INACTIVITY SECONDS       how long to wait for a key; 0: for ever\n"
     "  -ONECALLER LOCKFILE       one caller at a time, by a lock on that file\n"
     "  -VERSION                  the program's version\n"
     "  -HELP, -?                 this text\n";
@@ -31,16 +31,27 @@ namespace {
 
 using Value = const std::string&;
 
-std::int64_t number(Value value, std::int64_t least, std::int64_t most) {
+[[noreturn]] void refuse(Value value, const std::string& reason) {
+    throw Refusal{"\"" + value + "\" is not " + reason};
+}
+
+// Amounts of minutes and seconds.
+std::int64_t amount(Value value) {
     const std::optional<std::int64_t> number = readNumber(value);
-    if (!number || *number < least || *number > most) {
-        throw Refusal{"\"" + value + "\" is not a number that makes sense here"};
+    if (!number || *number < 0) {
+        refuse(value, "a whole number of 0 or more");
     }
     return *number;
 }
 
 int smallNumber(Value value, int least) {
-    return static_cast<int>(number(value, least, std::numeric_limits<int>::max()));
+    constexpr int most = std::numeric_limits<int>::max();
+    const std::optional<std::int64_t> number = readNumber(value);
+    if (!number || *number < least || *number > most) {
+        refuse(value,
+               "a whole number from " + std::to_string(least) + " to " + std::to_string(most));
+    }
+    return static_cast<int>(*number);
 }
 
 std::optional<Charset> charset(Value value) {
@@ -53,7 +64,7 @@ std::optional<Charset> charset(Value value) {
     if (sameLetters(value, "auto")) {
         return std::nullopt;
     }
-    throw Refusal{"\"" + value + "\" is not cp437, utf8 or auto"};
+    refuse(value, "cp437, utf8 or auto");
 }
 
 enum class Form { alone, withValue, withValueOrGlued };
@@ -80,8 +91,6 @@ void setHelp(Options& options, Value) {
     options.help = true;
 }
 
-constexpr std::int64_t anyNumber = std::numeric_limits<std::int64_t>::max();
-
 constexpr std::array rows{
     Row{"DROPFILE", Form::withValue, setDropFile},
     Row{"D", Form::withValueOrGlued, setDropFile},
@@ -89,8 +98,7 @@ constexpr std::array rows{
     Row{"L", Form::alone, setLocal},
     Row{"USERNAME", Form::withValue, [](Options& o, Value v) { o.userName = v; }},
     Row{"REALNAME", Form::alone, [](Options& o, Value) { o.realName = true; }},
-    Row{"TIMELEFT", Form::withValue,
-        [](Options& o, Value v) { o.minutesLeft = number(v, 0, anyNumber); }},
+    Row{"TIMELEFT", Form::withValue, [](Options& o, Value v) { o.minutesLeft = amount(v); }},
     Row{"NODE", Form::withValue, setNode},
     Row{"N", Form::withValueOrGlued, setNode},
     Row{"HANDLE", Form::withValue, setHandle},
@@ -101,7 +109,7 @@ constexpr std::array rows{
     Row{"ASCII", Form::alone, [](Options& o, Value) { o.ansi = false; }},
     Row{"CHARSET", Form::withValue, [](Options& o, Value v) { o.charset = charset(v); }},
     Row{"INACTIVITY", Form::withValue,
-        [](Options& o, Value v) { o.inactivitySeconds = number(v, 0, anyNumber); }},
+        [](Options& o, Value v) { o.inactivitySeconds = amount(v); }},
     Row{"ONECALLER", Form::withValue, [](Options& o, Value v) { o.lockFile = v; }},
     Row{"VERSION", Form::alone, [](Options& o, Value) { o.version = true; }},
     Row{"HELP", Form::alone, setHelp},
@@ -151,11 +159,16 @@ void readOptions(std::span<const char* const> arguments, Options& options) {
         Named named = takeApart(argument);
         if (named.row->form != Form::alone && !named.value) {
             if (++i == arguments.size()) {
-                throw Refusal{"option " + argument + " wants a value"};
+                throw Refusal{"option " + argument + " needs a value"};
             }
             named.value = arguments[i];
         }
-        named.row->apply(options, named.value.value_or(""));
+        try {
+            named.row->apply(options, named.value.value_or(""));
+        } catch (const Refusal& refusal) {
+            throw Refusal{"option " + argument.substr(0, argument.find('=')) + ": " +
+                          refusal.reason};
+        }
     }
 }
 

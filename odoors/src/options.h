@@ -29,7 +29,7 @@ struct Options {
 };
 
 // Adds what the arguments after the program's name ask for. Throws a Refusal for an option that is
-// unknown or wants a value that is not there or makes no sense; nothing after it, -HELP or -VERSION is read.
+// unknown or has no value or a wrong one; nothing after it, -HELP or -VERSION is read.
 void readOptions(std::span<const char* const> arguments, Options& options);
 
 // The options, a line each.

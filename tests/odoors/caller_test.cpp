@@ -60,7 +60,7 @@ struct DropFiles : testing::Test {
         for (const std::size_t line : numbers) {
             for (const char* text : {"", "x", "1x", "-", "1 2", "0x1", "1.5x"}) {
                 EXPECT_EQ(refusal(file, file.with({{line, text}})),
-                          std::to_string(line) + " is no number\n");
+                          std::to_string(line) + " is not a number\n");
             }
         }
     }
@@ -152,13 +152,13 @@ TEST_F(DropFiles, AreRefusedByLine) {
                                     "11=2026-01-01T00:00:00", "11=2026-01-01 00:00:00Z"}) {
         const std::size_t middle = other.find('=');
         const std::string bytes = bbsdev.with({{std::stoul(other), other.substr(middle + 1)}});
-        EXPECT_EQ(refusal(bbsdev, bytes).find(other.substr(0, middle) + " is no "), 0U) << other;
+        EXPECT_EQ(refusal(bbsdev, bytes).find(other.substr(0, middle) + " is "), 0U) << other;
     }
 }
 
 TEST_F(DropFiles, AreFoundInTheirOrderInAnyLetterCase) {
     folder.write(bbsdev.name, bbsdev.with());
-    EXPECT_EQ(told(folder.path()), folder.path() + ": holds no drop file\n");
+    EXPECT_EQ(told(folder.path()), folder.path() + ": no drop file in this directory\n");
     // From the last to the first, so that each new one comes before those that are there.
     folder.write("chain.txt", chain.with({{2, "chain"}}));
     EXPECT_EQ(told(folder.path(), {"-N9"}), "chain,45,1,9");
