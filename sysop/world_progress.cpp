@@ -1,6 +1,7 @@
 #include "sysop/world_progress.h"
 
 #include "state/game_state.h"
+#include "state/store_player.h"
 #include "sysop/fields.h"
 
 #include <algorithm>

@@ -1,9 +1,10 @@
 #include "characters/character_file.h"
 
 #include "characters/creation.h"
-#include "door/screen.h"
 #include "files/data_file.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
+#include "state/store_player.h"
 
 #include <algorithm>
 #include <span>

@@ -1,6 +1,6 @@
 #include "characters/creation.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
 

@@ -1,7 +1,7 @@
 #include "characters/player_list.h"
 
 #include "characters/character_file.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 namespace morvek {

@@ -1,7 +1,7 @@
 #include "combat/admission.h"
 
 #include "combat/levels.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"
 

@@ -11,7 +11,7 @@
 #include "combat/arena.h"
 
 #include "combat/opponent.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
 

@@ -27,7 +27,7 @@
 
 #include "characters/character_file.h"
 #include "combat/opponent.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"

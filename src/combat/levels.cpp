@@ -7,7 +7,7 @@
 
 #include "combat/levels.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"

@@ -1,6 +1,6 @@
 #include "combat/opponent.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"

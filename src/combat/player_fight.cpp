@@ -9,9 +9,9 @@
 #include "combat/arena.h"
 #include "combat/fight.h"
 #include "combat/opponent.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
-#include "towne/status_screen.h"
+#include "status/status_screen.h"
 
 namespace morvek {
 namespace {

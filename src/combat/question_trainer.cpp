@@ -1,7 +1,7 @@
 #include "combat/question_trainer.h"
 
 #include "combat/admission.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 namespace morvek {

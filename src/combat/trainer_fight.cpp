@@ -17,10 +17,10 @@
 #include "combat/fight.h"
 #include "combat/levels.h"
 #include "combat/opponent.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
-#include "towne/status_screen.h"
+#include "status/status_screen.h"
 
 #include <algorithm>
 #include <cstdlib>

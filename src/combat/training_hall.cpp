@@ -3,7 +3,7 @@
 #include "combat/admission.h"
 #include "combat/question_trainer.h"
 #include "combat/trainer_fight.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 namespace morvek {

@@ -1,9 +1,9 @@
 #include "door/door_session.h"
 
 #include "door/configuration.h"
-#include "door/screen.h"
 #include "door/title_menu.h"
 #include "files/configuration_file.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 #include <array>
@@ -36,10 +36,6 @@ void enterGameDirectory() {
 
 } // namespace
 
-void takeDisplayName() {
-    game.session.displayUserName = userName().empty() ? "Default" : userName();
-}
-
 int runDoor(int argc, char* argv[]) {
     readCommandLine(argc, argv);
     if (!readConfiguration()) {
@@ -52,7 +48,7 @@ int runDoor(int argc, char* argv[]) {
     tidyUserName(TextSlot::capacity);
     setColour(brightWhite, black);
     takeDateStamp();
-    takeDisplayName();
+    setDisplayName();
     detectTerminal();
     clearAnsiOnly();
     enterGameDirectory();

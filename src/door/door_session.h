@@ -7,7 +7,4 @@ namespace morvek {
 // caller is connected.
 int runDoor(int argc, char* argv[]);
 
-// Takes the name to display from the toolkit: the caller's, or "Default" when it is empty.
-void takeDisplayName();
-
 } // namespace morvek

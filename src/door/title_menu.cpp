@@ -1,12 +1,11 @@
 #include "door/title_menu.h"
 
 #include "characters/character_file.h"
-#include "door/door_session.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
+#include "status/status_screen.h"
 #include "towne/news.h"
 #include "towne/scores.h"
-#include "towne/status_screen.h"
 #include "towne/towne_menu.h"
 
 namespace morvek {
@@ -52,6 +51,10 @@ void reenter() {
 
 } // namespace
 
+void setDisplayName() {
+    game.session.displayUserName = userName().empty() ? "Default" : userName();
+}
+
 void enterGame() {
     game.session.entered = 0;
     loadPlayer();
@@ -61,7 +64,7 @@ void enterGame() {
     game.world.currentLocation = 0;
     reenter();
     showStatus();
-    takeDisplayName();
+    setDisplayName();
     if (!userName().empty()) {
         newsJoined();
     }

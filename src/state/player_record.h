@@ -107,19 +107,4 @@ static_assert(offsetof(PlayerRecord, inUse) == 264);
 static_assert(offsetof(PlayerRecord, currentLocation) == 268);
 static_assert(offsetof(PlayerRecord, worldState) == 272);
 
-// What a save puts into the slot: everything, or what the healed save keeps of it (hit points
-// shown whole, and of the world only W233 to W158).
-enum class StoreKind { whole, healed };
-
-// Copies the player in `game` into the slot; version, slotIndex, lastPlayedDay and the record's
-// unused words keep what they hold.
-void storePlayer(PlayerRecord& slot, StoreKind kind);
-
-// Copies the slot into the player in `game`; bbsName, version, onlineFlag and inUse are not read.
-void restorePlayer(const PlayerRecord& slot);
-
-// Copies only possessions, scores, hit points and turns of the player in `game` into the slot,
-// and leaves it the names it has.
-void storePossessions(PlayerRecord& slot);
-
 } // namespace morvek

@@ -8,7 +8,7 @@
 
 #include "towne/bank.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 #include <cstdint>

@@ -5,7 +5,7 @@
 #include "towne/drinks.h"
 
 #include "characters/character_file.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"
 

@@ -3,7 +3,7 @@
 
 #include "towne/inn.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"
 #include "towne/player_reset.h"

@@ -1,7 +1,7 @@
 #include "towne/news.h"
 
-#include "door/screen.h"
 #include "files/data_file.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 #include <algorithm>

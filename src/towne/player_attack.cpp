@@ -7,7 +7,7 @@
 
 #include "towne/player_attack.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
 

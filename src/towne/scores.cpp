@@ -4,9 +4,9 @@
 
 #include "towne/scores.h"
 
-#include "door/screen.h"
 #include "files/data_file.h"
 #include "files/score_file.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 #include <algorithm>

@@ -10,9 +10,9 @@
 
 #include "towne/scroll_board.h"
 
-#include "door/screen.h"
 #include "files/data_file.h"
 #include "files/scroll_file.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 #include <algorithm>

@@ -11,10 +11,10 @@
 
 #include "towne/shop.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
+#include "status/status_screen.h"
 #include "towne/shop_wares.h"
-#include "towne/status_screen.h"
 
 #include <cstdint>
 #include <string>

@@ -1,12 +1,12 @@
 #include "towne/tavern.h"
 
 #include "combat/training_hall.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
+#include "status/status_screen.h"
 #include "towne/drinks.h"
 #include "towne/inn.h"
 #include "towne/scroll_board.h"
-#include "towne/status_screen.h"
 
 namespace morvek {
 namespace {

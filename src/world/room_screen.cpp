@@ -1,6 +1,6 @@
 #include "world/room_screen.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 #include "world/encounter.h"
 

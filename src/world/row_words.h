@@ -2,7 +2,7 @@
 // about a room. For world_map.cpp alone.
 #pragma once
 
-#include "world/world_map.h"
+#include "world/room.h"
 
 #include <initializer_list>
 

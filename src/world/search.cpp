@@ -9,7 +9,7 @@
 
 #include "world/search.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"

@@ -24,10 +24,10 @@
 #include "world/walk.h"
 
 #include "combat/fight.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
-#include "towne/health_shrine.h"
-#include "towne/status_screen.h"
+#include "status/health_shrine.h"
+#include "status/status_screen.h"
 #include "world/encounter.h"
 #include "world/room_screen.h"
 #include "world/search.h"

@@ -2,7 +2,7 @@
 #include "combat/arena.h"
 #include "combat/fighters.h"
 #include "combat/player_fight.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "support/stored.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include "door/title_menu.h"
 
 #include "door/door_session.h"
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "support/temporary_directory.h"
 
 struct Title : InTemporaryDirectory {

@@ -4,12 +4,12 @@
 #include "display_file.h"
 #include "door/configuration.h"
 #include "door/door_session.h"
-#include "door/screen.h"
 #include "door/title_menu.h"
 #include "files/configuration_file.h"
 #include "files/data_file.h"
 #include "files/score_file.h"
 #include "files/scroll_file.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 #include "text.h"
 #include "towne/news.h"
@@ -97,7 +97,7 @@ void play(const Call& call, const std::string& roster) {
     }
     hold(call, [] {
         tidyUserName(TextSlot::capacity);
-        takeDisplayName();
+        setDisplayName();
         detectTerminal();
         titleMenu();
     });

@@ -1,5 +1,5 @@
 // The record by offset and byte, and the two directions of the copy where they differ.
-#include "state/player_record.h"
+#include "state/store_player.h"
 
 #include "support/stored.h"
 

@@ -1,6 +1,7 @@
 // A game directory made by the tool, and the tool run in it.
 #pragma once
 
+#include "state/store_player.h"
 #include "support/stored.h"
 #include "sysop/command_line.h"
 

@@ -1,8 +1,8 @@
 // The bank's reversed refusals, and every answer of the healing shrine.
-#include "door/screen.h"
+#include "screen/screen.h"
+#include "status/health_shrine.h"
 #include "support/game_test.h"
 #include "towne/bank.h"
-#include "towne/health_shrine.h"
 
 namespace {
 

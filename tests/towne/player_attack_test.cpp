@@ -1,6 +1,6 @@
 #include "towne/player_attack.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "support/stored.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "state/player_record.h"
+#include "state/store_player.h"
 
 #include "state/game_state.h"
 

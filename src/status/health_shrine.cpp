@@ -6,9 +6,9 @@
 // The guessing game grants nothing. It draws a number and shows it beside the guess, and takes one
 // of the guesses left, or two for a guess of 7 or 8.
 
-#include "towne/health_shrine.h"
+#include "status/health_shrine.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"
 

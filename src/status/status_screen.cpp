@@ -1,6 +1,6 @@
-#include "towne/status_screen.h"
+#include "status/status_screen.h"
 
-#include "door/screen.h"
+#include "screen/screen.h"
 #include "state/game_state.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "door/screen.h"
+#include "screen/screen.h"
 
 #include "support/game_test.h"
 

@@ -1,4 +1,4 @@
-#include "towne/status_screen.h"
+#include "status/status_screen.h"
 
 #include "support/game_test.h"
 #include "support/stored.h"
