@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -19,6 +20,19 @@ constexpr const char* bbsdevVariable = "BBSDEV_DRP";
 constexpr std::size_t longestName = 35;
 constexpr std::int64_t usualMinutes = 60;
 constexpr std::int64_t usualInactivity = 300;
+
+Streams holdStreams() {
+    Streams streams;
+    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+        if (fcntl(descriptor, F_GETFD) < 0) {
+            streams.open = streams.open && descriptor == STDERR_FILENO;
+            open("/dev/null", O_RDWR);
+        }
+    }
+    streams.inputIsTerminal = isatty(STDIN_FILENO) == 1;
+    streams.outputIsTerminal = isatty(STDOUT_FILENO) == 1;
+    return streams;
+}
 
 std::string loginName() {
     for (const char* variable : {"LOGNAME", "USER"}) {
@@ -78,6 +92,11 @@ std::string nameOf(const Options& options, const std::optional<DropFile>& file, 
 }
 
 } // namespace
+
+const Streams& standardStreams() {
+    static const Streams streams = holdStreams();
+    return streams;
+}
 
 std::optional<DropFile> findDropFile(const Options& options, const Streams& streams) {
     if (options.local) {

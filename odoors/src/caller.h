@@ -31,6 +31,10 @@ struct Streams {
     bool outputIsTerminal = false;
 };
 
+// What was there when the process started. The first call opens what was closed on nothing, so that
+// no file opened later comes to stand where the caller or the operator is written to.
+const Streams& standardStreams();
+
 // The drop file that the options ask for, or the one in the start directory; none for a session
 // that has no board, or whose board gives only the caller's socket. Throws a Refusal when there is
 // no drop file where there has to be one.

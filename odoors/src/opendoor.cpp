@@ -31,20 +31,38 @@ Session& session() {
     return theSession;
 }
 
-// A signal ends the call properly from here on, also one that came before and was held back.
-void watchSignalsFromNow() {
-    static bool watched = false;
-    if (!watched) {
-        watched = true;
+// What comes before all else. A signal ends the call properly from here on, also one that came
+// before and was held back.
+void prepareProcess() {
+    static bool prepared = false;
+    if (!prepared) {
+        prepared = true;
         odoors::watchSignals(odoors::connectionLost);
+        odoors::standardStreams();
     }
 }
 
 // A reason may quote an option, into which a board may have put a caller's text.
-[[noreturn]] void refuse(odoors::Refusal refusal, const char* more) {
+void complain(std::string reason, const char* more) {
+    std::erase_if(reason, odoors::isControl);
+    std::fprintf(stderr, "%s\n%s", reason.c_str(), more);
+}
+
+// A call is not refused for want of a log.
+void openLog() {
+    try {
+        if (options.logFile) {
+            odoors::openCallLog(*options.logFile);
+        }
+    } catch (const odoors::Refusal& refusal) {
+        complain(refusal.reason, "");
+    }
+}
+
+[[noreturn]] void refuse(const odoors::Refusal& refusal, const char* more) {
     session().endIfSignalled();
-    std::erase_if(refusal.reason, odoors::isControl);
-    std::fprintf(stderr, "%s\n%s", refusal.reason.c_str(), more);
+    complain(refusal.reason, more);
+    odoors::logStartupError(refusal.reason);
     session().endAtStart(!options.local && (options.dropFile || options.handle));
 }
 
@@ -82,10 +100,11 @@ char choiceIfThere(std::string_view keys) {
 } // namespace
 
 void od_parse_cmd_line(int argc, char* argv[]) {
-    watchSignalsFromNow();
+    prepareProcess();
     try {
         odoors::readOptions({argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)}, options);
     } catch (const odoors::Refusal& refusal) {
+        openLog();
         refuse(refusal, odoors::usage);
     }
     if (options.help) {
@@ -96,13 +115,14 @@ void od_parse_cmd_line(int argc, char* argv[]) {
         std::printf("%s %s\n", od_control.od_prog_name, od_control.od_prog_version);
         std::exit(0);
     }
+    openLog();
 }
 
 void od_init() {
     if (opened) {
         return;
     }
-    watchSignalsFromNow();
+    prepareProcess();
     try {
         session().open(options);
         opened = true;

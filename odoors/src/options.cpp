@@ -24,6 +24,7 @@ const char* const usage =
     "  -CHARSET NAME             the caller's character set: cp437, utf8 or auto\n"
     "  -INACTIVITY SECONDS       how long to wait for a key; 0: for ever\n"
     "  -ONECALLER LOCKFILE       one caller at a time, by a lock on that file\n"
+    "  -LOG FILE                 log a line a call in that file\n"
     "  -VERSION                  the program's version\n"
     "  -HELP, -?                 this text\n";
 
@@ -111,6 +112,7 @@ constexpr std::array rows{
     Row{"INACTIVITY", Form::withValue,
         [](Options& o, Value v) { o.inactivitySeconds = amount(v); }},
     Row{"ONECALLER", Form::withValue, [](Options& o, Value v) { o.lockFile = v; }},
+    Row{"LOG", Form::withValue, [](Options& o, Value v) { o.logFile = v; }},
     Row{"VERSION", Form::alone, [](Options& o, Value) { o.version = true; }},
     Row{"HELP", Form::alone, setHelp},
     Row{"?", Form::alone, setHelp},

@@ -32,21 +32,6 @@ constexpr Milliseconds lastLineStays = 3 * perSecond;
 constexpr Milliseconds longestDetection = perSecond;
 constexpr std::string_view askCursorPosition = "\033[6n";
 
-// A file opened later must not come to stand where the caller or the operator is written to.
-// Tells what was there.
-Streams holdStreams() {
-    Streams streams;
-    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
-        if (fcntl(descriptor, F_GETFD) < 0) {
-            streams.open = streams.open && descriptor == STDERR_FILENO;
-            ::open("/dev/null", O_RDWR);
-        }
-    }
-    streams.inputIsTerminal = isatty(STDIN_FILENO) == 1;
-    streams.outputIsTerminal = isatty(STDOUT_FILENO) == 1;
-    return streams;
-}
-
 } // namespace
 
 Session::Session() : output(od_control.user_ansi) {}
@@ -56,11 +41,12 @@ bool Session::ansi() const {
 }
 
 void Session::open(const Options& options) {
-    const Streams streams = holdStreams();
+    const Streams& streams = standardStreams();
     startedByBoard_ = !options.local;
     const std::optional<DropFile> file = findDropFile(options, streams);
     startedByBoard_ = file || (options.handle && !options.local);
     const Caller caller = resolveCaller(options, file, streams);
+    setLoggedCaller(caller.node, caller.name);
     if (caller.socket) {
         connection_ = Connection(*caller.socket);
     }
@@ -208,19 +194,21 @@ void Session::showLine(std::string_view line) {
 }
 
 void Session::finish(int status) {
+    logEnd(status == 0 ? "quit (0)" : "ended by the program (" + std::to_string(status) + ')');
     sendLast();
     restoreTerminal();
     std::exit(status);
 }
 
 // The program's own endings must not run once the session has ended by itself: hence _exit.
-void Session::endWithLine(std::string_view line, int status) {
+void Session::endWithLine(std::string_view line, const Ending& ending) {
+    logEnd(ending.words);
     showLine(line);
-    endAfter(overtime, status);
+    endAfter(overtime, ending);
     sendLast();
-    leaveTimeToRead(status);
+    leaveTimeToRead(ending);
     restoreTerminal();
-    _exit(status);
+    _exit(ending.status);
 }
 
 void Session::endAtStart(bool startedByBoard) {
@@ -231,7 +219,7 @@ void Session::endAtStart(bool startedByBoard) {
     }
     leaveTimeToRead(startupFailed);
     restoreTerminal();
-    _exit(startupFailed);
+    _exit(startupFailed.status);
 }
 
 void Session::sendLast() {
@@ -241,12 +229,12 @@ void Session::sendLast() {
 
 // Waits for a key before the process ends: boards clear the screen the moment their door is gone.
 // Keys that were typed before the line was there are dropped.
-void Session::leaveTimeToRead(int status) {
+void Session::leaveTimeToRead(const Ending& ending) {
     if (!startedByBoard_) {
         return;
     }
     const Milliseconds giveUp = presentMoment() + lastLineStays;
-    endAfter(lastLineStays + overtime, status);
+    endAfter(lastLineStays + overtime, ending);
     makeTerminalRaw(STDIN_FILENO);
     std::string keys;
     while (connection_.read(keys, 0) == Connection::Event::bytes) {
@@ -260,11 +248,12 @@ void Session::leaveTimeToRead(int status) {
 }
 
 void Session::endForLostCaller() {
+    logEnd(connectionLost.words);
     output.take();
     output.resetColour();
     connection_.writeAtParting(output.take());
     restoreTerminal();
-    _exit(connectionLost);
+    _exit(connectionLost.status);
 }
 
 } // namespace odoors

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "call_log.h"
 #include "caller.h"
 #include "clock.h"
 #include "connection.h"
@@ -12,15 +13,6 @@
 #include "output.h"
 
 namespace odoors {
-
-// How a session that ends by itself ends the process.
-enum Status {
-    startupFailed = 1,
-    connectionLost = 2,
-    timeUsedUp = 3,
-    nothingTyped = 4,
-    otherCaller = 5
-};
 
 // One caller's session. What is shown is collected in output and goes out in one write before
 // every look for a key and at the end. The session ends the process by itself when the caller is
@@ -68,9 +60,9 @@ private:
     void lockOutOthers(const std::string& lockFile);
     void showLine(std::string_view line);
     void sendLast();
-    void leaveTimeToRead(int status);
+    void leaveTimeToRead(const Ending& ending);
     [[noreturn]] void endForLostCaller();
-    [[noreturn]] void endWithLine(std::string_view line, int status);
+    [[noreturn]] void endWithLine(std::string_view line, const Ending& ending);
 
     Connection connection_;
     KeyDecoder keys_;

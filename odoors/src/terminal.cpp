@@ -23,8 +23,15 @@ constexpr int repeats = 5;
 termios found{};
 volatile std::sig_atomic_t rawDescriptor = -1;
 volatile std::sig_atomic_t signalsSeen = 0;
-volatile std::sig_atomic_t endingStatus = 0;
-volatile std::sig_atomic_t overdueStatus = 0; // of endAfter(); 0 without
+Ending signalEnding{};
+Ending overdueEnding{};
+
+// For handlers: the program is stuck.
+[[noreturn]] void endHere(const Ending& ending) {
+    logEnd(ending.words);
+    restoreTerminal();
+    _exit(ending.status);
+}
 
 void onEndingSignal(int) {
     // Each time: an endAfter() that was on its way may have put the clock ahead again.
@@ -32,21 +39,20 @@ void onEndingSignal(int) {
     setitimer(ITIMER_REAL, &repeat, nullptr);
     signalsSeen = signalsSeen + 1;
     if (signalsSeen > repeats) {
-        restoreTerminal();
-        _exit(endingStatus);
+        endHere(signalEnding);
     }
 }
 
 void onAlarm(int signal) {
-    if (signalsSeen == 0 && overdueStatus != 0) {
-        restoreTerminal();
-        _exit(overdueStatus);
+    if (signalsSeen == 0 && overdueEnding.status != 0) {
+        endHere(overdueEnding);
     }
     onEndingSignal(signal);
 }
 
 // The terminal must not stay raw behind a program that failed.
 void onCrash(int signal) {
+    logEnd("crashed");
     restoreTerminal();
     raise(signal);
 }
@@ -88,8 +94,8 @@ void restoreTerminal() {
     tcsetattr(descriptor, TCSANOW, &found);
 }
 
-void watchSignals(int status) {
-    endingStatus = status;
+void watchSignals(const Ending& ending) {
+    signalEnding = ending;
     sigset_t unblocked;
     sigemptyset(&unblocked);
     sigaddset(&unblocked, SIGALRM);
@@ -114,11 +120,11 @@ bool sessionSignalled() {
     return signalsSeen > 0;
 }
 
-void endAfter(Milliseconds span, int status) {
+void endAfter(Milliseconds span, const Ending& ending) {
     if (signalsSeen > 0) {
         return;
     }
-    overdueStatus = status;
+    overdueEnding = ending;
     itimerval once{};
     once.it_value.tv_sec = static_cast<time_t>(span / 1000);
     once.it_value.tv_usec = static_cast<suseconds_t>(span % 1000 * 1000);

@@ -1,6 +1,7 @@
 #ifndef ODOORS_TERMINAL_H
 #define ODOORS_TERMINAL_H
 
+#include "call_log.h"
 #include "clock.h"
 
 namespace odoors {
@@ -14,18 +15,18 @@ void makeTerminalRaw(int descriptor);
 void restoreTerminal();
 
 // From now on a signal that ends the session (a hang-up, an interrupt, a termination) is noted and
-// breaks every wait; a process that does not end by itself soon after is ended with the status.
+// breaks every wait; a process that does not end by itself soon after is ended where it stands.
 // A caller who goes away raises no signal when he is written to, and no stop leaves the terminal
 // raw.
-void watchSignals(int status);
+void watchSignals(const Ending& ending);
 
 // Whether such a signal has come.
 bool sessionSignalled();
 
-// Ends a process that is still there so much later with the status, whatever it is doing: it may be
+// Ends a process that is still there so much later, whatever it is doing: it may be
 // held up by a caller who takes no output. A later call replaces an earlier one; a signal that ends
 // the session goes before both. Only after watchSignals().
-void endAfter(Milliseconds span, int status);
+void endAfter(Milliseconds span, const Ending& ending);
 
 } // namespace odoors
 

@@ -91,8 +91,8 @@ namespace odoors {
 
 void makeTerminalRaw(int) {}
 void restoreTerminal() {}
-void watchSignals(int) {}
-void endAfter(Milliseconds, int) {}
+void watchSignals(const Ending&) {}
+void endAfter(Milliseconds, const Ending&) {}
 bool sessionSignalled() {
     return false;
 }

@@ -9,6 +9,9 @@
 
 using Door = std::function<void()>;
 
+// How far the process's clock is put ahead.
+extern long secondsAhead;
+
 const Arguments plain{"-LOCAL", "-ASCII"};
 const Arguments coloured{"-LOCAL", "-GRAPHICS"};
 

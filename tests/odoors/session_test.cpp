@@ -14,6 +14,8 @@
 
 using namespace std::string_literals;
 
+long secondsAhead = 0;
+
 namespace {
 
 void tellKeys() {
@@ -25,8 +27,6 @@ void tellKeys() {
         od_printf("<%d>", key);
     }
 }
-
-long secondsAhead = 0;
 
 const Door look = [] {
     od_printf("ready");
