@@ -1,12 +1,8 @@
 // What the door toolkit reads: drop files, options, display files, the caller's bytes.
-#include "bbsdev.h"
 #include "caller.h"
-#include "chain.h"
 #include "clock.h"
 #include "display_file.h"
-#include "door32.h"
-#include "door_sys.h"
-#include "dorinfo.h"
+#include "drop_file.h"
 #include "fuzz.h"
 #include "text.h"
 
@@ -28,28 +24,27 @@ void resolve(const odoors::Options& options, const std::optional<odoors::DropFil
 }
 
 // The caller of a drop file under both names, or one line that says why there is none.
-template <odoors::DropFile read(const odoors::DropLines&)>
-void dropFile(std::string_view input) {
+void dropFile(const std::string& name, std::string_view input) {
     try {
-        const odoors::DropFile file = read({"call", input});
+        const odoors::DropFile file = odoors::parseDropFile(name, input);
         odoors::Options options;
         options.standardStreams = true;
         resolve(options, file);
         options.realName = true;
         resolve(options, file);
     } catch (const odoors::Refusal& refusal) {
-        require(refusal.reason.starts_with("call: line "));
+        require(refusal.reason.starts_with(name + ": line "));
         require(refusal.reason.find('\n') == std::string::npos);
     }
 }
 
 } // namespace
 
-extern const Target door32Sys = dropFile<odoors::readDoor32>;
-extern const Target doorSys = dropFile<odoors::readDoorSys>;
-extern const Target dorinfoDef = dropFile<odoors::readDorinfo>;
-extern const Target chainTxt = dropFile<odoors::readChain>;
-extern const Target bbsdevDrp = dropFile<odoors::readBbsdev>;
+extern const Target door32Sys = [](std::string_view input) { dropFile("DOOR32.SYS", input); };
+extern const Target doorSys = [](std::string_view input) { dropFile("DOOR.SYS", input); };
+extern const Target dorinfoDef = [](std::string_view input) { dropFile("DORINFO1.DEF", input); };
+extern const Target chainTxt = [](std::string_view input) { dropFile("CHAIN.TXT", input); };
+extern const Target bbsdevDrp = [](std::string_view input) { dropFile("BBSDEV.DRP", input); };
 
 // The command line, a line of the input a word.
 extern const Target options = [](std::string_view input) {
