@@ -6,6 +6,7 @@
 #include "characters/character_file.h"
 #include "combat/bestiary.h"
 #include "combat/fight.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "world/walk.h"
 
@@ -61,7 +62,7 @@ char nextStep() {
 }
 
 void beginGame() {
-    game = GameState{};
+    resetGame();
     game.player.level = 1;
     game.player.hitPoints = 1'000'000'000;
     game.player.maxHitPoints = 1'000'000'000;

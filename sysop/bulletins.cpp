@@ -2,7 +2,6 @@
 
 #include "files/score_file.h"
 #include "files/scroll_file.h"
-#include "state/game_state.h"
 #include "sysop/charset.h"
 #include "sysop/fields.h"
 

@@ -1,7 +1,7 @@
 // The character file. What play can give is told field by field in fields.cpp; here is what
 // concerns a whole record, its flags of the world, or several records.
 
-#include "state/game_state.h"
+#include "state/roster.h"
 #include "sysop/charset.h"
 #include "sysop/check.h"
 #include "sysop/fields.h"

@@ -1,6 +1,6 @@
 #include "sysop/edit.h"
 
-#include "state/game_state.h"
+#include "state/roster.h"
 #include "sysop/backup.h"
 #include "sysop/charset.h"
 #include "sysop/failure.h"

@@ -5,7 +5,8 @@
 #include "sysop/fields.h"
 
 #include "files/score_file.h"
-#include "state/game_state.h"
+#include "state/roster.h"
+#include "state/world_words.h"
 #include "sysop/charset.h"
 #include "sysop/failure.h"
 #include "sysop/game_directory.h"

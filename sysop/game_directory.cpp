@@ -3,7 +3,7 @@
 #include "files/data_file.h"
 #include "files/score_file.h"
 #include "files/scroll_file.h"
-#include "state/game_state.h"
+#include "state/roster.h"
 #include "sysop/charset.h"
 #include "sysop/failure.h"
 

@@ -37,13 +37,13 @@ std::array<std::string, worldWordCount> flagsByWord() {
 
 // A record whose every stored word holds its number plus one.
 PlayerRecord recordOfWordNumbers() {
-    game = GameState{};
+    resetGame();
     for (std::size_t word = 0; word < worldWordCount; ++word) {
         game.world.words[word] = static_cast<std::int32_t>(word + 1);
     }
     PlayerRecord slot;
     storePlayer(slot, StoreKind::whole);
-    game = GameState{};
+    resetGame();
     return slot;
 }
 
@@ -69,7 +69,7 @@ const LevelName& nameOf(Level level) {
 }
 
 Progress progressOf(const PlayerRecord& slot) {
-    game = GameState{};
+    resetGame();
     restorePlayer(slot);
     Progress progress;
     for (int location = 1; location <= locationCount; ++location) {
@@ -87,7 +87,7 @@ Progress progressOf(const PlayerRecord& slot) {
             }
         }
     }
-    game = GameState{};
+    resetGame();
     return progress;
 }
 

@@ -4,6 +4,7 @@
 #include "files/data_file.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
+#include "state/roster.h"
 #include "state/store_player.h"
 
 #include <algorithm>
@@ -128,7 +129,7 @@ void savePlayerHealed() {
         if (isCallers(*slot)) {
             game.session.currentSlot = static_cast<std::int32_t>(slot - game.roster.slots().data());
             slot->slotIndex = game.session.currentSlot;
-        } else if (PlayerRecord* dated = slotOfCurrentNumber()) {
+        } else if (PlayerRecord* dated = game.roster.slotAt(game.session.currentSlot)) {
             dated->lastPlayedDay = game.session.today;
         }
         storePlayer(*slot, StoreKind::healed);

@@ -3,6 +3,7 @@
 #include "screen/screen.h"
 #include "state/dice.h"
 #include "state/game_state.h"
+#include "state/roster.h"
 
 #include <algorithm>
 #include <array>

@@ -3,6 +3,7 @@
 #include "characters/character_file.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
+#include "state/roster.h"
 
 namespace morvek {
 namespace {

@@ -6,6 +6,7 @@
 #include "combat/bestiary.h"
 
 #include "state/dice.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "state/row_text.h"
 

@@ -29,6 +29,7 @@
 #include "combat/opponent.h"
 #include "screen/screen.h"
 #include "state/dice.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"
 

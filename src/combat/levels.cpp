@@ -9,6 +9,7 @@
 
 #include "screen/screen.h"
 #include "state/dice.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "state/wrapping.h"
 

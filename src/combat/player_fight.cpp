@@ -10,20 +10,13 @@
 #include "combat/fight.h"
 #include "combat/opponent.h"
 #include "screen/screen.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
+#include "state/roster.h"
 #include "status/status_screen.h"
 
 namespace morvek {
 namespace {
-
-// The beaten player's record, or null when there is no such slot.
-PlayerRecord* targetRecord() {
-    const std::int32_t slot = game.session.targetSlot;
-    if (slot < 0 || slot >= static_cast<std::int32_t>(slotCount)) {
-        return nullptr;
-    }
-    return &game.roster.slots()[static_cast<std::size_t>(slot)];
-}
 
 void takeGold(PlayerRecord& beaten) {
     const double taken = beaten.gold;
@@ -42,7 +35,7 @@ void winAgainstPlayer() {
     say("`red`The player `bright white`");
     show(name);
     say(" `red`has been beaten!\n\r\n\r");
-    PlayerRecord* beaten = targetRecord();
+    PlayerRecord* beaten = game.roster.slotAt(game.session.targetSlot);
     if (beaten != nullptr && beaten->gold > 0) {
         takeGold(*beaten);
     } else {

@@ -19,6 +19,7 @@
 #include "combat/opponent.h"
 #include "screen/screen.h"
 #include "state/dice.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "status/status_screen.h"
 

@@ -5,6 +5,7 @@
 #include "files/configuration_file.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
+#include "state/text_slot.h"
 
 #include <array>
 #include <cstdio>

@@ -8,7 +8,7 @@
 // scores.asc and scores.ans are the bulletins that a board shows: plain, and in ANSI colour.
 #pragma once
 
-#include "state/game_state.h"
+#include "state/scores.h"
 
 #include <span>
 #include <string>

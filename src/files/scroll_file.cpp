@@ -1,6 +1,7 @@
 #include "files/scroll_file.h"
 
 #include "files/data_file.h"
+#include "state/game_state.h"
 #include "state/text_slot.h"
 
 #include <algorithm>

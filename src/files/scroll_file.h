@@ -16,7 +16,7 @@
 // emptied under that open file and written in place.
 #pragma once
 
-#include "state/game_state.h"
+#include "state/scroll.h"
 
 #include <array>
 #include <cstddef>

@@ -1,5 +1,6 @@
 #include "state/dice.h"
 
+#include "state/encounter.h"
 #include "state/game_state.h"
 
 #include <cstdlib>

@@ -1,17 +1,36 @@
 #include "state/game_state.h"
 
+#include "state/encounter.h"
+#include "state/roster.h"
+#include "state/scores.h"
+
 #include <cstdlib>
 
 namespace morvek {
+namespace {
 
-GameState game;
+Roster roster;
+Encounter encounter;
+Scores scores;
 
-PlayerRecord* slotOfCurrentNumber() {
-    const std::int32_t number = game.session.currentSlot;
-    if (number < 0 || number >= static_cast<std::int32_t>(slotCount)) {
-        return nullptr;
-    }
-    return &game.roster.slots()[static_cast<std::size_t>(number)];
+} // namespace
+
+GameState game{.player = {},
+               .session = {},
+               .world = {},
+               .scroll = {},
+               .roster = roster,
+               .encounter = encounter,
+               .scores = scores};
+
+void resetGame() {
+    game.player = {};
+    game.session = {};
+    game.world = {};
+    game.scroll = {};
+    roster = {};
+    encounter = {};
+    scores = {};
 }
 
 std::int32_t dayNumber() {

@@ -5,6 +5,7 @@
 
 #include "screen/screen.h"
 #include "state/game_state.h"
+#include "state/roster.h"
 #include "state/wrapping.h"
 #include "towne/player_reset.h"
 #include "towne/scores.h"
@@ -40,7 +41,7 @@ bool wantsRoom(std::int32_t price) {
 
 void stampDay() {
     game.session.today = dayNumber();
-    if (PlayerRecord* slot = slotOfCurrentNumber()) {
+    if (PlayerRecord* slot = game.roster.slotAt(game.session.currentSlot)) {
         slot->lastPlayedDay = game.session.today;
     }
 }

@@ -9,7 +9,9 @@
 
 #include "screen/screen.h"
 #include "state/dice.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
+#include "state/roster.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -8,6 +8,7 @@
 #include "files/score_file.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
+#include "state/scores.h"
 
 #include <algorithm>
 #include <cstdio>

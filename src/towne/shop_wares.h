@@ -4,7 +4,7 @@
 // when they are sold.
 #pragma once
 
-#include "state/game_state.h"
+#include "state/player.h"
 
 #include <array>
 #include <cstdint>

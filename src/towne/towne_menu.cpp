@@ -8,6 +8,7 @@
 #include "characters/player_list.h"
 #include "combat/player_fight.h"
 #include "screen/screen.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "status/health_shrine.h"
 #include "status/status_screen.h"

@@ -1,6 +1,7 @@
 #include "world/encounter.h"
 
 #include "state/dice.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 
 namespace morvek {

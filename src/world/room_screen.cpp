@@ -1,6 +1,7 @@
 #include "world/room_screen.h"
 
 #include "screen/screen.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "world/encounter.h"
 

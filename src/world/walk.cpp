@@ -25,6 +25,7 @@
 
 #include "combat/fight.h"
 #include "screen/screen.h"
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "status/health_shrine.h"
 #include "status/status_screen.h"

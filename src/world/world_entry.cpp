@@ -7,6 +7,7 @@
 
 #include "world/world_entry.h"
 
+#include "state/encounter.h"
 #include "state/game_state.h"
 #include "world/walk.h"
 

@@ -1,6 +1,7 @@
 // The four ways to save and the way to load, each with the slots it may touch.
 #include "characters/character_file.h"
 
+#include "state/roster.h"
 #include "support/stored.h"
 
 struct CharacterFile : InTemporaryDirectory {

@@ -1,5 +1,6 @@
 #include "characters/creation.h"
 
+#include "state/roster.h"
 #include "support/game_test.h"
 
 TEST(Creation, OnlySlotZeroForbidsANameAndANoKeepsTheFirst) {

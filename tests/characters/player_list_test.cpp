@@ -1,5 +1,6 @@
 #include "characters/player_list.h"
 
+#include "state/roster.h"
 #include "support/stored.h"
 
 using PlayerList = InTemporaryDirectory;

@@ -3,6 +3,8 @@
 #include "combat/fighters.h"
 #include "combat/player_fight.h"
 #include "screen/screen.h"
+#include "state/encounter.h"
+#include "state/roster.h"
 #include "support/stored.h"
 
 namespace {

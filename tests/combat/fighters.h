@@ -1,6 +1,7 @@
 // Fights, for tests.
 #pragma once
 
+#include "state/encounter.h"
 #include "support/temporary_directory.h"
 
 // Begins a call: a player of 30 hit points out of 40 meets an opponent of 10, as quick as he is.

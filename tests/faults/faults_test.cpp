@@ -2,6 +2,7 @@
 // wrong between a save and the disk, and callers who are gone, at every wait for a key on a way
 // through all the screens, on every kind of line, in every manner.
 #include "state/game_state.h"
+#include "state/roster.h"
 #include "support/program.h"
 
 #include <csignal>

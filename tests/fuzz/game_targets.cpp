@@ -11,6 +11,8 @@
 #include "files/scroll_file.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
+#include "state/roster.h"
+#include "state/scores.h"
 #include "text.h"
 #include "towne/news.h"
 #include "towne/scores.h"
@@ -45,7 +47,7 @@ constexpr const char* rosterName = "morchars.dat";
 
 // A new game, in a directory without any file.
 void beginGame() {
-    game = GameState{};
+    resetGame();
     game.session.dateStamp = "111526";
     seed = 0;
     for (const auto& entry : std::filesystem::directory_iterator(workFolder().self)) {

@@ -1,6 +1,7 @@
 // Whole calls through the title, on one set of files.
 #include "characters/character_file.h"
 #include "door/door_session.h"
+#include "state/roster.h"
 #include "support/stored.h"
 
 struct TowneJourney : InTemporaryDirectory {

@@ -1,4 +1,5 @@
 // Walks and fights as callers have them: out of Towne, through the world, and home again.
+#include "state/encounter.h"
 #include "support/stored.h"
 #include "world/walkers.h"
 #include "world/world_entry.h"

@@ -1,4 +1,5 @@
 #include "state/dice.h"
+#include "state/encounter.h"
 
 #include "support/game_test.h"
 

@@ -74,7 +74,7 @@ TEST(PlayerRecord, ReadingCopiesTheMortuaryWordsTwiceAndLeavesTheUnstoredOnes) {
     slot.lastPlayedDay = 111526;
     std::int32_t& secondCopy = slot.worldState[(1308 - 272) / 4];
     secondCopy = -1; // which is not read
-    game = GameState{};
+    resetGame();
     game.world.words.fill(-5);
     restorePlayer(slot);
 

@@ -37,7 +37,7 @@ std::string ScriptedCaller::between(std::string_view from, std::string_view to) 
 }
 
 void newCall(bool ansi, std::string_view name) {
-    game = GameState{};
+    resetGame();
     caller = ScriptedCaller{};
     chance = ScriptedChance{};
     game.session.dateStamp = "111526";

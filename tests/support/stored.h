@@ -1,6 +1,7 @@
 // Characters and texts as the files hold them.
 #pragma once
 
+#include "state/roster.h"
 #include "support/temporary_directory.h"
 
 #include <cstring>
@@ -34,7 +35,7 @@ inline PlayerRecord storedSlot(std::size_t number) {
 // Begins a game with a player in whom every number differs, so that no two can be confused: his
 // are 100, 101, ... in the order of the list, the world's words 1000, 1001, ...
 inline void beginDistinctGame() {
-    game = GameState{};
+    resetGame();
     Player& player = game.player;
     player = {.name = "Arwen",
               .className = "Ranger",

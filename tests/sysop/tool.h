@@ -1,6 +1,7 @@
 // A game directory made by the tool, and the tool run in it.
 #pragma once
 
+#include "state/roster.h"
 #include "state/store_player.h"
 #include "support/stored.h"
 #include "sysop/command_line.h"
@@ -14,7 +15,7 @@ using testing::Not;
 
 // A character as the game has just made it.
 inline PlayerRecord character(const char* owner, const char* name) {
-    game = GameState{};
+    resetGame();
     Player& player = game.player;
     player = {
         .name = name, .className = "Ranger", .level = 1, .gold = 25, .experienceNeeded = 1000};

@@ -1,6 +1,8 @@
 #include "towne/player_attack.h"
 
 #include "screen/screen.h"
+#include "state/encounter.h"
+#include "state/roster.h"
 #include "support/stored.h"
 
 namespace {

@@ -1,5 +1,6 @@
 #include "towne/scores.h"
 
+#include "state/scores.h"
 #include "support/temporary_directory.h"
 
 struct ScoresOfTheBoard : InTemporaryDirectory {

@@ -1,6 +1,8 @@
 // The tavern's menu, its drinks, and the inn that ends a game without saving it.
 #include "towne/tavern.h"
 
+#include "state/roster.h"
+#include "state/scores.h"
 #include "support/stored.h"
 #include "towne/drinks.h"
 

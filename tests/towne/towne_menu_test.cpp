@@ -1,6 +1,8 @@
 // The hub's keys and its three ways out.
 #include "towne/towne_menu.h"
 
+#include "state/roster.h"
+#include "state/scores.h"
 #include "support/temporary_directory.h"
 
 struct Towne : InTemporaryDirectory {

@@ -30,7 +30,7 @@ char nextKey() {
 } // namespace
 
 TEST(WalkLength, AStepCostsFewBytesAndTheWayHomeIsShort) {
-    game = GameState{};
+    resetGame();
     game.player.turnsLeft = 30;
     game.world.words.fill(1);
     quietKey = nextKey;

@@ -1,6 +1,7 @@
 // Players in the world, for tests.
 #pragma once
 
+#include "state/encounter.h"
 #include "support/game_test.h"
 #include "world/walk.h"
 
