@@ -7,7 +7,6 @@
 #include "sysop/failure.h"
 #include "sysop/fields.h"
 #include "sysop/game_directory.h"
-#include "sysop/map_picture.h"
 #include "sysop/new_game.h"
 #include "sysop/players.h"
 
@@ -31,8 +30,6 @@ struct Arguments {
     bool all = false;
     bool force = false;
     bool list = false;
-    bool dot = false;
-    bool svg = false;
     Format format = Format::text;
     std::string day;
     std::string file;
@@ -56,7 +53,6 @@ public:
         addChangingVerbs();
         addBackupVerbs();
         addBulletins();
-        addMap();
     }
 
     int run(const std::vector<std::string>& arguments) {
@@ -231,18 +227,6 @@ private:
         addFormats(news);
         addFormats(addVerb("board", "Write the message board",
                            [this] { writeBoard(home(), given.format, out); }));
-    }
-
-    void addMap() {
-        CLI::App* map = addVerb("map", "Draw the world with its rooms, monsters and exits", [this] {
-            if (given.dot) {
-                writeDot(out);
-            } else {
-                writeSvg(out);
-            }
-        });
-        CLI::Option* dot = map->add_flag("--dot", given.dot, "As a graph for Graphviz");
-        map->add_flag("--svg", given.svg, "As a picture (default)")->excludes(dot);
     }
 };
 
