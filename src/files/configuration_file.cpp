@@ -13,7 +13,7 @@ std::optional<Configuration> parseConfiguration(std::string_view text) {
         }
         text.remove_prefix(std::min(line.size() + 1, text.size()));
     }
-    return Configuration{std::string(lines[0]), std::string(lines[1]), std::string(lines[2])};
+    return Configuration{std::string(lines[1]), std::string(lines[2])};
 }
 
 } // namespace morvek

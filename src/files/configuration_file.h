@@ -22,7 +22,6 @@ constexpr std::size_t configurationLines = 3;
 constexpr std::size_t longestConfigurationLine = 253;
 
 struct Configuration {
-    std::string freeText;
     std::string hostName;
     std::string gameDirectory;
 };

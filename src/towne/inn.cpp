@@ -16,7 +16,6 @@ namespace morvek {
 namespace {
 
 constexpr std::int32_t goldPerLevel = 50;
-constexpr int scoreMode = 3;
 
 void welcome(std::int32_t price) {
     say("\n\r\n\r`bright white`Welcome to the Tavern's Inn!");
@@ -53,7 +52,7 @@ void moveIn(std::int32_t price) {
     game.player.gold -= price;
     stampDay();
     prepareScore();
-    updateScores(scoreMode);
+    updateScores();
     clearPlayer();
     forgetScores();
     say("`bright white`DONE`red`!\n\r\n\r");

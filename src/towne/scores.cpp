@@ -115,7 +115,7 @@ void prepareScore() {
     game.scores.entry.score = game.player.experience;
 }
 
-void updateScores(int /*mode*/) {
+void updateScores() {
     const bool isRead = readScores();
     if (!isRead) {
         say("\n\r");

@@ -9,9 +9,9 @@ namespace morvek {
 // cannot be opened.
 bool readScores();
 
-// Enters the score in `game.scores.entry` for the player and writes the file again; the mode has
-// no effect. A file that cannot be written costs the score, with two lines on standard error.
-void updateScores(int mode);
+// Enters the score in `game.scores.entry` for the player and writes the file again. A file that
+// cannot be written costs the score, with two lines on standard error.
+void updateScores();
 
 // Shows the list to the caller and writes the board's two bulletins.
 void showTopTen();

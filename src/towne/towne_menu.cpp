@@ -107,7 +107,7 @@ void enterScoreOfCall() {
     }
     prepareScore();
     savePlayer();
-    updateScores(3);
+    updateScores();
 }
 
 void quit() {

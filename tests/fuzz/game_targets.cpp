@@ -132,7 +132,7 @@ extern const Target scores = [](std::string_view input) {
     hold({bits}, [] {
         showTopTen();
         prepareScore();
-        updateScores(3);
+        updateScores();
         showTopTen();
         require(game.scores.count >= 0 && game.scores.count <= 10);
         waitForKey();

@@ -9,7 +9,7 @@ struct ScoresOfTheBoard : InTemporaryDirectory {
         writeFile("scores.dat", before);
         game.player = {.name = name, .className = "Rogue", .experience = score};
         prepareScore();
-        updateScores(3);
+        updateScores();
         return readFile("scores.dat");
     }
 };
@@ -55,7 +55,7 @@ TEST_F(ScoresOfTheBoard, ATextIsReadUntilAnEntryIsNotWhole) {
     }
     ::chmod("scores.dat", 0222); // what nobody may read is begun anew
     const AsNobody nobody;
-    updateScores(3);
+    updateScores();
     EXPECT_EQ(fs::file_size("scores.dat"), own.size());
 }
 
