@@ -13,6 +13,7 @@
 
 #include "charset.h"
 #include "clock.h"
+#include "startup_error.h"
 #include "text.h"
 
 namespace odoors {
@@ -57,9 +58,9 @@ void openCallLog(const std::string& path) {
     file =
         open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
     if (file < 0) {
-        throw Refusal{path + ": cannot be written: " + std::strerror(errno)};
+        throw StartupError{path + ": cannot be written: " + std::strerror(errno)};
     }
-    beginning = presentMoment();
+    beginning = monotonicNow();
     date = localDate();
     std::atexit(logUntoldEnd);
 }
@@ -78,7 +79,7 @@ void logEnd(std::string_view how) {
         return;
     }
     std::array<char, 24> digits;
-    const std::int64_t minutes = (presentMoment() - beginning) / perMinute;
+    const std::int64_t minutes = (monotonicNow() - beginning) / perMinute;
     const char* end = std::to_chars(digits.begin(), digits.end(), minutes).ptr;
     const std::string_view minutesText(digits.data(),
                                        static_cast<std::size_t>(end - digits.data()));

@@ -24,8 +24,8 @@ constexpr Ending timeUsedUp{3, "time used up (3)"};
 constexpr Ending nothingTyped{4, "no key pressed (4)"};
 constexpr Ending otherCaller{5, "another caller inside (5)"};
 
-// Opens the log for a call that begins now; throws a Refusal when it cannot be written. Until then
-// nothing is logged.
+// Opens the log for a call that begins now; throws a StartupError when it cannot be written. Until
+// then nothing is logged.
 void openCallLog(const std::string& path);
 
 // Says who is calling, his name in CP437.

@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 #include "clock.h"
-#include "text.h"
+#include "startup_error.h"
 
 namespace odoors {
 
@@ -18,8 +18,8 @@ namespace {
 constexpr const char* bbsdevVariable = "BBSDEV_DRP";
 
 constexpr std::size_t longestName = 35;
-constexpr std::int64_t usualMinutes = 60;
-constexpr std::int64_t usualInactivity = 300;
+constexpr std::int64_t defaultMinutes = 60;
+constexpr std::int64_t defaultInactivity = 300;
 
 Streams holdStreams() {
     Streams streams;
@@ -71,10 +71,10 @@ Route actualRoute(const Options& options, const std::optional<DropFile>& file,
 
 void checkRoute(Route route, const Streams& streams) {
     if (route == Route::unreachable) {
-        throw Refusal{"cannot reach the caller: serial lines are not supported; see -STDIO"};
+        throw StartupError{"cannot reach the caller: serial lines are not supported; see -STDIO"};
     }
     if (route == Route::standardStreams && !streams.open) {
-        throw Refusal{"cannot reach the caller: standard input or output is closed"};
+        throw StartupError{"cannot reach the caller: standard input or output is closed"};
     }
 }
 
@@ -91,13 +91,6 @@ std::string nameOf(const Options& options, const std::optional<DropFile>& file, 
     return first.empty() ? second : first;
 }
 
-} // namespace
-
-const Streams& standardStreams() {
-    static const Streams streams = holdStreams();
-    return streams;
-}
-
 std::optional<DropFile> findDropFile(const Options& options, const Streams& streams) {
     if (options.local) {
         return std::nullopt;
@@ -106,7 +99,7 @@ std::optional<DropFile> findDropFile(const Options& options, const Streams& stre
     if (options.dropFile) {
         std::optional<DropFile> file = readDropFile(*options.dropFile, node);
         if (!file) {
-            throw Refusal{*options.dropFile + ": no drop file in this directory"};
+            throw StartupError{*options.dropFile + ": no drop file in this directory"};
         }
         return file;
     }
@@ -119,9 +112,21 @@ std::optional<DropFile> findDropFile(const Options& options, const Streams& stre
     }
     std::optional<DropFile> file = readDropFile(".", node);
     if (!file && !streams.inputIsTerminal) {
-        throw Refusal{"no drop file found, and standard input is not a terminal; see -HELP"};
+        throw StartupError{"no drop file found, and standard input is not a terminal; see -HELP"};
     }
     return file;
+}
+
+} // namespace
+
+const Streams& standardStreams() {
+    static const Streams streams = holdStreams();
+    return streams;
+}
+
+Caller findCaller(const Options& options) {
+    const Streams& streams = standardStreams();
+    return resolveCaller(options, findDropFile(options, streams), streams);
 }
 
 Caller resolveCaller(const Options& options, const std::optional<DropFile>& file,
@@ -130,6 +135,7 @@ Caller resolveCaller(const Options& options, const std::optional<DropFile>& file
     checkRoute(route, streams);
     const bool local = !file && !options.handle;
     Caller caller;
+    caller.startedByBoard = !local && !options.local;
     if (route == Route::socket) {
         caller.socket = socketOf(options, file);
     }
@@ -138,11 +144,11 @@ Caller resolveCaller(const Options& options, const std::optional<DropFile>& file
     caller.name = nameOf(options, file, caller.charset).substr(0, longestName);
     caller.node = options.node.value_or(file ? file->node : 1);
     caller.timed = options.minutesLeft || file;
-    const std::int64_t minutes = options.minutesLeft.value_or(usualMinutes);
+    const std::int64_t minutes = options.minutesLeft.value_or(defaultMinutes);
     caller.secondsLeft =
         file && !options.minutesLeft ? file->secondsLeft : minutes * secondsPerMinute;
     caller.ansi = options.ansi ? options.ansi : file ? file->ansi : std::nullopt;
-    caller.inactivitySeconds = options.inactivitySeconds.value_or(local ? 0 : usualInactivity);
+    caller.inactivitySeconds = options.inactivitySeconds.value_or(local ? 0 : defaultInactivity);
     return caller;
 }
 

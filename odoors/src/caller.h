@@ -21,6 +21,7 @@ struct Caller {
     bool timed = false;       // whether the session ends when they are used up
     std::optional<bool> ansi; // none: the terminal is to be asked
     Charset charset = Charset::cp437;
+    bool startedByBoard = false;        // rather than by himself
     std::int64_t inactivitySeconds = 0; // 0: a wait for a key may last for ever
 };
 
@@ -31,16 +32,16 @@ struct Streams {
     bool outputIsTerminal = false;
 };
 
-// What was there when the process started. The first call opens what was closed on nothing, so that
-// no file opened later comes to stand where the caller or the operator is written to.
+// What was there when the process started. The first call opens /dev/null for those that were
+// closed, so that no file opened later takes their place.
 const Streams& standardStreams();
 
-// The drop file that the options ask for, or the one in the start directory; none for a session
-// that has no board, or whose board gives only the caller's socket. Throws a Refusal when there is
-// no drop file where there has to be one.
-std::optional<DropFile> findDropFile(const Options& options, const Streams& streams);
+// The caller of this call, by the drop file that the options ask for, else the environment, else
+// the start directory. Throws a StartupError when there is no drop file where there has to be one,
+// when it is malformed, or when there is no way to reach the caller.
+Caller findCaller(const Options& options);
 
-// The caller of this session. Throws a Refusal when there is no way to reach him.
+// The caller whom these tell of. Throws a StartupError when there is no way to reach him.
 Caller resolveCaller(const Options& options, const std::optional<DropFile>& file,
                      const Streams& streams);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ctime>
 
 namespace odoors {
 
@@ -14,15 +13,17 @@ constexpr std::array warnings{1, 5};
 
 } // namespace
 
-Milliseconds presentMoment() {
+int (*readClock)(clockid_t clock, timespec* now) = clock_gettime;
+
+Milliseconds monotonicNow() {
     timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
+    readClock(CLOCK_MONOTONIC, &now);
     return static_cast<Milliseconds>(now.tv_sec) * perSecond + now.tv_nsec / 1'000'000;
 }
 
 std::int64_t calendarSecond() {
     timespec now{};
-    clock_gettime(CLOCK_REALTIME, &now);
+    readClock(CLOCK_REALTIME, &now);
     return now.tv_sec;
 }
 
@@ -39,7 +40,7 @@ Milliseconds TimeLimit::end() const {
     return enforced_ ? start_ + seconds_ * perSecond : never;
 }
 
-int TimeLimit::takeWarning(Milliseconds now) {
+int TimeLimit::popWarning(Milliseconds now) {
     for (const int minutes : warnings) {
         const std::int64_t seconds = minutes * secondsPerMinute;
         const bool given = lastWarning_ != 0 && lastWarning_ <= minutes;

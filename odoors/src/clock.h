@@ -2,6 +2,7 @@
 #define ODOORS_CLOCK_H
 
 #include <cstdint>
+#include <ctime>
 #include <limits>
 
 namespace odoors {
@@ -13,10 +14,13 @@ constexpr std::int64_t secondsPerMinute = 60;
 
 constexpr Milliseconds never = std::numeric_limits<Milliseconds>::max();
 
-// The present moment on a clock that nobody can set.
-Milliseconds presentMoment();
+// Reads a clock as clock_gettime() does, which it is unless a test puts another in its place.
+extern int (*readClock)(clockid_t clock, timespec* now);
 
-// The present second on the calendar's clock, counted from the start of 1970 in UTC.
+// The time on a clock that nobody can set.
+Milliseconds monotonicNow();
+
+// The seconds since the start of 1970 in UTC, on a clock that can be set.
 std::int64_t calendarSecond();
 
 // The time that one caller has: how much is left, and what he must be told about it.
@@ -35,7 +39,7 @@ public:
 
     // The warning that is due, as the minutes (5 or 1) that are at most left; 0 for none. Each is
     // due once, and only for a caller who began with more.
-    int takeWarning(Milliseconds now);
+    int popWarning(Milliseconds now);
 
 private:
     Milliseconds start_ = 0;

@@ -39,8 +39,8 @@ std::optional<int> colourNumber(std::string_view word) {
     return std::nullopt;
 }
 
-// Takes the next word off the front of the text; empty at its end.
-std::string_view takeWord(std::string_view& text) {
+// Removes the next word from the front of the text; empty at its end.
+std::string_view popWord(std::string_view& text) {
     text.remove_prefix(std::min(text.size(), text.find_first_not_of(' ')));
     const std::string_view word = text.substr(0, text.find(' '));
     text.remove_prefix(word.size());
@@ -66,21 +66,21 @@ bool readModifier(std::string_view word, Attribute& attribute, int& brightness) 
 std::optional<Attribute> readColourCode(std::string_view words) {
     Attribute attribute;
     int brightness = 0;
-    std::string_view word = takeWord(words);
+    std::string_view word = popWord(words);
     while (readModifier(word, attribute, brightness)) {
-        word = takeWord(words);
+        word = popWord(words);
     }
     const std::optional<int> foreground = colourNumber(word);
     if (!foreground) {
         return std::nullopt;
     }
     attribute.foreground = *foreground + brightness;
-    word = takeWord(words);
+    word = popWord(words);
     if (word.empty()) {
         return attribute;
     }
-    const std::optional<int> background = colourNumber(takeWord(words));
-    if (!sameLetters(word, "on") || !background || !takeWord(words).empty()) {
+    const std::optional<int> background = colourNumber(popWord(words));
+    if (!sameLetters(word, "on") || !background || !popWord(words).empty()) {
         return std::nullopt;
     }
     attribute.background = *background;

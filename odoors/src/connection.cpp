@@ -16,11 +16,11 @@ namespace odoors {
 namespace {
 
 constexpr std::size_t chunk = 4096;
-constexpr int forEver = -1; // to poll: no clock to be set, for weeks all the same
-constexpr int nobody = -1;  // to poll: not to be watched
+constexpr int noTimeout = -1; // to poll: no clock to be set, for weeks all the same
+constexpr int unwatched = -1; // to poll: not to be watched
 
 // Whether a failed read or write is worth another try.
-bool isPassing(int error) {
+bool isTransient(int error) {
     return error == EINTR || error == EAGAIN || error == EWOULDBLOCK;
 }
 
@@ -29,16 +29,17 @@ bool isPassing(int error) {
 Connection::Connection(int socket)
     : input_(socket), output_(socket), telnet_(std::make_unique<Telnet>()) {}
 
-Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
+Connection::Event Connection::read(std::string& bytes, Milliseconds timeout) {
     if (lost_) {
         return Event::lost;
     }
-    std::array<pollfd, 2> ends{{{input_, POLLIN, 0}, {outputIsApart() ? output_ : nobody, 0, 0}}};
+    std::array<pollfd, 2> ends{
+        {{input_, POLLIN, 0}, {outputIsApart() ? output_ : unwatched, 0, 0}}};
     constexpr Milliseconds longest = std::numeric_limits<int>::max();
     const int wait =
-        patience > longest ? forEver : static_cast<int>(std::max<Milliseconds>(patience, 0));
+        timeout > longest ? noTimeout : static_cast<int>(std::max<Milliseconds>(timeout, 0));
     if (poll(ends.data(), ends.size(), wait) < 0) {
-        return errno == EINTR ? Event::nothing : lose();
+        return errno == EINTR ? Event::nothing : markLost();
     }
     if (ends[0].revents != 0) {
         std::array<char, chunk> buffer;
@@ -46,9 +47,9 @@ Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
         if (count > 0) {
             return receive({buffer.data(), static_cast<std::size_t>(count)}, bytes);
         }
-        return count < 0 && isPassing(errno) ? Event::nothing : lose();
+        return count < 0 && isTransient(errno) ? Event::nothing : markLost();
     }
-    return (ends[1].revents & (POLLERR | POLLHUP | POLLNVAL)) != 0 ? lose() : Event::nothing;
+    return (ends[1].revents & (POLLERR | POLLHUP | POLLNVAL)) != 0 ? markLost() : Event::nothing;
 }
 
 // A caller may go away from the output without closing the input: then it must be watched too. A
@@ -70,13 +71,13 @@ Connection::Event Connection::receive(std::string_view fromLine, std::string& by
     }
     const std::size_t before = bytes.size();
     telnet_->receive(fromLine, bytes);
-    writeRaw(telnet_->takeForLine());
+    writeRaw(telnet_->drainOutgoing());
     return bytes.size() > before ? Event::bytes : lost_ ? Event::lost : Event::nothing;
 }
 
 std::string Connection::forLine(std::string_view bytes) {
     telnet_->send(bytes);
-    return telnet_->takeForLine();
+    return telnet_->drainOutgoing();
 }
 
 bool Connection::write(std::string_view bytes) {
@@ -88,7 +89,7 @@ bool Connection::writeRaw(std::string_view bytes) {
         const ssize_t count = ::write(output_, bytes.data(), bytes.size());
         if (count >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(count));
-        } else if (sessionSignalled() || !isPassing(errno)) {
+        } else if (sessionSignalled() || !isTransient(errno)) {
             lost_ = true;
             return false;
         } else if (errno != EINTR) {
@@ -108,11 +109,11 @@ void Connection::writeAtParting(std::string_view bytes) {
     }
 }
 
-bool Connection::canBeAsked() const {
+bool Connection::isInteractive() const {
     return telnet_ || (isatty(input_) == 1 && isatty(output_) == 1);
 }
 
-Connection::Event Connection::lose() {
+Connection::Event Connection::markLost() {
     lost_ = true;
     return Event::lost;
 }

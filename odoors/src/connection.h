@@ -25,7 +25,7 @@ public:
 
     // Waits at most that long until the caller has sent something and adds what is there to bytes.
     // A signal ends the wait early, with nothing.
-    Event read(std::string& bytes, Milliseconds patience);
+    Event read(std::string& bytes, Milliseconds timeout);
 
     // Sends all of it, in one write when the system takes it so; false when the caller is gone.
     bool write(std::string_view bytes);
@@ -37,10 +37,10 @@ public:
     bool lost() const { return lost_; }
 
     // Whether there is a terminal to be asked what it is: here, or behind a socket.
-    bool canBeAsked() const;
+    bool isInteractive() const;
 
 private:
-    Event lose();
+    Event markLost();
     Event receive(std::string_view fromLine, std::string& bytes);
     std::string forLine(std::string_view bytes);
     bool writeRaw(std::string_view bytes);

@@ -10,6 +10,7 @@
 
 #include "clock.h"
 #include "files.h"
+#include "startup_error.h"
 #include "text.h"
 
 namespace odoors {
@@ -17,7 +18,7 @@ namespace odoors {
 namespace {
 
 [[noreturn]] void fail(const std::string& path, const std::string& reason) {
-    throw Refusal{path + ": " + reason};
+    throw StartupError{path + ": " + reason};
 }
 
 [[noreturn]] void failUnreadable(const std::string& path) {

@@ -27,7 +27,7 @@ struct DropFile {
 
 // The drop file at the path, or in the directory at the path the first of DOOR32.SYS, DOOR.SYS,
 // DORINFOn.DEF with the node's number, DORINFO1.DEF and CHAIN.TXT, each in any letter case; none
-// when a directory has none. Throws a Refusal for a file that is missing, unreadable, of an
+// when a directory has none. Throws a StartupError for a file that is missing, unreadable, of an
 // unknown kind or malformed, which names the path and the line.
 std::optional<DropFile> readDropFile(const std::string& path, int node);
 

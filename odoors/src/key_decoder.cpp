@@ -50,7 +50,7 @@ void KeyDecoder::settleEscape() {
     }
 }
 
-char KeyDecoder::take() {
+char KeyDecoder::pop() {
     const char key = peek();
     if (key != 0) {
         keys_.pop_front();

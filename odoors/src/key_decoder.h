@@ -31,7 +31,7 @@ class KeyDecoder {
 public:
     void setCharset(Charset charset) { charset_ = charset; }
 
-    // Takes what the terminal sent.
+    // Decodes what the terminal sent.
     void feed(std::string_view bytes);
 
     // Whether the last byte was an escape, so that what follows at once decides what it is.
@@ -43,8 +43,8 @@ public:
     // The input is at its end: an escape is a key, a sequence that is cut short is none.
     void finish() { settleEscape(); }
 
-    // Takes the next key; 0 when there is none.
-    char take();
+    // Removes and returns the next key; 0 when there is none.
+    char pop();
 
     // The next key, left where it is; 0 when there is none.
     char peek() const { return keys_.empty() ? '\0' : keys_.front(); }

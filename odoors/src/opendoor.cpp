@@ -6,33 +6,35 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "display_file.h"
 #include "line_input.h"
 #include "options.h"
+#include "restart.h"
 #include "session.h"
+#include "startup_error.h"
 #include "terminal.h"
 #include "text.h"
 
-using odoors::Attribute;
-using odoors::Session;
+using odoors::StartupError;
 
 tODControl od_control;
 
 namespace {
 
 odoors::Options options;
+std::optional<odoors::Session> theSession;
 bool opened = false;
 
-Session& session() {
-    static Session theSession;
-    return theSession;
+odoors::Session& session() {
+    return theSession ? *theSession : theSession.emplace(od_control.user_ansi);
 }
 
-// What comes before all else. A signal ends the call properly from here on, also one that came
-// before and was held back.
+// Comes before all else: from here on a signal ends the call properly, also one that was held back,
+// and no file that is opened takes the place of a standard stream.
 void prepareProcess() {
     static bool prepared = false;
     if (!prepared) {
@@ -43,27 +45,36 @@ void prepareProcess() {
 }
 
 // A reason may quote an option, into which a board may have put a caller's text.
-void complain(std::string reason, const char* more) {
+void complain(std::string reason, const char* more = "") {
     std::erase_if(reason, odoors::isControl);
     std::fprintf(stderr, "%s\n%s", reason.c_str(), more);
 }
 
-// A call is not refused for want of a log.
+[[noreturn]] void failToStart(const StartupError& error, bool byBoard, const char* more = "") {
+    session().endIfSignalled();
+    complain(error.reason, more);
+    odoors::logStartupError(error.reason);
+    session().endAtStart(byBoard);
+}
+
+// A log that cannot be written keeps nobody from playing.
 void openLog() {
     try {
         if (options.logFile) {
             odoors::openCallLog(*options.logFile);
         }
-    } catch (const odoors::Refusal& refusal) {
-        complain(refusal.reason, "");
+    } catch (const StartupError& error) {
+        complain(error.reason);
     }
 }
 
-[[noreturn]] void refuse(const odoors::Refusal& refusal, const char* more) {
-    session().endIfSignalled();
-    complain(refusal.reason, more);
-    odoors::logStartupError(refusal.reason);
-    session().endAtStart(!options.local && (options.dropFile || options.handle));
+void openSession() {
+    const odoors::Caller caller = odoors::findCaller(options);
+    odoors::setLoggedCaller(caller.node, caller.name);
+    std::snprintf(od_control.user_name, sizeof od_control.user_name, "%s", caller.name.c_str());
+    od_control.od_node = caller.node;
+    session().open(caller, options.lockFile);
+    od_control.user_timelimit = session().minutesLeft();
 }
 
 std::string_view orEmpty(const char* text) {
@@ -80,19 +91,19 @@ char choose(std::string_view keys, char key) {
     return 0;
 }
 
-char waitForChoice(std::string_view keys) {
-    char choice = 0;
-    while (choice == 0) {
-        choice = choose(keys, session().waitForKey());
-    }
-    return choice;
+// The next key, 0 when none is there and none is waited for.
+char nextKey(bool wait) {
+    const char key = wait ? session().waitForKey() : session().keyIfThere();
+    od_control.user_timelimit = session().minutesLeft();
+    return key;
 }
 
-char choiceIfThere(std::string_view keys) {
+// The next key that is one of the choices, 0 as for nextKey().
+char nextChoice(std::string_view choices, bool wait) {
     char key = 0;
     char choice = 0;
-    while (choice == 0 && (key = session().keyIfThere()) != 0) {
-        choice = choose(keys, key);
+    while (choice == 0 && (key = nextKey(wait)) != 0) {
+        choice = choose(choices, key);
     }
     return choice;
 }
@@ -103,9 +114,10 @@ void od_parse_cmd_line(int argc, char* argv[]) {
     prepareProcess();
     try {
         odoors::readOptions({argv + 1, static_cast<std::size_t>(argc > 0 ? argc - 1 : 0)}, options);
-    } catch (const odoors::Refusal& refusal) {
+    } catch (const StartupError& error) {
         openLog();
-        refuse(refusal, odoors::usage);
+        const bool byBoard = !options.local && (options.dropFile || options.handle);
+        failToStart(error, byBoard, odoors::usage);
     }
     if (options.help) {
         std::fputs(odoors::usage, stdout);
@@ -124,10 +136,10 @@ void od_init() {
     }
     prepareProcess();
     try {
-        session().open(options);
+        openSession();
         opened = true;
-    } catch (const odoors::Refusal& refusal) {
-        refuse(refusal, "");
+    } catch (const StartupError& error) {
+        failToStart(error, !options.local);
     }
 }
 
@@ -148,28 +160,19 @@ void od_clr_scr() {
 }
 
 void od_printf(const char* format, ...) {
-    std::array<char, 1024> text;
     va_list arguments;
     va_start(arguments, format);
     if (std::string_view(format) == "%s") { // nothing to be formatted
         session().output.showCoded(orEmpty(va_arg(arguments, const char*)));
-        va_end(arguments);
-        return;
+    } else {
+        char* text = nullptr;
+        // The analyzer loses sight of va_start when it looks at several files in one run.
+        // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
+        const int length = vasprintf(&text, format, arguments);
+        session().output.showCoded({text, static_cast<std::size_t>(std::max(length, 0))});
+        std::free(text);
     }
-    // The analyzer loses sight of va_start when it looks at several files in one run.
-    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
-    const int length = std::vsnprintf(text.data(), text.size(), format, arguments);
     va_end(arguments);
-    const auto size = static_cast<std::size_t>(std::max(length, 0));
-    if (size < text.size()) {
-        session().output.showCoded({text.data(), size});
-        return;
-    }
-    std::string whole(size, '\0');
-    va_start(arguments, format);
-    std::vsnprintf(whole.data(), size + 1, format, arguments);
-    va_end(arguments);
-    session().output.showCoded(whole);
 }
 
 void od_disp(const char* text, int size, int) {
@@ -187,23 +190,31 @@ void od_set_cursor(int row, int column) {
 }
 
 char od_get_key(int wait) {
-    return wait != 0 ? session().waitForKey() : session().keyIfThere();
+    return nextKey(wait != 0);
 }
 
 char od_get_answer(const char* answers) {
-    return waitForChoice(orEmpty(answers));
+    return nextChoice(orEmpty(answers), true);
 }
 
 void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max) {
-    odoors::editLine(session(), text, static_cast<std::size_t>(maxLength > 0 ? maxLength : 0), min,
-                     max);
+    const auto longest = static_cast<std::size_t>(std::max(maxLength, 0));
+    odoors::editLine(session(), text, longest, min, max);
+    od_control.user_timelimit = session().minutesLeft();
 }
 
 char od_hotkey_menu(const char* name, const char* hotkeys, int wait) {
     const std::string_view keys = orEmpty(hotkeys);
     if (choose(keys, session().typedAhead()) == 0) {
-        session().output.showFile(
-            odoors::readDisplayFile(std::string(orEmpty(name)), session().ansi()));
+        const bool ansi = od_control.user_ansi == 1;
+        session().output.showFile(odoors::readDisplayFile(std::string(orEmpty(name)), ansi));
     }
-    return wait != 0 ? waitForChoice(keys) : choiceIfThere(keys);
+    return nextChoice(keys, wait != 0);
+}
+
+void odoors::restart(const Options& next) {
+    options = next;
+    od_control = {};
+    theSession.reset();
+    opened = false;
 }

@@ -5,6 +5,7 @@
 #include <limits>
 #include <string_view>
 
+#include "startup_error.h"
 #include "text.h"
 
 namespace odoors {
@@ -33,7 +34,7 @@ namespace {
 using Value = const std::string&;
 
 [[noreturn]] void refuse(Value value, const std::string& reason) {
-    throw Refusal{"\"" + value + "\" is not " + reason};
+    throw StartupError{"\"" + value + "\" is not " + reason};
 }
 
 // Amounts of minutes and seconds.
@@ -150,7 +151,7 @@ Named takeApart(std::string_view argument) {
             return {&row, std::string(body.substr(1))};
         }
     }
-    throw Refusal{"unknown option " + std::string(argument)};
+    throw StartupError{"unknown option " + std::string(argument)};
 }
 
 } // namespace
@@ -161,15 +162,15 @@ void readOptions(std::span<const char* const> arguments, Options& options) {
         Named named = takeApart(argument);
         if (named.row->form != Form::alone && !named.value) {
             if (++i == arguments.size()) {
-                throw Refusal{"option " + argument + " needs a value"};
+                throw StartupError{"option " + argument + " needs a value"};
             }
             named.value = arguments[i];
         }
         try {
             named.row->apply(options, named.value.value_or(""));
-        } catch (const Refusal& refusal) {
-            throw Refusal{"option " + argument.substr(0, argument.find('=')) + ": " +
-                          refusal.reason};
+        } catch (const StartupError& error) {
+            throw StartupError{"option " + argument.substr(0, argument.find('=')) + ": " +
+                               error.reason};
         }
     }
 }

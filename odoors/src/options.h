@@ -29,8 +29,8 @@ struct Options {
     bool help = false;
 };
 
-// Adds what the arguments after the program's name ask for. Throws a Refusal for an option that is
-// unknown or has no value or a wrong one; nothing after it, -HELP or -VERSION is read.
+// Adds what the arguments after the program's name ask for. Throws a StartupError for an option
+// that is unknown or has no value or a wrong one; nothing after it, -HELP or -VERSION is read.
 void readOptions(std::span<const char* const> arguments, Options& options);
 
 // The options, a line each.

@@ -92,7 +92,7 @@ void Output::resetColour() {
     }
 }
 
-std::string Output::take() {
+std::string Output::drain() {
     return std::exchange(bytes_, {});
 }
 

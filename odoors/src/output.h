@@ -10,7 +10,7 @@
 
 namespace odoors {
 
-// What the caller is to be shown next: collects bytes for his terminal until they are taken.
+// What the caller is to be shown next: collects bytes for his terminal until they are sent.
 //
 // A colour change costs nothing until text follows it; then the whole attribute goes out as one
 // ANSI sequence, unless the terminal has it already. Without ANSI graphics the attribute is kept
@@ -52,8 +52,8 @@ public:
     // The column that the cursor is in, from 0.
     int column() const { return column_; }
 
-    // What has been collected; nothing is left.
-    std::string take();
+    // Removes and returns what has been collected.
+    std::string drain();
 
 private:
     bool ansi() const { return ansiFlag_ == 1; }

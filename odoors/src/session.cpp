@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -10,9 +9,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "OpenDoor.h"
+#include "startup_error.h"
 #include "terminal.h"
-#include "text.h"
 
 namespace odoors {
 
@@ -34,43 +32,49 @@ constexpr std::string_view askCursorPosition = "\033[6n";
 
 } // namespace
 
-Session::Session() : output(od_control.user_ansi) {}
-
-bool Session::ansi() const {
-    return od_control.user_ansi == 1;
+void Session::open(const Caller& caller, const std::optional<std::string>& lockFile) {
+    connect(caller);
+    startClock(caller);
+    if (lockFile) {
+        acquireCallerLock(*lockFile);
+    }
+    makeTerminalRaw(STDIN_FILENO);
+    endIfSignalled();
 }
 
-void Session::open(const Options& options) {
-    const Streams& streams = standardStreams();
-    startedByBoard_ = !options.local;
-    const std::optional<DropFile> file = findDropFile(options, streams);
-    startedByBoard_ = file || (options.handle && !options.local);
-    const Caller caller = resolveCaller(options, file, streams);
-    setLoggedCaller(caller.node, caller.name);
+void Session::connect(const Caller& caller) {
     if (caller.socket) {
         connection_ = Connection(*caller.socket);
     }
-    std::snprintf(od_control.user_name, sizeof od_control.user_name, "%s", caller.name.c_str());
-    od_control.od_node = caller.node;
-    od_control.user_ansi = caller.ansi.value_or(false) ? 1 : 0;
     callerKnown_ = true;
-    ansiSettled_ = caller.ansi.has_value() || !connection_.canBeAsked();
+    startedByBoard_ = caller.startedByBoard;
+    ansiFlag_ = caller.ansi.value_or(false) ? 1 : 0;
+    ansiSettled_ = caller.ansi.has_value() || !connection_.isInteractive();
     output.setCharset(caller.charset);
     keys_.setCharset(caller.charset);
+}
+
+void Session::startClock(const Caller& caller) {
     if (caller.inactivitySeconds > 0) {
         longestWait_ = caller.inactivitySeconds * perSecond;
     }
-    const Milliseconds start = presentMoment();
+    const Milliseconds start = monotonicNow();
     limit_ = TimeLimit(start, caller.secondsLeft, caller.timed);
     if (caller.timed) {
         endAfter(limit_.end() - start + overtime, timeUsedUp);
     }
-    od_control.user_timelimit = limit_.minutesLeft(start);
-    if (options.lockFile) {
-        lockOutOthers(*options.lockFile);
+}
+
+// The file stays open, and the lock is held, as long as the process lives.
+void Session::acquireCallerLock(const std::string& lockFile) {
+    const int descriptor = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    if (descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+        return;
     }
-    makeTerminalRaw(STDIN_FILENO);
-    endIfSignalled();
+    if (errno == EWOULDBLOCK) {
+        endWithLine("Another caller is inside. Please try again later.", otherCaller);
+    }
+    throw StartupError{lockFile + ": cannot be locked: " + std::strerror(errno)};
 }
 
 void Session::endIfSignalled() {
@@ -79,33 +83,21 @@ void Session::endIfSignalled() {
     }
 }
 
-// The lock lives as long as the process: the file is never closed.
-void Session::lockOutOthers(const std::string& lockFile) {
-    const int descriptor = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-    if (descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
-        return;
-    }
-    if (errno == EWOULDBLOCK) {
-        endWithLine("Another caller is inside. Please try again later.", otherCaller);
-    }
-    throw Refusal{lockFile + ": cannot be locked: " + std::strerror(errno)};
-}
-
 void Session::detectAnsi() {
-    if (ansiSettled_ || ansi()) {
+    if (ansiSettled_ || ansiFlag_ == 1) {
         return;
     }
     ansiSettled_ = true;
     keys_.expectCursorReport();
     output.control(askCursorPosition);
     flush();
-    const Milliseconds giveUp = presentMoment() + longestDetection;
+    const Milliseconds giveUp = monotonicNow() + longestDetection;
     Milliseconds now = 0;
     while (!keys_.cursorReportSeen() && !connection_.lost() && !sessionSignalled() &&
-           (now = presentMoment()) < giveUp) {
+           (now = monotonicNow()) < giveUp) {
         receive(giveUp - now);
     }
-    od_control.user_ansi = keys_.cursorReportSeen() ? 1 : 0;
+    ansiFlag_ = keys_.cursorReportSeen() ? 1 : 0;
 }
 
 char Session::typedAhead() {
@@ -116,20 +108,19 @@ char Session::typedAhead() {
 }
 
 char Session::nextKey(bool wait) {
-    noteTime();
+    checkTime();
     flush();
-    const Milliseconds start = presentMoment();
+    const Milliseconds start = monotonicNow();
     const Milliseconds giveUp = longestWait_ < never - start ? start + longestWait_ : never;
     for (;;) {
         endIfSignalled();
-        if (const char key = keys_.take()) {
-            od_control.user_timelimit = limit_.minutesLeft(presentMoment());
+        if (const char key = keys_.pop()) {
             return key;
         }
         if (connection_.lost()) {
             endForLostCaller();
         }
-        const Milliseconds now = presentMoment();
+        const Milliseconds now = monotonicNow();
         if (now >= limit_.end()) {
             endWithLine("Your time is used up.", timeUsedUp);
         }
@@ -144,12 +135,12 @@ char Session::nextKey(bool wait) {
 }
 
 // Takes in what the caller has sent, or waits that long for it; false when nothing has come of it.
-bool Session::receive(Milliseconds patience) {
+bool Session::receive(Milliseconds timeout) {
     std::string bytes;
-    switch (connection_.read(bytes, patience)) {
+    switch (connection_.read(bytes, timeout)) {
     case Connection::Event::bytes:
         keys_.feed(bytes);
-        escapeSettles_ = keys_.escapePending() ? presentMoment() + escapeSettlesAfter : never;
+        escapeSettles_ = keys_.escapePending() ? monotonicNow() + escapeSettlesAfter : never;
         return true;
     case Connection::Event::lost:
         keys_.finish();
@@ -158,7 +149,7 @@ bool Session::receive(Milliseconds patience) {
     case Connection::Event::nothing:
         break;
     }
-    if (presentMoment() < escapeSettles_) {
+    if (monotonicNow() < escapeSettles_) {
         return false;
     }
     keys_.settleEscape();
@@ -166,13 +157,12 @@ bool Session::receive(Milliseconds patience) {
     return true;
 }
 
-void Session::noteTime() {
-    const Milliseconds now = presentMoment();
-    od_control.user_timelimit = limit_.minutesLeft(now);
+void Session::checkTime() {
+    const Milliseconds now = monotonicNow();
     if (now >= limit_.end()) {
         endWithLine("Your time is used up.", timeUsedUp);
     }
-    const int minutes = limit_.takeWarning(now);
+    const int minutes = limit_.popWarning(now);
     if (minutes > 0) {
         const std::string number = std::to_string(minutes);
         showLine("You have at most " + number + (minutes == 1 ? " minute" : " minutes") + " left.");
@@ -180,7 +170,7 @@ void Session::noteTime() {
 }
 
 void Session::flush() {
-    if (sessionSignalled() || !connection_.write(output.take())) {
+    if (sessionSignalled() || !connection_.write(output.drain())) {
         endForLostCaller();
     }
 }
@@ -206,34 +196,35 @@ void Session::endWithLine(std::string_view line, const Ending& ending) {
     showLine(line);
     endAfter(overtime, ending);
     sendLast();
-    leaveTimeToRead(ending);
+    waitForReader(ending);
     restoreTerminal();
     _exit(ending.status);
 }
 
 void Session::endAtStart(bool startedByBoard) {
     endIfSignalled();
-    startedByBoard_ = startedByBoard_ || startedByBoard;
-    if (startedByBoard_ && callerKnown_) {
+    if (!callerKnown_) {
+        startedByBoard_ = startedByBoard;
+    } else if (startedByBoard_) {
         endWithLine("The game cannot be started. Please tell the operator.", startupFailed);
     }
-    leaveTimeToRead(startupFailed);
+    waitForReader(startupFailed);
     restoreTerminal();
     _exit(startupFailed.status);
 }
 
 void Session::sendLast() {
     output.resetColour();
-    connection_.write(output.take());
+    connection_.write(output.drain());
 }
 
 // Waits for a key before the process ends: boards clear the screen the moment their door is gone.
 // Keys that were typed before the line was there are dropped.
-void Session::leaveTimeToRead(const Ending& ending) {
+void Session::waitForReader(const Ending& ending) {
     if (!startedByBoard_) {
         return;
     }
-    const Milliseconds giveUp = presentMoment() + lastLineStays;
+    const Milliseconds giveUp = monotonicNow() + lastLineStays;
     endAfter(lastLineStays + overtime, ending);
     makeTerminalRaw(STDIN_FILENO);
     std::string keys;
@@ -242,16 +233,16 @@ void Session::leaveTimeToRead(const Ending& ending) {
     Connection::Event event = Connection::Event::nothing;
     Milliseconds now = 0;
     while (event == Connection::Event::nothing && !sessionSignalled() &&
-           (now = presentMoment()) < giveUp) {
+           (now = monotonicNow()) < giveUp) {
         event = connection_.read(keys, giveUp - now);
     }
 }
 
 void Session::endForLostCaller() {
     logEnd(connectionLost.words);
-    output.take();
+    output.drain();
     output.resetColour();
-    connection_.writeAtParting(output.take());
+    connection_.writeAtParting(output.drain());
     restoreTerminal();
     _exit(connectionLost.status);
 }

@@ -9,7 +9,6 @@
 #include "clock.h"
 #include "connection.h"
 #include "key_decoder.h"
-#include "options.h"
 #include "output.h"
 
 namespace odoors {
@@ -19,23 +18,25 @@ namespace odoors {
 // gone, has used up his time or types nothing for too long.
 class Session {
 public:
-    Session();
+    // The flag is shared with the program, which may set it: 1 when the caller has ANSI graphics.
+    explicit Session(char& ansiFlag) : output(ansiFlag), ansiFlag_(ansiFlag) {}
 
-    // Opens the session; throws a Refusal when there is no caller. A door that serves one caller
-    // at a time tells another so and ends.
-    void open(const Options& options);
+    // Opens the session: starts the caller's time and makes his terminal raw. With a lock file, a
+    // caller who is not alone is told so, and the process ends. Throws a StartupError when the file
+    // cannot be locked.
+    void open(const Caller& caller, const std::optional<std::string>& lockFile);
 
     // Ends the process: shows what is collected, resets the colour, restores the terminal.
     [[noreturn]] void finish(int status);
 
-    // Ends the process because the session cannot begin; tells the caller where he can be reached.
-    // The operator has been told why.
+    // Ends the process because the call cannot start, of which the operator has been told. Tells
+    // the caller if he is known by now; startedByBoard says of one who is not how he came.
     [[noreturn]] void endAtStart(bool startedByBoard);
 
     // Ends the process as for a caller who is gone when a signal has come that ends the session.
     void endIfSignalled();
 
-    // Asks a terminal of unknown kind whether it has ANSI graphics.
+    // Asks a terminal of unknown kind whether it has ANSI graphics; waits at most a second.
     void detectAnsi();
 
     // Waits for the next key.
@@ -47,31 +48,34 @@ public:
     // The next key when it is already there, left where it is; 0 otherwise.
     char typedAhead();
 
-    // Whether the caller has ANSI graphics now.
-    bool ansi() const;
+    // The whole minutes that the caller has left now.
+    int minutesLeft() const { return limit_.minutesLeft(monotonicNow()); }
 
     Output output;
 
 private:
+    void connect(const Caller& caller);
+    void startClock(const Caller& caller);
+    void acquireCallerLock(const std::string& lockFile);
     char nextKey(bool wait);
-    bool receive(Milliseconds patience);
-    void noteTime();
+    bool receive(Milliseconds timeout);
+    void checkTime();
     void flush();
-    void lockOutOthers(const std::string& lockFile);
     void showLine(std::string_view line);
     void sendLast();
-    void leaveTimeToRead(const Ending& ending);
+    void waitForReader(const Ending& ending);
     [[noreturn]] void endForLostCaller();
     [[noreturn]] void endWithLine(std::string_view line, const Ending& ending);
 
+    char& ansiFlag_;
     Connection connection_;
     KeyDecoder keys_;
     TimeLimit limit_;
     Milliseconds longestWait_ = never;
-    Milliseconds escapeSettles_ = never;
+    Milliseconds escapeSettles_ = never; // when a lone escape becomes a key
     bool ansiSettled_ = true;
-    bool startedByBoard_ = false;
     bool callerKnown_ = false;
+    bool startedByBoard_ = false;
 };
 
 } // namespace odoors

@@ -31,7 +31,7 @@ void onEvent(telnet_t*, telnet_event_t* event, void* user) {
     if (event->type == TELNET_EV_DATA) {
         pending.keys.append(event->data.buffer, event->data.size);
     } else if (event->type == TELNET_EV_SEND) {
-        pending.forLine.append(event->data.buffer, event->data.size);
+        pending.outgoing.append(event->data.buffer, event->data.size);
     }
 }
 
@@ -57,8 +57,8 @@ void Telnet::send(std::string_view text) {
     telnet_send(protocol_.get(), text.data(), text.size());
 }
 
-std::string Telnet::takeForLine() {
-    return std::exchange(pending_.forLine, {});
+std::string Telnet::drainOutgoing() {
+    return std::exchange(pending_.outgoing, {});
 }
 
 } // namespace odoors

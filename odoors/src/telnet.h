@@ -27,12 +27,12 @@ public:
     void send(std::string_view text);
 
     // The bytes that are to go over the line: offers, answers and texts. Nothing is left.
-    std::string takeForLine();
+    std::string drainOutgoing();
 
-    // What the protocol has come to and nobody has taken yet.
+    // What the protocol has produced and nobody has fetched yet.
     struct Pending {
         std::string keys;
-        std::string forLine;
+        std::string outgoing;
     };
 
 private:

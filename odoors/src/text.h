@@ -9,11 +9,6 @@
 
 namespace odoors {
 
-// Why the session cannot begin, as one line for the operator; ends the program with status 1.
-struct Refusal {
-    std::string reason;
-};
-
 // The text without the blanks and control bytes at its end.
 std::string_view withoutTrailingBlanks(std::string_view text);
 

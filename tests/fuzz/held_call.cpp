@@ -1,11 +1,17 @@
 // The session is the toolkit's own: only the line to the caller, the clock and the process's end
 // are replaced.
+#include "clock.h"
+#include "connection.h"
 #include "fuzz.h"
+#include "restart.h"
+#include "terminal.h"
+#include "text.h"
 
-#include <ctime>
-#include <memory>
+#include <algorithm>
 
 #include <sys/socket.h>
+
+#include "OpenDoor.h"
 
 namespace {
 
@@ -19,13 +25,6 @@ int waitingClock(clockid_t, timespec* now) {
 }
 
 } // namespace
-
-// From inside, the session can be begun anew for each input.
-#define clock_gettime waitingClock
-#include "clock.cpp"
-#undef clock_gettime
-#include "opendoor.cpp"
-#include "terminal.h"
 
 namespace fuzz {
 namespace {
@@ -52,8 +51,8 @@ void inspect(std::string_view shown) {
 void hold(const Call& next, const std::function<void()>& door) {
     call = next;
     milliseconds = 0;
-    od_control = {};
-    options = {};
+    odoors::readClock = waitingClock;
+    odoors::Options options;
     options.local = !call.telnet;
     options.userName = call.name;
     options.minutesLeft = call.hurried ? 7 : 60;
@@ -65,9 +64,7 @@ void hold(const Call& next, const std::function<void()>& door) {
         static const int unconnected = socket(AF_UNIX, SOCK_STREAM, 0);
         options.handle = unconnected;
     }
-    std::destroy_at(&session());
-    std::construct_at(&session());
-    opened = false;
+    odoors::restart(options);
     try {
         od_init();
         door();
@@ -100,13 +97,13 @@ bool sessionSignalled() {
 Connection::Connection(int socket)
     : input_(socket), output_(socket), telnet_(std::make_unique<Telnet>()) {}
 
-Connection::Event Connection::read(std::string& bytes, Milliseconds patience) {
+Connection::Event Connection::read(std::string& bytes, Milliseconds timeout) {
     if (call.keys.empty()) {
-        return lose();
+        return markLost();
     }
-    if (call.slow && (patience == 0 || call.keys.front() == 0)) {
-        fuzz::take(call.keys, patience == 0 ? 0 : 1);
-        milliseconds += std::clamp<Milliseconds>(patience, 0, 60'000);
+    if (call.slow && (timeout == 0 || call.keys.front() == 0)) {
+        fuzz::take(call.keys, timeout == 0 ? 0 : 1);
+        milliseconds += std::clamp<Milliseconds>(timeout, 0, 60'000);
         return Event::nothing;
     }
     const std::string_view typed = fuzz::take(call.keys, call.slow ? 1 : 4096);
@@ -123,7 +120,7 @@ bool Connection::write(std::string_view bytes) {
     fuzz::inspect(bytes);
     if (telnet_) {
         telnet_->send(bytes);
-        telnet_->takeForLine();
+        telnet_->drainOutgoing();
     }
     return true;
 }
@@ -132,11 +129,11 @@ void Connection::writeAtParting(std::string_view bytes) {
     write(bytes);
 }
 
-bool Connection::canBeAsked() const {
+bool Connection::isInteractive() const {
     return true;
 }
 
-Connection::Event Connection::lose() {
+Connection::Event Connection::markLost() {
     lost_ = true;
     return Event::lost;
 }

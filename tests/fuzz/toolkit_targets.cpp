@@ -4,6 +4,7 @@
 #include "display_file.h"
 #include "drop_file.h"
 #include "fuzz.h"
+#include "startup_error.h"
 #include "text.h"
 
 #include <array>
@@ -18,7 +19,7 @@ void resolve(const odoors::Options& options, const std::optional<odoors::DropFil
     const odoors::Caller caller = odoors::resolveCaller(options, file, odoors::Streams{});
     require(caller.name.size() < sizeof od_control.user_name);
     odoors::TimeLimit limit(0, caller.secondsLeft, caller.timed);
-    require(limit.end() >= 0 && limit.takeWarning(0) == 0);
+    require(limit.end() >= 0 && limit.popWarning(0) == 0);
     require(limit.minutesLeft(0) >= 0 && limit.minutesLeft(limit.end()) <= 32767);
     require(caller.inactivitySeconds >= 0 && caller.inactivitySeconds < odoors::never / 1000);
 }
@@ -32,9 +33,9 @@ void dropFile(const std::string& name, std::string_view input) {
         resolve(options, file);
         options.realName = true;
         resolve(options, file);
-    } catch (const odoors::Refusal& refusal) {
-        require(refusal.reason.starts_with(name + ": line "));
-        require(refusal.reason.find('\n') == std::string::npos);
+    } catch (const odoors::StartupError& error) {
+        require(error.reason.starts_with(name + ": line "));
+        require(error.reason.find('\n') == std::string::npos);
     }
 }
 
@@ -60,8 +61,8 @@ extern const Target options = [](std::string_view input) {
         odoors::Options read;
         odoors::readOptions(arguments, read);
         resolve(read, std::nullopt);
-    } catch (const odoors::Refusal& refusal) {
-        require(!refusal.reason.empty());
+    } catch (const odoors::StartupError& error) {
+        require(!error.reason.empty());
     }
 };
 

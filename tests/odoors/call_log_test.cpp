@@ -77,8 +77,7 @@ TEST_F(CallLog, TellsWhyACallCouldNotStart) {
     EXPECT_EQ(endOf({"-ONECALLER", folder.path("no/lock")}, quit),
               "could not start (1): " + folder.path("no/lock") +
                   ": cannot be locked: No such file or directory");
-    EXPECT_EQ(endOf({"-BOGUS\xff\n"}, quit),
-              "could not start (1): unknown option -BOGUS\u00a0");
+    EXPECT_EQ(endOf({"-BOGUS\xff\n"}, quit), "could not start (1): unknown option -BOGUS\u00a0");
     EXPECT_THAT(readFile(log), ContainsRegex("\tnode -\t-\t0 min\tcould not start"));
     dropFile = folder.path("none");
     EXPECT_EQ(endOf({}, quit),

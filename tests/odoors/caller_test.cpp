@@ -4,7 +4,7 @@
 
 #include "board.h"
 #include "call.h"
-#include "text.h"
+#include "startup_error.h"
 
 #include <cstring>
 
@@ -91,7 +91,7 @@ TEST(OptionsTest, WrongOnesAreRefused) {
     for (const char* line : {"local", "-", "--", "-locals", "-LOCAL=1", "-DROPFILE", "-N", "-N2x",
                              "-NODE=", "-TIMELEFT ten", "-TIMELEFT=-1", "-HANDLE 99999999999",
                              "-INACTIVITY 1.5", "-CHARSET latin1"}) {
-        EXPECT_THROW(optionsOf(line), Refusal) << line;
+        EXPECT_THROW(optionsOf(line), StartupError) << line;
     }
 }
 
@@ -128,7 +128,7 @@ TEST(CallerTest, IsReachedAsHeReallyCanBe) {
     EXPECT_EQ(reached(Route::socket, socket, "", terminal), 0);
     EXPECT_EQ(reached(Route::socket, socket, "", closed), socket);
     EXPECT_EQ(reached(Route::socket, dup(STDERR_FILENO), "", {}), 0);
-    EXPECT_THROW(reached(Route::socket, 1000, "", closed), Refusal);
+    EXPECT_THROW(reached(Route::socket, 1000, "", closed), StartupError);
     EXPECT_EQ(reached(Route::unreachable, 0, "-STDIO", {}), 0);
     EXPECT_EQ(reached(Route::unreachable, 0, "-SOCKET " + std::to_string(socket), terminal),
               socket);

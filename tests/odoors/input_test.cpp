@@ -28,7 +28,7 @@ void expectKeys(Charset charset, const std::string& bytes, const std::string& ke
         }
         decoder.finish();
         std::string taken;
-        while (const char key = decoder.take()) {
+        while (const char key = decoder.pop()) {
             taken += key;
         }
         EXPECT_EQ(taken, keys) << testing::PrintToString(bytes) << " by " << step;

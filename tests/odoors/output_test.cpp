@@ -27,7 +27,7 @@ struct OutputTest : testing::Test {
 
     std::string coded(const char* text) {
         output.showCoded(text);
-        return output.take();
+        return output.drain();
     }
 };
 
@@ -43,10 +43,10 @@ TEST_F(OutputTest, ColourIsSentOnceBeforeTextThatNeedsIt) {
 
 TEST_F(OutputTest, OnlyDisplayFilesSendControlBytes) {
     output.show(std::string("`red`\x1b[2J\0\t\x7f\b!\r\n\x80", 17));
-    EXPECT_EQ(output.take(), "\033[0;37m`red`[2J!\r\n\x80");
+    EXPECT_EQ(output.drain(), "\033[0;37m`red`[2J!\r\n\x80");
     EXPECT_EQ(coded("\x1b[31m\a`red`x"), "[31m\033[0;31mx");
     output.showFile("`red`\x1b[1m\t");
-    EXPECT_EQ(output.take(), "`red`\x1b[1m\t");
+    EXPECT_EQ(output.drain(), "`red`\x1b[1m\t");
     EXPECT_EQ(coded("same colour"), "\033[0;31msame colour");
     output.showFile("plain");
     EXPECT_EQ(coded("y"), "plainy");
@@ -62,12 +62,12 @@ TEST_F(OutputTest, PadsToColumnWithoutAnsiGraphics) {
     output.moveTo(7, 5);
     output.show("\n\x80");
     output.moveTo(7, 7);
-    EXPECT_EQ(output.take(), "ab   \b \b\b \b \n\x80 ");
+    EXPECT_EQ(output.drain(), "ab   \b \b\b \b \n\x80 ");
     output.showFile("\r\x1b[1;31mabc\x1b[0m\t");
     output.moveTo(7, 10);
     output.clear();
     output.moveTo(7, 3);
-    EXPECT_EQ(output.take(), "\r\x1b[1;31mabc\x1b[0m\t \f  ");
+    EXPECT_EQ(output.drain(), "\r\x1b[1;31mabc\x1b[0m\t \f  ");
 }
 
 TEST(CharsetTest, EveryByteGoesToUtf8AndBack) {

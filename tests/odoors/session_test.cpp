@@ -6,15 +6,12 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 
 #include "board.h"
 #include "call.h"
 
 using namespace std::string_literals;
-
-long secondsAhead = 0;
 
 namespace {
 
@@ -122,13 +119,6 @@ TEST(Sockets, CarryAWholeCall) {
     EXPECT_EQ(call.until("\033[0m"), "\xff\xfe\x18\xff\xfc\x06\xff\xfe\x03\xff\xfc\x01\xff\xfc\x2a"
                                      "<13><127>\033[0m");
     EXPECT_EQ(call.status(), 0);
-}
-
-// Stands in for the system's clock, in the library too.
-extern "C" int clock_gettime(clockid_t clock, timespec* now) noexcept {
-    const long result = syscall(SYS_clock_gettime, clock, now);
-    now->tv_sec += secondsAhead;
-    return static_cast<int>(result);
 }
 
 TEST(End, LostCallerEndsADoorSilently) {

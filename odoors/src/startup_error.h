@@ -1,0 +1,15 @@
+#ifndef ODOORS_STARTUP_ERROR_H
+#define ODOORS_STARTUP_ERROR_H
+
+#include <string>
+
+namespace odoors {
+
+// Why the session cannot begin, as one line for the operator; ends the program with status 1.
+struct StartupError {
+    std::string reason;
+};
+
+} // namespace odoors
+
+#endif
