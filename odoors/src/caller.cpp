@@ -30,7 +30,6 @@ Streams holdStreams() {
         }
     }
     streams.inputIsTerminal = isatty(STDIN_FILENO) == 1;
-    streams.outputIsTerminal = isatty(STDOUT_FILENO) == 1;
     return streams;
 }
 
@@ -134,20 +133,22 @@ Caller resolveCaller(const Options& options, const std::optional<DropFile>& file
     const Route route = actualRoute(options, file, streams);
     checkRoute(route, streams);
     const bool local = !file && !options.handle;
+    DropFile usual;
+    usual.secondsLeft = defaultMinutes * secondsPerMinute;
+    usual.charset = local ? charsetOfEnvironment() : Charset::cp437;
+    const DropFile& known = file ? *file : usual;
     Caller caller;
-    caller.startedByBoard = !local && !options.local;
     if (route == Route::socket) {
         caller.socket = socketOf(options, file);
     }
-    const Charset usual = local ? charsetOfEnvironment() : Charset::cp437;
-    caller.charset = options.charset.value_or(file ? file->charset.value_or(usual) : usual);
+    caller.startedByBoard = !local && !options.local;
+    caller.charset = options.charset ? *options.charset : known.charset.value_or(*usual.charset);
     caller.name = nameOf(options, file, caller.charset).substr(0, longestName);
-    caller.node = options.node.value_or(file ? file->node : 1);
+    caller.node = options.node.value_or(known.node);
     caller.timed = options.minutesLeft || file;
-    const std::int64_t minutes = options.minutesLeft.value_or(defaultMinutes);
     caller.secondsLeft =
-        file && !options.minutesLeft ? file->secondsLeft : minutes * secondsPerMinute;
-    caller.ansi = options.ansi ? options.ansi : file ? file->ansi : std::nullopt;
+        options.minutesLeft ? *options.minutesLeft * secondsPerMinute : known.secondsLeft;
+    caller.ansi = options.ansi ? options.ansi : known.ansi;
     caller.inactivitySeconds = options.inactivitySeconds.value_or(local ? 0 : defaultInactivity);
     return caller;
 }

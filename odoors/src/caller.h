@@ -29,7 +29,6 @@ struct Caller {
 struct Streams {
     bool open = true; // both of them
     bool inputIsTerminal = false;
-    bool outputIsTerminal = false;
 };
 
 // What was there when the process started. The first call opens /dev/null for those that were

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -16,20 +15,9 @@ namespace {
 
 constexpr char endOfText = 26;
 
-// What tells a file from the one that was there before.
-struct Version {
-    dev_t device = 0;
-    ino_t number = 0;
-    off_t size = 0;
-    std::int64_t changedSecond = 0;
-    std::int64_t changedNanosecond = 0;
-
-    bool operator==(const Version&) const = default;
-};
-
 struct Shown {
     std::string path;
-    Version version;
+    struct stat status {}; // of the file when it was read
     std::string text;
 };
 
@@ -39,23 +27,20 @@ constexpr std::size_t menusKept = 4;
 std::array<Shown, menusKept> menus;
 std::size_t nextPlace = 0;
 
-std::optional<Version> versionOf(const std::string& path) {
-    struct stat status {};
-    if (stat(path.c_str(), &status) != 0) {
-        return std::nullopt;
-    }
-    return Version{status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec,
-                   status.st_mtim.tv_nsec};
+bool isSameVersion(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino &&
+           one.st_size == other.st_size && one.st_mtim.tv_sec == other.st_mtim.tv_sec &&
+           one.st_mtim.tv_nsec == other.st_mtim.tv_nsec;
 }
 
 // The text of a file under this very path.
 const std::string* readHere(const std::string& path) {
-    const std::optional<Version> version = versionOf(path);
-    if (!version) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) {
         return nullptr;
     }
     for (const Shown& menu : menus) {
-        if (menu.path == path && menu.version == *version) {
+        if (menu.path == path && isSameVersion(menu.status, status)) {
             return &menu.text;
         }
     }
@@ -65,7 +50,7 @@ const std::string* readHere(const std::string& path) {
     }
     bytes->resize(std::min(bytes->size(), bytes->find(endOfText)));
     Shown& place = menus[nextPlace++ % menusKept];
-    place = {path, *version, *std::move(bytes)};
+    place = {path, status, *std::move(bytes)};
     return &place.text;
 }
 

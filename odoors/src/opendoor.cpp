@@ -39,7 +39,7 @@ void prepareProcess() {
     static bool prepared = false;
     if (!prepared) {
         prepared = true;
-        odoors::watchSignals(odoors::connectionLost);
+        odoors::watchSignals();
         odoors::standardStreams();
     }
 }
@@ -93,7 +93,7 @@ char choose(std::string_view keys, char key) {
 
 // The next key, 0 when none is there and none is waited for.
 char nextKey(bool wait) {
-    const char key = wait ? session().waitForKey() : session().keyIfThere();
+    const char key = session().nextKey(wait);
     od_control.user_timelimit = session().minutesLeft();
     return key;
 }

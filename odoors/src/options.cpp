@@ -31,96 +31,91 @@ const char* const usage =
 
 namespace {
 
-using Value = const std::string&;
+// The value of an option, with the option as it was written.
+struct Value {
+    std::string option;
+    std::string text;
+};
 
-[[noreturn]] void refuse(Value value, const std::string& reason) {
-    throw StartupError{"\"" + value + "\" is not " + reason};
+[[noreturn]] void refuse(const Value& value, const std::string& allowed) {
+    throw StartupError{"option " + value.option + ": \"" + value.text + "\" is not " + allowed};
 }
 
-// Amounts of minutes and seconds.
-std::int64_t amount(Value value) {
-    const std::optional<std::int64_t> number = readNumber(value);
-    if (!number || *number < 0) {
-        refuse(value, "a whole number of 0 or more");
+void assign(bool& field, const Value&, int) {
+    field = true;
+}
+
+void assign(std::optional<std::string>& field, const Value& value, int) {
+    field = value.text;
+}
+
+void assign(std::optional<std::int64_t>& field, const Value& value, int least) {
+    field = readNumber(value.text);
+    if (!field || *field < least) {
+        refuse(value, "a whole number of " + std::to_string(least) + " or more");
     }
-    return *number;
 }
 
-int smallNumber(Value value, int least) {
+void assign(std::optional<int>& field, const Value& value, int least) {
     constexpr int most = std::numeric_limits<int>::max();
-    const std::optional<std::int64_t> number = readNumber(value);
+    const std::optional<std::int64_t> number = readNumber(value.text);
     if (!number || *number < least || *number > most) {
         refuse(value,
                "a whole number from " + std::to_string(least) + " to " + std::to_string(most));
     }
-    return static_cast<int>(*number);
+    field = static_cast<int>(*number);
 }
 
-std::optional<Charset> charset(Value value) {
-    if (sameLetters(value, "cp437")) {
-        return Charset::cp437;
+void assign(std::optional<Charset>& field, const Value& value, int) {
+    if (sameLetters(value.text, "auto")) {
+        field.reset();
+    } else if (sameLetters(value.text, "cp437")) {
+        field = Charset::cp437;
+    } else if (sameLetters(value.text, "utf8") || sameLetters(value.text, "utf-8")) {
+        field = Charset::utf8;
+    } else {
+        refuse(value, "cp437, utf8 or auto");
     }
-    if (sameLetters(value, "utf8") || sameLetters(value, "utf-8")) {
-        return Charset::utf8;
-    }
-    if (sameLetters(value, "auto")) {
-        return std::nullopt;
-    }
-    refuse(value, "cp437, utf8 or auto");
 }
 
-enum class Form { alone, withValue, withValueOrGlued };
+template <auto field, int least = 0>
+void set(Options& options, const Value& value) {
+    assign(options.*field, value, least);
+}
 
+template <bool on>
+void setAnsi(Options& options, const Value&) {
+    options.ansi = on;
+}
+
+// A value may be glued to a name of one letter.
 struct Row {
-    std::string_view name;
-    Form form;
-    void (*apply)(Options& options, Value value);
+    std::array<std::string_view, 3> names; // the unused ones are empty
+    bool hasValue;
+    void (*apply)(Options& options, const Value& value);
 };
 
-void setDropFile(Options& options, Value value) {
-    options.dropFile = value;
-}
-void setLocal(Options& options, Value) {
-    options.local = true;
-}
-void setNode(Options& options, Value value) {
-    options.node = smallNumber(value, 0);
-}
-void setHandle(Options& options, Value value) {
-    options.handle = smallNumber(value, -1);
-}
-void setHelp(Options& options, Value) {
-    options.help = true;
-}
-
 constexpr std::array rows{
-    Row{"DROPFILE", Form::withValue, setDropFile},
-    Row{"D", Form::withValueOrGlued, setDropFile},
-    Row{"LOCAL", Form::alone, setLocal},
-    Row{"L", Form::alone, setLocal},
-    Row{"USERNAME", Form::withValue, [](Options& o, Value v) { o.userName = v; }},
-    Row{"REALNAME", Form::alone, [](Options& o, Value) { o.realName = true; }},
-    Row{"TIMELEFT", Form::withValue, [](Options& o, Value v) { o.minutesLeft = amount(v); }},
-    Row{"NODE", Form::withValue, setNode},
-    Row{"N", Form::withValueOrGlued, setNode},
-    Row{"HANDLE", Form::withValue, setHandle},
-    Row{"H", Form::withValueOrGlued, setHandle},
-    Row{"SOCKET", Form::withValue, setHandle},
-    Row{"STDIO", Form::alone, [](Options& o, Value) { o.standardStreams = true; }},
-    Row{"GRAPHICS", Form::alone, [](Options& o, Value) { o.ansi = true; }},
-    Row{"ASCII", Form::alone, [](Options& o, Value) { o.ansi = false; }},
-    Row{"CHARSET", Form::withValue, [](Options& o, Value v) { o.charset = charset(v); }},
-    Row{"INACTIVITY", Form::withValue,
-        [](Options& o, Value v) { o.inactivitySeconds = amount(v); }},
-    Row{"ONECALLER", Form::withValue, [](Options& o, Value v) { o.lockFile = v; }},
-    Row{"LOG", Form::withValue, [](Options& o, Value v) { o.logFile = v; }},
-    Row{"VERSION", Form::alone, [](Options& o, Value) { o.version = true; }},
-    Row{"HELP", Form::alone, setHelp},
-    Row{"?", Form::alone, setHelp},
+    Row{{"DROPFILE", "D"}, true, set<&Options::dropFile>},
+    Row{{"LOCAL", "L"}, false, set<&Options::local>},
+    Row{{"USERNAME"}, true, set<&Options::userName>},
+    Row{{"REALNAME"}, false, set<&Options::realName>},
+    Row{{"TIMELEFT"}, true, set<&Options::minutesLeft>},
+    Row{{"NODE", "N"}, true, set<&Options::node>},
+    Row{{"HANDLE", "H", "SOCKET"}, true, set<&Options::handle, -1>},
+    Row{{"STDIO"}, false, set<&Options::standardStreams>},
+    Row{{"GRAPHICS"}, false, setAnsi<true>},
+    Row{{"ASCII"}, false, setAnsi<false>},
+    Row{{"CHARSET"}, true, set<&Options::charset>},
+    Row{{"INACTIVITY"}, true, set<&Options::inactivitySeconds>},
+    Row{{"ONECALLER"}, true, set<&Options::lockFile>},
+    Row{{"LOG"}, true, set<&Options::logFile>},
+    Row{{"VERSION"}, false, set<&Options::version>},
+    Row{{"HELP", "?"}, false, set<&Options::help>},
 };
 
 // An argument taken apart: the option it names and the value that came with it.
-struct Named {
+struct Argument {
     const Row* row;
     std::optional<std::string> value;
 };
@@ -134,20 +129,25 @@ std::string_view withoutMark(std::string_view argument) {
     return {};
 }
 
-// Names are told from glued values by looking for the whole name first.
-Named takeApart(std::string_view argument) {
+bool isName(const Row& row, std::string_view name) {
+    return !name.empty() && std::any_of(row.names.begin(), row.names.end(),
+                                        [name](auto known) { return sameLetters(known, name); });
+}
+
+// Whole names come before glued values: -NODE is not -N with the value ODE.
+Argument parseArgument(std::string_view argument) {
     const std::string_view body = withoutMark(argument);
     const std::size_t equals = body.find('=');
     for (const Row& row : rows) {
-        if (sameLetters(row.name, body)) {
+        if (isName(row, body)) {
             return {&row, std::nullopt};
         }
-        if (row.form != Form::alone && sameLetters(row.name, body.substr(0, equals))) {
+        if (row.hasValue && isName(row, body.substr(0, equals))) {
             return {&row, std::string(body.substr(equals + 1))};
         }
     }
     for (const Row& row : rows) {
-        if (row.form == Form::withValueOrGlued && sameLetters(row.name, body.substr(0, 1))) {
+        if (row.hasValue && isName(row, body.substr(0, 1))) {
             return {&row, std::string(body.substr(1))};
         }
     }
@@ -159,19 +159,15 @@ Named takeApart(std::string_view argument) {
 void readOptions(std::span<const char* const> arguments, Options& options) {
     for (std::size_t i = 0; i < arguments.size() && !options.help && !options.version; ++i) {
         const std::string argument = arguments[i];
-        Named named = takeApart(argument);
-        if (named.row->form != Form::alone && !named.value) {
+        Argument named = parseArgument(argument);
+        if (named.row->hasValue && !named.value) {
             if (++i == arguments.size()) {
                 throw StartupError{"option " + argument + " needs a value"};
             }
             named.value = arguments[i];
         }
-        try {
-            named.row->apply(options, named.value.value_or(""));
-        } catch (const StartupError& error) {
-            throw StartupError{"option " + argument.substr(0, argument.find('=')) + ": " +
-                               error.reason};
-        }
+        named.row->apply(options,
+                         {argument.substr(0, argument.find('=')), named.value.value_or("")});
     }
 }
 

@@ -39,11 +39,8 @@ public:
     // Asks a terminal of unknown kind whether it has ANSI graphics; waits at most a second.
     void detectAnsi();
 
-    // Waits for the next key.
-    char waitForKey() { return nextKey(true); }
-
-    // The next key, 0 when none is there.
-    char keyIfThere() { return nextKey(false); }
+    // The next key; 0 when none is there and none is waited for.
+    char nextKey(bool wait);
 
     // The next key when it is already there, left where it is; 0 otherwise.
     char typedAhead();
@@ -57,7 +54,6 @@ private:
     void connect(const Caller& caller);
     void startClock(const Caller& caller);
     void acquireCallerLock(const std::string& lockFile);
-    char nextKey(bool wait);
     bool receive(Milliseconds timeout);
     void checkTime();
     void flush();

@@ -23,7 +23,6 @@ constexpr int repeats = 5;
 termios found{};
 volatile std::sig_atomic_t rawDescriptor = -1;
 volatile std::sig_atomic_t signalsSeen = 0;
-Ending signalEnding{};
 Ending overdueEnding{};
 
 // For handlers: the program is stuck.
@@ -39,7 +38,7 @@ void onEndingSignal(int) {
     setitimer(ITIMER_REAL, &repeat, nullptr);
     signalsSeen = signalsSeen + 1;
     if (signalsSeen > repeats) {
-        endHere(signalEnding);
+        endHere(connectionLost);
     }
 }
 
@@ -72,12 +71,8 @@ void makeTerminalRaw(int descriptor) {
         return;
     }
     termios raw = found;
-    raw.c_iflag &= ~static_cast<tcflag_t>(IGNBRK | BRKINT | PARMRK | ISTRIP | INLCR | IGNCR |
-                                          ICRNL | IXON | IXOFF);
-    raw.c_oflag &= ~static_cast<tcflag_t>(OPOST);
-    raw.c_lflag &= ~static_cast<tcflag_t>(ECHO | ECHONL | ICANON | ISIG | IEXTEN);
-    raw.c_cc[VMIN] = 1;
-    raw.c_cc[VTIME] = 0;
+    cfmakeraw(&raw);
+    raw.c_iflag &= ~static_cast<tcflag_t>(IXOFF);
     rawDescriptor = descriptor;
     std::atexit(restoreTerminal);
     tcsetattr(descriptor, TCSANOW, &raw);
@@ -94,8 +89,7 @@ void restoreTerminal() {
     tcsetattr(descriptor, TCSANOW, &found);
 }
 
-void watchSignals(const Ending& ending) {
-    signalEnding = ending;
+void watchSignals() {
     sigset_t unblocked;
     sigemptyset(&unblocked);
     sigaddset(&unblocked, SIGALRM);

@@ -18,7 +18,7 @@ void restoreTerminal();
 // breaks every wait; a process that does not end by itself soon after is ended where it stands.
 // A caller who goes away raises no signal when he is written to, and no stop leaves the terminal
 // raw.
-void watchSignals(const Ending& ending);
+void watchSignals();
 
 // Whether such a signal has come.
 bool sessionSignalled();

@@ -88,7 +88,7 @@ namespace odoors {
 
 void makeTerminalRaw(int) {}
 void restoreTerminal() {}
-void watchSignals(const Ending&) {}
+void watchSignals() {}
 void endAfter(Milliseconds, const Ending&) {}
 bool sessionSignalled() {
     return false;

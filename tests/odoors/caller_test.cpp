@@ -123,8 +123,8 @@ TEST(CallerTest, IsReachedAsHeReallyCanBe) {
         file.socket = handle;
         return resolveCaller(optionsOf(option), file, streams).socket.value_or(0);
     };
-    const Streams closed{false, false, false};
-    const Streams terminal{true, true, true};
+    const Streams closed{false, false};
+    const Streams terminal{true, true};
     EXPECT_EQ(reached(Route::socket, socket, "", terminal), 0);
     EXPECT_EQ(reached(Route::socket, socket, "", closed), socket);
     EXPECT_EQ(reached(Route::socket, dup(STDERR_FILENO), "", {}), 0);
