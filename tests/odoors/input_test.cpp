@@ -4,6 +4,7 @@
 #include "call.h"
 
 using namespace odoors;
+using namespace std::string_literals;
 
 namespace {
 
@@ -37,20 +38,40 @@ void expectKeys(Charset charset, const std::string& bytes, const std::string& ke
 
 } // namespace
 
-TEST(Keys, AreDecodedFromBytes) {
-    using namespace std::string_literals;
-    const std::string endless = "\033[" + std::string(1000, '1') + "Aq";
-    const std::vector<std::string> bytesAndKeys{
-        "aZ~", "aZ~", "\r", "\r", "\n", "\r", "\r\n", "\r", "\r\0"s, "\r", "\n\r", "\r\r",
-        "\r\r\n\n", "\r\r\r", "\r\0\n"s, "\r\r", "a\0b\0"s, "ab", "\b\x7f", "\b\b", "\x03\x1a\x94",
-        "\x03\x1a\x94", "\033[A", "\x7f", "\033OP\033[15~s", "\x7f\x7fs", "\033[1;5Cq", "\x7fq",
-        "\033[[As", "\x7fs", "\033O[s", "\x7fs", endless, "\x7fq", "\033[3;4R", "\x7f",
-        // Escapes of their own, sequences broken off and cut short.
-        "\033", "\033", "\033q", "\033q", "\033\033", "\033\033", "\033\033[A", "\033\x7f",
-        "\033\r\n", "\033\r", "\033[1\rq", "\x7f\rq", "\033[[\bq", "\x7f\bq", "\033[\033[Bq",
-        "\x7f\x7fq", "\033[1\x7fq", "\x7f\bq", "x\033[", "x", "x\033[12;", "x", "x\033[[", "x"};
-    for (std::size_t i = 0; i < bytesAndKeys.size(); i += 2) {
-        expectKeys(Charset::cp437, bytesAndKeys[i], bytesAndKeys[i + 1]);
+TEST(Keys, ReturnAndBackspaceHaveSeveralSpellings) {
+    for (const std::string& bytes : {"\r"s, "\n"s, "\r\n"s, "\r\0"s}) {
+        expectKeys(Charset::cp437, bytes, "\r");
+    }
+    expectKeys(Charset::cp437, "\n\r\r\n\n\r\0\r"s, "\r\r\r\r\r\r");
+    expectKeys(Charset::cp437, "\b\x7f", "\b\b");
+}
+
+TEST(Keys, OtherBytesAreKeysOfTheirOwnButForNul) {
+    expectKeys(Charset::cp437, "aZ~\x03\x1a\x94", "aZ~\x03\x1a\x94");
+    expectKeys(Charset::cp437, "a\0b\0"s, "ab");
+}
+
+TEST(Keys, AnEscapeSequenceIsOneKeyOfNoMenu) {
+    for (const std::string sequence :
+         {"\033[A", "\033OP", "\033[15~", "\033[1;5C", "\033[[A", "\033O[", "\033[3;4R"}) {
+        expectKeys(Charset::cp437, sequence + "q", "\x7fq");
+    }
+    expectKeys(Charset::cp437, "\033[" + std::string(1000, '1') + "Aq", "\x7fq");
+}
+
+TEST(Keys, AnEscapeThatBeginsNoSequenceIsAKey) {
+    expectKeys(Charset::cp437, "\033", "\033");
+    expectKeys(Charset::cp437, "\033q\033\033", "\033q\033\033");
+    expectKeys(Charset::cp437, "\033\033[A\033\r\n", "\033\x7f\033\r");
+}
+
+TEST(Keys, ASequenceIsBrokenOffByAControlByteAndByTheEnd) {
+    expectKeys(Charset::cp437, "\033[1\rq", "\x7f\rq");
+    expectKeys(Charset::cp437, "\033[[\bq", "\x7f\bq");
+    expectKeys(Charset::cp437, "\033[\033[Bq", "\x7f\x7fq");
+    expectKeys(Charset::cp437, "\033[1\x7fq", "\x7f\bq");
+    for (const char* cut : {"x\033[", "x\033[12;", "x\033[["}) {
+        expectKeys(Charset::cp437, cut, "x");
     }
 }
 
@@ -61,21 +82,25 @@ TEST(Keys, Utf8CharactersComeAsCp437) {
     expectKeys(Charset::utf8, "\xe2\x95\033[A\xe2", "\x7f\x7f");
 }
 
-TEST(LineInput, EditsTheText) {
-    const std::vector<std::string> startKeysAndShown{
-        "", "ab c\r", "ab c\n\r[ab c]", "", "ab\b\x7f\bc\r", "ab\b \b\b \bc\n\r[c]", "",
-        "123456789\r", "12345678\n\r[12345678]", "", "a\033[Ab\t\x01\033Oc\033d\r", "abd\n\r[abd]",
-        // The text that is in the buffer already.
-        "old", "\r", "old\n\r[old]", "old", "\033[A\tnew\r", "old\b \b\b \b\b \bnew\n\r[new]",
-        "old", "\bx\r", "old\b \bx\n\r[olx]", "longer than eight", "\r", "longer t\n\r[longer t]",
-        "o\033d", "n\r", "od\b \b\b \bn\n\r[n]"};
-    for (std::size_t i = 0; i < startKeysAndShown.size(); i += 3) {
-        EXPECT_EQ(lineAfter(startKeysAndShown[i], startKeysAndShown[i + 1]),
-                  startKeysAndShown[i + 2]);
-    }
+TEST(LineInput, ShowsAndKeepsWhatIsTyped) {
+    EXPECT_EQ(lineAfter("", "ab c\r"), "ab c\n\r[ab c]");
+    EXPECT_EQ(lineAfter("", "ab\b\x7f\bc\r"), "ab\b \b\b \bc\n\r[c]");
+    EXPECT_EQ(lineAfter("", "a\033[Ab\t\x01\033Oc\033d\r"), "abd\n\r[abd]");
+}
+
+TEST(LineInput, OffersTheTextThatIsThere) {
+    EXPECT_EQ(lineAfter("old", "\r"), "old\n\r[old]");
+    EXPECT_EQ(lineAfter("old", "\033[A\tnew\r"), "old\b \b\b \b\b \bnew\n\r[new]");
+    EXPECT_EQ(lineAfter("old", "\bx\r"), "old\b \bx\n\r[olx]");
+    EXPECT_EQ(lineAfter("o\033d", "n\r"), "od\b \b\b \bn\n\r[n]") << "not on the screen";
+}
+
+TEST(LineInput, KeepsToItsLimits) {
+    EXPECT_EQ(lineAfter("", "123456789\r"), "12345678\n\r[12345678]");
+    EXPECT_EQ(lineAfter("longer than eight", "\r"), "longer t\n\r[longer t]");
+    EXPECT_EQ(lineAfter("", "abc\r", 0), "\n\r[]");
     EXPECT_EQ(lineAfter("", "a`\x94~\x7f\r", 8, 32, 127), "a`~\b \b\n\r[a`]");
     EXPECT_EQ(lineAfter("", "19a\x94\r", 8, '2', 255), "9a\x94\n\r[9a\x94]");
-    EXPECT_EQ(lineAfter("", "abc\r", 0), "\n\r[]");
     EXPECT_EQ(lineAfter("", "\xc3\xa4\r", 8, 132, 132, {"-L", "-CHARSET=utf8"}),
               "\xc3\xa4\n\r[\xc3\xa4]");
 }
