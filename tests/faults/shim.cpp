@@ -29,13 +29,14 @@ int struckCall = 0;
 int calls = 0;
 bool interrupted = false;
 
+// Where a file offset is meant, the name is that of the routine with one of 64 bits.
 template <typename Result, typename... Arguments>
 Result real(const char* name, Arguments... arguments) {
     return reinterpret_cast<Result (*)(Arguments...)>(dlsym(RTLD_NEXT, name))(arguments...);
 }
 
 void tell(const char* byte) {
-    const int waits = real<int>("open", std::getenv("MORVEK_WAITS"), O_WRONLY | O_CLOEXEC, 0);
+    const int waits = real<int>("open64", std::getenv("MORVEK_WAITS"), O_WRONLY | O_CLOEXEC, 0);
     real<ssize_t>("write", waits, byte, std::size_t{1});
     close(waits);
 }
@@ -107,7 +108,7 @@ int open(const char* path, int flags, ...) {
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
     va_end(rest);
     const Nature nature = (flags & O_CREAT) != 0 ? needsRoom : plain;
-    return fails(nature) ? -1 : real<int>("open", path, flags, mode);
+    return fails(nature) ? -1 : real<int>("open64", path, flags, mode);
 }
 
 ssize_t read(int descriptor, void* bytes, std::size_t size) {
@@ -115,7 +116,7 @@ ssize_t read(int descriptor, void* bytes, std::size_t size) {
 }
 
 ssize_t pread(int descriptor, void* bytes, std::size_t size, off_t position) {
-    return transfer("pread", plain, descriptor, bytes, size, position);
+    return transfer("pread64", plain, descriptor, bytes, size, position);
 }
 
 ssize_t write(int descriptor, const void* bytes, std::size_t size) {
@@ -123,7 +124,7 @@ ssize_t write(int descriptor, const void* bytes, std::size_t size) {
 }
 
 ssize_t pwrite(int descriptor, const void* bytes, std::size_t size, off_t position) {
-    return transfer("pwrite", needsRoom, descriptor, bytes, size, position);
+    return transfer("pwrite64", needsRoom, descriptor, bytes, size, position);
 }
 
 int flock(int descriptor, int operation) noexcept {
@@ -135,7 +136,7 @@ int fchmod(int descriptor, mode_t mode) noexcept {
 }
 
 int ftruncate(int descriptor, off_t size) noexcept {
-    return fails(plain) ? -1 : real<int>("ftruncate", descriptor, size);
+    return fails(plain) ? -1 : real<int>("ftruncate64", descriptor, size);
 }
 
 // Takes no time: what a killed program wrote is there without it.
