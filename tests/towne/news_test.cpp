@@ -18,5 +18,6 @@ TEST_F(News, AreShownWithTheirLineEndsAndNoOtherControlByteWhereTheirFileCanBeUs
         const AsNobody nobody;
         newsJoined();
     }
+    ::chmod("111626.txt", 0644);
     EXPECT_EQ(readFile("111626.txt"), "kept\n\rAlice joined the game.\n\r");
 }
