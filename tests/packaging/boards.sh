@@ -4,9 +4,12 @@
 # that drop file names. Where the configuration relies on the lock, a second caller must be sent away.
 #   boards.sh PROGRAM SYSOP BOARDS MENUS
 set -euo pipefail
-program=$1 sysop=$2 boards=$3 menus=$4
+sysop=$2 boards=$3 menus=$4
 home=$(mktemp -d)
 trap 'rm -rf "$home"' EXIT
+# The configurations' command lines part at blanks, and the program's path may have some.
+program=$home/morvek-program
+ln -s "$1" "$program"
 game=$home/morvek
 keys='SArwen\ry2xqqxq'
 
