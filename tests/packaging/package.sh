@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds the release and its two packages in the directory BUILD, which it keeps for the next time,
-# and plays from each: the archive where it is unpacked; the Debian package installed into this
-# system, where that may be done, and removed again without a trace.
+# installs it and removes it again, and plays from both packages: the archive where it is unpacked;
+# the Debian package installed into this system, where that may be done, and removed again without a
+# trace.
 #   package.sh SOURCE BUILD
 set -euo pipefail
 source=$1 build=$2
@@ -35,10 +36,21 @@ plays() {
     cmake --build "$build" --parallel 2
 } >"$work/log" 2>&1 || fail "$(cat "$work/log")"
 
+prefix="$work/a prefix"
+mkdir -p "$prefix/share/doc/other"
+rm -f "$build/install_manifest.txt"
+cmake --install "$build" --prefix "$prefix" >"$work/log" || fail "$(cat "$work/log")"
+"$prefix/bin/morvek-sysop" --version >"$work/version"
+cp "$build/install_manifest.txt" "$work/manifest"
+chmod a-w "$build/install_manifest.txt" # as root's would be
+
 cd "$work"
 cpack --config "$build/CPackConfig.cmake" -G ZIP -B "$work" >log 2>&1 || fail "$(cat log)"
 mkdir unpacked
 (cd unpacked && cmake -E tar xf ../morvek.zip)
+objdump -p unpacked/morvek unpacked/morvek-sysop | awk '/NEEDED/ { print $2 }' |
+    { ! grep -vE '^(lib(c|m|stdc\+\+|gcc_s)|ld-linux-.*)\.so\.[0-9]+$'; } ||
+    fail "the archive's programs need these libraries"
 awk '!/^[ -~]*\r$/ || length > 46 || NR > 10 { exit 1 }' unpacked/FILE_ID.DIZ ||
     fail "FILE_ID.DIZ is not what boards show"
 plays "$work/unpacked/morvek" "$work/unpacked/morvek-sysop" "$work/game"
@@ -49,6 +61,12 @@ done
 command -v dpkg-shlibdeps >/dev/null || skip "no dpkg-dev here; the archive is good"
 cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work" >log 2>&1 || fail "$(cat log)"
 package=$(echo "$work"/morvek_*.deb)
+[ "$(dpkg-deb --field "$package" Version)" = "$(cat version)" ] || fail "the versions differ"
+cmp "$build/install_manifest.txt" manifest || fail "the packages overwrite what is known of the installation"
+cmake -P "$build/uninstall.cmake" >log 2>&1 || fail "$(cat log)"
+[ "$(cd "$prefix" && find . -not -type d -o -path '*morvek*')" = "" ] ||
+    fail "left behind: $(find "$prefix")"
+[ -d "$prefix/share/doc/other" ] || fail "uninstalling took what is not the game's"
 dpkg-deb --fsys-tarfile "$package" | tar -t | sed 's|^\.||' >contents
 ! grep -vE '^/(usr/((bin|share)/.*)?)?$' contents || fail "these are out of place"
 [ "$(id -u)" -eq 0 ] || skip "not root; the archive is good and the Debian package built"
