@@ -111,17 +111,19 @@ need_writable() {
         [ -e "$path" ] || continue
         found=$(find "$path" ! -type l ! -writable -print -quit)
         if [ -n "$found" ]; then
-            echo "Not writable: $PWD/$found. Did root build here? Then run: sudo chown -R $(id -un) build game" >&2
+            echo "Not writable: $PWD/$found. Did root build here? Then run: sudo chown -R $(id -un) ${path%%/*}" >&2
             exit 1
         fi
     done
 }
 
-# build_preset PRESET: configures and builds; its whole output is shown only when something is wrong.
+# build_preset PRESET TEXT: says the text, configures and builds; the whole output is shown only when
+# something is wrong.
 build_preset() {
     local log="build/$1.log"
     mkdir -p build/"$1" || exit 1
     need_writable build/"$1" "$log"
+    [ -z "$2" ] || echo "$2"
     if ! { cmake --preset "$1" && cmake --build --preset "$1"; } </dev/null 2>&1 |
         tee "$log" | progress; then
         cat "$log" >&2
