@@ -75,13 +75,12 @@ Connection::Event Connection::receive(std::string_view fromLine, std::string& by
     return bytes.size() > before ? Event::bytes : lost_ ? Event::lost : Event::nothing;
 }
 
-std::string Connection::forLine(std::string_view bytes) {
-    telnet_->send(bytes);
-    return telnet_->drainOutgoing();
-}
-
 bool Connection::write(std::string_view bytes) {
-    return telnet_ ? writeRaw(forLine(bytes)) : writeRaw(bytes);
+    if (!telnet_) {
+        return writeRaw(bytes);
+    }
+    telnet_->send(bytes);
+    return writeRaw(telnet_->drainOutgoing());
 }
 
 bool Connection::writeRaw(std::string_view bytes) {

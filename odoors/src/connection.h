@@ -23,14 +23,14 @@ public:
 
     enum class Event { bytes, nothing, lost };
 
-    // Waits at most that long until the caller has sent something and adds what is there to bytes.
-    // A signal ends the wait early, with nothing.
+    // Waits at most that long for input and appends it to bytes. A signal ends the wait early, with
+    // nothing.
     Event read(std::string& bytes, Milliseconds timeout);
 
     // Sends all of it, in one write when the system takes it so; false when the caller is gone.
     bool write(std::string_view bytes);
 
-    // Sends what the caller can take without a wait; whether he got it does not matter.
+    // Sends what the caller takes within half a second; a failure does not matter.
     void writeAtParting(std::string_view bytes);
 
     // Whether the caller is gone or has no more to send.
@@ -42,14 +42,13 @@ public:
 private:
     Event markLost();
     Event receive(std::string_view fromLine, std::string& bytes);
-    std::string forLine(std::string_view bytes);
     bool writeRaw(std::string_view bytes);
     bool outputIsApart();
 
     int input_ = 0;
     int output_ = 1;
-    std::optional<bool> outputIsApart_; // none: nobody has looked yet
-    std::unique_ptr<Telnet> telnet_;    // none: the bytes are the caller's own
+    std::optional<bool> outputIsApart_; // none: not known yet
+    std::unique_ptr<Telnet> telnet_;    // none: not a telnet line
     bool lost_ = false;
 };
 

@@ -21,8 +21,8 @@ struct Shown {
     std::string text;
 };
 
-// Callers go to and fro between a few menus: these were shown last, and are read again only when
-// their files have changed.
+// The menus shown last, since callers go to and fro between a few. They are read again only when
+// their files have changed: a stat() a menu.
 constexpr std::size_t menusKept = 4;
 std::array<Shown, menusKept> menus;
 std::size_t nextPlace = 0;

@@ -8,7 +8,7 @@ namespace odoors {
 
 // The bytes to show for a display file: name.ans for a caller with ANSI graphics when there is
 // one, else name.asc, in any letter case, without the description record that follows byte 26.
-// Empty when there is no such file. It stands until the next call.
+// Empty when there is no such file. Valid until the next call.
 std::string_view readDisplayFile(const std::string& name, bool ansi);
 
 } // namespace odoors

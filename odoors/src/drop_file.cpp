@@ -8,6 +8,8 @@
 #include <limits>
 #include <vector>
 
+#include <fnmatch.h>
+
 #include "clock.h"
 #include "files.h"
 #include "startup_error.h"
@@ -19,10 +21,6 @@ namespace {
 
 [[noreturn]] void fail(const std::string& path, const std::string& reason) {
     throw StartupError{path + ": " + reason};
-}
-
-[[noreturn]] void failUnreadable(const std::string& path) {
-    fail(path, std::string("cannot be read: ") + std::strerror(errno));
 }
 
 // The lines of a drop file, counted from 1. What is asked of a line and cannot be had throws.
@@ -235,65 +233,42 @@ void readBbsdev(const Lines& lines, DropFile& file) {
     file.node = lines.smallNumber(18);
 }
 
-// In the name of a kind this stands for a number.
-constexpr char anyNumber = '#';
-
 struct Kind {
-    std::string_view fileName;
+    const char* fileName; // a star stands for the node
     std::size_t linesNeeded;
     void (*read)(const Lines& lines, DropFile& file);
     bool sought = true; // whether a directory is searched for it
+
+    DropFile parse(const std::string& path, std::string_view bytes) const {
+        DropFile file;
+        read({path, bytes, linesNeeded}, file);
+        return file;
+    }
 };
 
 constexpr Kind bbsdev{"BBSDEV.DRP", 19, readBbsdev, false};
 
 // In the order in which they are looked for.
 constexpr std::array kinds{Kind{"DOOR32.SYS", 11, readDoor32}, Kind{"DOOR.SYS", 31, readDoorSys},
-                           Kind{"DORINFO#.DEF", 12, readDorinfo}, Kind{"CHAIN.TXT", 32, readChain},
+                           Kind{"DORINFO*.DEF", 12, readDorinfo}, Kind{"CHAIN.TXT", 32, readChain},
                            bbsdev};
 
-DropFile parse(const Kind& kind, const std::string& path, std::string_view bytes) {
-    DropFile file;
-    kind.read({path, bytes, kind.linesNeeded}, file);
-    return file;
-}
-
-DropFile read(const Kind& kind, const std::string& path) {
-    const std::optional<std::string> bytes = readFile(path);
+std::string readBytes(const std::string& path) {
+    std::optional<std::string> bytes = readFile(path);
     if (!bytes) {
-        failUnreadable(path);
+        fail(path, std::string("cannot be read: ") + std::strerror(errno));
     }
-    return parse(kind, path, *bytes);
+    return *std::move(bytes);
 }
 
-bool isNameOf(std::string_view name, std::string_view kindName) {
-    const std::size_t mark = kindName.find(anyNumber);
-    if (mark == std::string_view::npos) {
-        return sameLetters(name, kindName);
-    }
-    const std::string_view end = kindName.substr(mark + 1);
-    return name.size() > mark + end.size() &&
-           sameLetters(name.substr(0, mark), kindName.substr(0, mark)) &&
-           sameLetters(name.substr(name.size() - end.size()), end);
-}
-
-const Kind& kindOf(const std::string& path) {
-    for (const Kind& kind : kinds) {
-        if (isNameOf(lastPart(path), kind.fileName)) {
-            return kind;
-        }
-    }
-    fail(path, "is not the name of a known drop file");
-}
-
-// The path of a file of the kind in the directory: with the node's number, else with 1.
+// The path of a file of the kind in the directory, with the node's number or else with 1.
 std::optional<std::string> findInDirectory(const std::string& directory, const Kind& kind,
                                            int node) {
     std::optional<std::string> found;
     for (const int number : {node, 1}) {
-        std::string name(kind.fileName);
-        if (const std::size_t mark = name.find(anyNumber); mark != std::string::npos) {
-            name.replace(mark, 1, std::to_string(number));
+        std::string name = kind.fileName;
+        if (const std::size_t star = name.find('*'); star != std::string::npos) {
+            name.replace(star, 1, std::to_string(number));
         }
         if (kind.sought && !found) {
             found = findFile(directory + '/' + name);
@@ -305,28 +280,30 @@ std::optional<std::string> findInDirectory(const std::string& directory, const K
 } // namespace
 
 DropFile parseDropFile(const std::string& path, std::string_view bytes) {
-    return parse(kindOf(path), path, bytes);
+    const std::string name = lastPart(path);
+    for (const Kind& kind : kinds) {
+        if (fnmatch(kind.fileName, name.c_str(), FNM_CASEFOLD) == 0) {
+            return kind.parse(path, bytes);
+        }
+    }
+    fail(path, "is not the name of a known drop file");
 }
 
 std::optional<DropFile> readDropFile(const std::string& path, int node) {
     if (!isDirectory(path)) {
-        const std::optional<std::string> found = findFile(path);
-        if (!found) {
-            errno = ENOENT;
-            failUnreadable(path);
-        }
-        return read(kindOf(*found), *found);
+        const std::string found = findFile(path).value_or(path);
+        return parseDropFile(found, readBytes(found));
     }
     for (const Kind& kind : kinds) {
-        if (const std::optional<std::string> found = findInDirectory(path, kind, node)) {
-            return read(kind, *found);
+        if (const auto found = findInDirectory(path, kind, node)) {
+            return kind.parse(*found, readBytes(*found));
         }
     }
     return std::nullopt;
 }
 
 DropFile readBbsdevFile(const std::string& path) {
-    return read(bbsdev, path);
+    return bbsdev.parse(path, readBytes(path));
 }
 
 } // namespace odoors

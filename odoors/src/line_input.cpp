@@ -15,7 +15,7 @@ bool isPrintable(char key) {
 void editLine(Session& session, char* text, std::size_t longest, unsigned char least,
               unsigned char most) {
     std::size_t length = strnlen(text, longest);
-    // The program's own text may hold control bytes, which are not on the screen.
+    // The program's own text may contain control bytes, which are not on the screen.
     const auto removeLast = [&] {
         if (length > 0) {
             session.output.erase(isPrintable(text[--length]) ? 1 : 0);

@@ -109,7 +109,7 @@ void Output::put(std::string_view bytes) {
     } else {
         bytes_ += bytes;
     }
-    // What stands before the last CR has no say in where the cursor is.
+    // Only what follows the last CR decides where the cursor is.
     if (const std::size_t lastReturn = bytes.rfind('\r'); lastReturn != std::string_view::npos) {
         column_ = 0;
         inSequence_ = false;

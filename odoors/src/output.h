@@ -34,7 +34,7 @@ public:
     // Shows the bytes of a display file as they are, escape sequences and all.
     void showFile(std::string_view bytes);
 
-    // Takes the last characters off the screen.
+    // Erases the last characters on the screen.
     void erase(int characters);
 
     // Clears the screen and moves home.
@@ -43,7 +43,7 @@ public:
     // Moves to a row and a column, both from 1; without ANSI graphics it pads to the column.
     void moveTo(int row, int column);
 
-    // Adds a control sequence that moves nothing and colours nothing.
+    // Appends a control sequence that neither moves the cursor nor changes the colour.
     void control(std::string_view sequence) { bytes_ += sequence; }
 
     // Gives the terminal its own colour back.
@@ -64,7 +64,7 @@ private:
     const char& ansiFlag_;
     Charset charset_ = Charset::cp437;
     Attribute attribute_;
-    std::optional<Attribute> terminalAttribute_; // none: nobody knows
+    std::optional<Attribute> terminalAttribute_; // none: unknown
     int column_ = 0;
     bool inSequence_ = false;
     std::string bytes_;

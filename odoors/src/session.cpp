@@ -18,7 +18,7 @@ namespace {
 
 constexpr Milliseconds perSecond = 1000;
 
-// A terminal sends an escape sequence in one go; a caller cannot type that fast.
+// A terminal sends an escape sequence at once; a caller cannot type that fast.
 constexpr Milliseconds escapeSettlesAfter = 50;
 
 // How long a caller may take to be told why his session ends.
@@ -32,6 +32,8 @@ constexpr std::string_view askCursorPosition = "\033[6n";
 
 } // namespace
 
+// The order matters: the caller is connected before anything can go wrong of which he must be told.
+// It costs a few system calls; nothing is sent.
 void Session::open(const Caller& caller, const std::optional<std::string>& lockFile) {
     connect(caller);
     startClock(caller);
@@ -134,7 +136,7 @@ char Session::nextKey(bool wait) {
     }
 }
 
-// Takes in what the caller has sent, or waits that long for it; false when nothing has come of it.
+// Reads what the caller has sent, waiting at most that long; false when no key can have come of it.
 bool Session::receive(Milliseconds timeout) {
     std::string bytes;
     switch (connection_.read(bytes, timeout)) {

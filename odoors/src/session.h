@@ -29,8 +29,8 @@ public:
     // Ends the process: shows what is collected, resets the colour, restores the terminal.
     [[noreturn]] void finish(int status);
 
-    // Ends the process because the call cannot start, of which the operator has been told. Tells
-    // the caller if he is known by now; startedByBoard says of one who is not how he came.
+    // Ends the process because the call cannot start; the operator has been told. A caller who is
+    // connected is told too. startedByBoard says whether to wait for one who is not.
     [[noreturn]] void endAtStart(bool startedByBoard);
 
     // Ends the process as for a caller who is gone when a signal has come that ends the session.

@@ -15,17 +15,6 @@ constexpr std::array<telnet_telopt_t, 4> options{{{TELNET_TELOPT_ECHO, TELNET_WI
                                                   {TELNET_TELOPT_BINARY, TELNET_WILL, TELNET_DO},
                                                   {-1, 0, 0}}};
 
-struct Offer {
-    unsigned char command;
-    unsigned char option;
-};
-
-constexpr std::array<Offer, 5> offers{{{TELNET_WILL, TELNET_TELOPT_ECHO},
-                                       {TELNET_WILL, TELNET_TELOPT_SGA},
-                                       {TELNET_DO, TELNET_TELOPT_SGA},
-                                       {TELNET_WILL, TELNET_TELOPT_BINARY},
-                                       {TELNET_DO, TELNET_TELOPT_BINARY}}};
-
 void onEvent(telnet_t*, telnet_event_t* event, void* user) {
     Telnet::Pending& pending = *static_cast<Telnet::Pending*>(user);
     if (event->type == TELNET_EV_DATA) {
@@ -41,9 +30,12 @@ Telnet::Telnet() : protocol_(telnet_init(options.data(), onEvent, 0, &pending_),
     if (!protocol_) {
         throw std::bad_alloc();
     }
-    for (const Offer& offer : offers) {
-        telnet_negotiate(protocol_.get(), offer.command, offer.option);
-    }
+    telnet_t* protocol = protocol_.get();
+    telnet_negotiate(protocol, TELNET_WILL, TELNET_TELOPT_ECHO);
+    telnet_negotiate(protocol, TELNET_WILL, TELNET_TELOPT_SGA);
+    telnet_negotiate(protocol, TELNET_DO, TELNET_TELOPT_SGA);
+    telnet_negotiate(protocol, TELNET_WILL, TELNET_TELOPT_BINARY);
+    telnet_negotiate(protocol, TELNET_DO, TELNET_TELOPT_BINARY);
 }
 
 Telnet::~Telnet() = default;

@@ -9,10 +9,9 @@ struct telnet_t;
 
 namespace odoors {
 
-// The telnet protocol on the caller's line: what his program and ours say to each other goes under
-// it, byte for byte. Commands and negotiation never reach the session. Offered at once is what
-// makes a telnet program send every key by itself, unechoed, and all 256 bytes as they are;
-// whatever else the other end proposes is declined.
+// The telnet protocol on the caller's line. Commands and negotiation never reach the session. At
+// the start it offers what makes a telnet program send every key at once, unechoed, and all 256
+// bytes unchanged; it declines whatever else the other end proposes.
 class Telnet {
 public:
     Telnet();
@@ -20,16 +19,16 @@ public:
     Telnet& operator=(const Telnet&) = delete;
     ~Telnet();
 
-    // Adds what the caller typed to keys, out of bytes from the line that may be cut anywhere.
+    // Decodes bytes from the line, which may be cut anywhere, and appends what was typed to keys.
     void receive(std::string_view fromLine, std::string& keys);
 
-    // Has the text sent over the line.
+    // Encodes the text for the line.
     void send(std::string_view text);
 
-    // The bytes that are to go over the line: offers, answers and texts. Nothing is left.
+    // Removes and returns the bytes to be sent over the line: offers, answers and texts.
     std::string drainOutgoing();
 
-    // What the protocol has produced and nobody has fetched yet.
+    // What the protocol has produced and has not been fetched.
     struct Pending {
         std::string keys;
         std::string outgoing;

@@ -15,17 +15,17 @@ void makeTerminalRaw(int descriptor);
 void restoreTerminal();
 
 // From now on a signal that ends the session (a hang-up, an interrupt, a termination) is noted and
-// breaks every wait; a process that does not end by itself soon after is ended where it stands.
-// A caller who goes away raises no signal when he is written to, and no stop leaves the terminal
-// raw.
+// breaks every wait; a process that has not ended half a second later is ended where it stands.
+// Writing to a caller who is gone raises no signal, and a stop signal is ignored, since it would
+// leave the terminal raw.
 void watchSignals();
 
 // Whether such a signal has come.
 bool sessionSignalled();
 
-// Ends a process that is still there so much later, whatever it is doing: it may be
-// held up by a caller who takes no output. A later call replaces an earlier one; a signal that ends
-// the session goes before both. Only after watchSignals().
+// Ends the process so much later if it still runs, whatever it is doing: it may be blocked by a
+// caller who takes no output. A later call replaces an earlier one; once a signal has come that
+// ends the session, its shorter time counts. Only after watchSignals().
 void endAfter(Milliseconds span, const Ending& ending);
 
 } // namespace odoors
