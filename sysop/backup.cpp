@@ -5,6 +5,7 @@
 #include "sysop/tar_file.h"
 
 #include <algorithm>
+#include <cstring>
 #include <ctime>
 #include <tuple>
 
@@ -149,8 +150,9 @@ std::string makeBackup(const GameDirectory& home, const std::string& file) {
         files.push_back({name, readData(home, name)});
     }
     std::string path = file.empty() ? newBackupFile(home) : file;
-    if (!replaceFile(path, tarOf(files, std::time(nullptr)))) {
-        throw Failure(path + " cannot be written: no backup, and nothing was changed");
+    if (const int error = replaceFile(path, tarOf(files, std::time(nullptr)))) {
+        throw Failure(path + " cannot be written (" + std::strerror(error) +
+                      "): no backup, and nothing was changed");
     }
     if (file.empty()) {
         forgetOldest(home);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 #include <ctime>
 #include <span>
 
@@ -128,8 +129,8 @@ std::string readData(const GameDirectory& home, const std::string& name) {
 }
 
 void writeData(const GameDirectory& home, const std::string& name, std::string_view content) {
-    if (!replaceFile(home.file(name), content)) {
-        throw Failure(home.file(name) + " cannot be written");
+    if (const int error = replaceFile(home.file(name), content)) {
+        throw Failure(home.file(name) + " cannot be written: " + std::strerror(error));
     }
 }
 

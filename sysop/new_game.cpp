@@ -6,6 +6,7 @@
 #include "sysop/game_directory.h"
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <vector>
 
@@ -63,8 +64,8 @@ void refuseWhatIsThere(const fs::path& directory) {
 }
 
 void write(const fs::path& path, const std::string& content) {
-    if (!replaceFile(path.string(), content)) {
-        throw Failure(path.string() + " cannot be written");
+    if (const int error = replaceFile(path.string(), content)) {
+        throw Failure(path.string() + " cannot be written: " + std::strerror(error));
     }
 }
 

@@ -66,18 +66,19 @@ std::optional<std::size_t> readUpTo(int descriptor, std::span<char> buffer) {
     return total;
 }
 
-bool writeAll(int descriptor, std::string_view content) {
+// Returns 0, or the errno of what failed.
+int writeAll(int descriptor, std::string_view content) {
     while (!content.empty()) {
         const ssize_t put = ::write(descriptor, content.data(), content.size());
-        if (put < 0 && errno == EINTR) {
-            continue;
+        if (put > 0) {
+            content.remove_prefix(static_cast<std::size_t>(put));
+        } else if (put == 0) {
+            return ENOSPC;
+        } else if (errno != EINTR) {
+            return errno;
         }
-        if (put <= 0) {
-            return false;
-        }
-        content.remove_prefix(static_cast<std::size_t>(put));
     }
-    return true;
+    return 0;
 }
 
 std::string directoryOf(const std::string& path) {
@@ -102,7 +103,7 @@ std::string followLinks(std::string path) {
 // Whether it is the place that admits no temporary file, or no renaming: a directory that is
 // closed or sticky, something else of that name, a file that is mounted by itself. With any other
 // error, such as a full disk, writing in place would fail as well, and halfway.
-bool isForbiddenHere(int error) {
+bool needsWritingInPlace(int error) {
     constexpr std::array forbidden{EACCES, EPERM, EBUSY, ELOOP, EISDIR, ENXIO, ENAMETOOLONG};
     return std::find(forbidden.begin(), forbidden.end(), error) != forbidden.end();
 }
@@ -155,14 +156,15 @@ void createWith(const std::string& path, std::string_view content) {
 
 bool appendTo(const std::string& path, std::string_view text) {
     const File file(::open(path.c_str(), writeFlags | O_CREAT | O_APPEND, newFileMode));
-    return file.isOpen() && writeAll(file.get(), text);
+    return file.isOpen() && writeAll(file.get(), text) == 0;
 }
 
 Replacement::Replacement(const std::string& path)
     : target(followLinks(path)), temporaryName(target + ".new") {
     inPlace = ::open(target.c_str(), writeFlags);
     if (inPlace < 0 && errno != ENOENT) {
-        return; // not ours to write
+        openError = errno; // not ours to write
+        return;
     }
     struct stat status {};
     if (inPlace >= 0 && (::fstat(inPlace, &status) != 0 || !S_ISREG(status.st_mode))) {
@@ -193,9 +195,11 @@ void Replacement::openTemporary() {
     while (true) {
         temporary = ::open(temporaryName.c_str(), writeFlags | O_CREAT | O_NOFOLLOW, newFileMode);
         if (temporary < 0) {
-            if (!isForbiddenHere(errno)) {
+            const int error = errno;
+            if (!needsWritingInPlace(error)) {
                 closeInPlace();
             }
+            openError = inPlace < 0 ? error : 0;
             return;
         }
         while (::flock(temporary, LOCK_EX) != 0 && errno == EINTR) {
@@ -207,7 +211,7 @@ void Replacement::openTemporary() {
     }
 }
 
-bool Replacement::finishTemporary(std::string_view content) {
+int Replacement::finishTemporary(std::string_view content) {
     struct stat status {};
     if (inPlace >= 0 && ::fstat(inPlace, &status) == 0) {
         // The owner is kept where that is allowed; the mode comes second, as chown clears bits.
@@ -215,40 +219,44 @@ bool Replacement::finishTemporary(std::string_view content) {
                            ::fchown(temporary, static_cast<uid_t>(-1), status.st_gid) == 0;
         static_cast<void>(owned);
         if (::fchmod(temporary, status.st_mode & 07777U) != 0) {
-            return false;
+            return errno;
         }
     }
-    return ::ftruncate(temporary, 0) == 0 && writeAll(temporary, content) &&
-           ::fsync(temporary) == 0;
+    if (::ftruncate(temporary, 0) != 0) {
+        return errno;
+    }
+    const int error = writeAll(temporary, content);
+    return error == 0 && ::fsync(temporary) != 0 ? errno : error;
 }
 
-bool Replacement::writeInPlace(std::string_view content) {
-    if (!writeAll(inPlace, content)) {
-        return false;
+int Replacement::writeInPlace(std::string_view content) {
+    if (const int error = writeAll(inPlace, content)) {
+        return error;
     }
     const bool cut = ::ftruncate(inPlace, static_cast<off_t>(content.size())) == 0;
     const bool flushed = ::fsync(inPlace) == 0;
-    return (cut && flushed) || errno == EINVAL; // a device can be neither cut nor flushed
+    // A device can be neither cut nor flushed.
+    return (cut && flushed) || errno == EINVAL ? 0 : errno;
 }
 
-bool Replacement::replace(std::string_view content) {
+int Replacement::replace(std::string_view content) {
     if (temporary < 0) {
-        return inPlace >= 0 && writeInPlace(content);
+        return inPlace >= 0 ? writeInPlace(content) : openError;
     }
-    if (!finishTemporary(content)) {
-        return false;
+    if (const int error = finishTemporary(content)) {
+        return error;
     }
     if (::rename(temporaryName.c_str(), target.c_str()) == 0) {
         ::close(temporary);
         temporary = -1;
-        return true;
+        return 0;
     }
-    return isForbiddenHere(errno) && inPlace >= 0 && writeInPlace(content);
+    const int error = errno;
+    return needsWritingInPlace(error) && inPlace >= 0 ? writeInPlace(content) : error;
 }
 
-bool replaceFile(const std::string& path, std::string_view content) {
-    Replacement replacement(path);
-    return replacement.isOpen() && replacement.replace(content);
+int replaceFile(const std::string& path, std::string_view content) {
+    return Replacement(path).replace(content);
 }
 
 } // namespace morvek

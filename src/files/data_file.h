@@ -46,23 +46,24 @@ public:
     // Whether the file can be written.
     [[nodiscard]] bool isOpen() const { return temporary >= 0 || inPlace >= 0; }
 
-    // Replaces the content; on false the old content stands as it was (unless it had to be
-    // written in place).
-    bool replace(std::string_view content);
+    // Replaces the content. Returns 0, or the errno of what failed: then the old content stands as
+    // it was, unless it had to be written in place.
+    int replace(std::string_view content);
 
 private:
     std::string target;        // what the path leads to, links followed
     std::string temporaryName; // beside it
     int temporary = -1;        // the temporary file, once it is open
-    int inPlace = -1;          // the file itself, when there is no temporary one
+    int inPlace = -1;          // the file itself, if there is one
+    int openError = 0;
 
     void openTemporary();
     void closeInPlace();
-    bool finishTemporary(std::string_view content);
-    bool writeInPlace(std::string_view content);
+    int finishTemporary(std::string_view content);
+    int writeInPlace(std::string_view content);
 };
 
-// Opens and replaces in one step; false when the file cannot be written.
-bool replaceFile(const std::string& path, std::string_view content);
+// Opens and replaces in one step. Returns 0, or the errno of what failed.
+int replaceFile(const std::string& path, std::string_view content);
 
 } // namespace morvek

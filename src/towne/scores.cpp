@@ -68,7 +68,7 @@ void startScores(Replacement& file) {
     game.scores.entry.name = game.player.name;
     game.scores.entry.className = game.player.className;
     game.scores.table.front() = game.scores.entry;
-    if (!file.replace(scoreLine(game.scores.entry))) {
+    if (file.replace(scoreLine(game.scores.entry)) != 0) {
         complain();
     }
 }
@@ -79,7 +79,7 @@ void enterScore(Replacement& file) {
     if (hasPlace) {
         insertAt(place);
     }
-    if (!file.replace(fileText(hasPlace))) {
+    if (file.replace(fileText(hasPlace)) != 0) {
         complain();
     }
 }

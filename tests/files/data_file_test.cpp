@@ -6,10 +6,10 @@
 using DataFile = InTemporaryDirectory;
 
 TEST_F(DataFile, IsReplacedByAnotherFileAndKeepsItsMode) {
-    EXPECT_TRUE(replaceFile("data", "first"));
+    EXPECT_EQ(replaceFile("data", "first"), 0);
     fs::create_hard_link("data", "kept"); // the old content lives on under its other name
     ASSERT_EQ(::chmod("data", 0640), 0);
-    EXPECT_TRUE(replaceFile("data", "second"));
+    EXPECT_EQ(replaceFile("data", "second"), 0);
     EXPECT_EQ(readFile("data"), "second");
     EXPECT_EQ(readFile("kept"), "first");
     EXPECT_EQ(fs::status("data").permissions(), fs::perms{0640});
@@ -20,32 +20,32 @@ TEST_F(DataFile, ALinkIsFollowedAlsoToAFileNotThereYet) {
     fs::create_symlink("deep/two", "store/one");
     fs::create_symlink("store/one", "data");
     for (const char* content : {"through both", "again"}) {
-        EXPECT_TRUE(replaceFile("data", content));
+        EXPECT_EQ(replaceFile("data", content), 0);
         EXPECT_EQ(readFile("store/deep/two"), content);
     }
     EXPECT_TRUE(fs::is_symlink("data"));
     fs::create_symlink("circle", "circle");
-    EXPECT_FALSE(replaceFile("circle", "never"));
+    EXPECT_EQ(replaceFile("circle", "never"), ELOOP);
 }
 
 TEST_F(DataFile, WhereNoTemporaryFileCanBeTheFileIsWrittenInPlace) {
     writeFile("data", "a longer content", 0666);
     ASSERT_EQ(::chmod(".", 0555), 0);
     const AsNobody nobody;
-    EXPECT_TRUE(replaceFile("data", "short"));
+    EXPECT_EQ(replaceFile("data", "short"), 0);
     EXPECT_EQ(readFile("data"), "short");
-    EXPECT_FALSE(replaceFile("other", "nothing"));
+    EXPECT_EQ(replaceFile("other", "nothing"), EACCES);
 }
 
 TEST_F(DataFile, WhatCannotBeWrittenIsLeftAlone) {
     fs::create_directory("directory");
     ASSERT_EQ(::mkfifo("pipe", 0666), 0);
     EXPECT_TRUE(readWhole("pipe")->empty());
-    for (const char* path : {"directory", "nowhere/data", "pipe"}) {
-        EXPECT_FALSE(replaceFile(path, "nothing")) << path; // nor waits for a reader of the pipe
-    }
+    EXPECT_EQ(replaceFile("directory", "nothing"), EISDIR);
+    EXPECT_EQ(replaceFile("nowhere/data", "nothing"), ENOENT);
+    EXPECT_EQ(replaceFile("pipe", "nothing"), ENXIO) << "does not wait for a reader";
     writeFile("readonly", "kept", 0444);
     const AsNobody nobody;
-    EXPECT_FALSE(replaceFile("readonly", "nothing")) << "though the directory could be written";
+    EXPECT_EQ(replaceFile("readonly", "nothing"), EACCES) << "the directory could be written";
     EXPECT_EQ(readFile("readonly"), "kept");
 }

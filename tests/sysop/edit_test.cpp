@@ -50,7 +50,7 @@ TEST_F(Edit, WhatDoesNotFitOrCannotBeBackedUpChangesNothing) {
     EXPECT_EQ(backups(), 0);
     writeFile("backup", "in the way");
     for (const char* line : {"set 1 gold 1", "remove 1", "reset"}) {
-        EXPECT_THAT(told(line), HasSubstr("no backup, and nothing was changed"));
+        EXPECT_THAT(told(line), HasSubstr("(Not a directory): no backup, and nothing was changed"));
     }
     EXPECT_TRUE(isUnchanged());
 }
