@@ -2,6 +2,7 @@
 #include "fuzz.h"
 
 #include <cstdio>
+#include <vector>
 
 #include <unistd.h>
 
@@ -18,16 +19,19 @@ const Folder& workFolder() {
 } // namespace fuzz
 
 #ifdef MORVEK_REPLAY
-// Where there is no fuzzer each file of a corpus goes through the target once.
-int main(int, char* argv[]) {
-    int count = 0;
-    for (const auto& entry :
-         std::filesystem::directory_iterator(std::filesystem::canonical(argv[1]))) {
-        fuzz::FUZZED(readFile(entry.path()));
-        ++count;
+// Where there is no fuzzer each file of the given directories goes through the target once.
+int main(int argc, char* argv[]) {
+    std::vector<std::string> inputs; // before a target changes the directory
+    for (int i = 1; i < argc; ++i) {
+        for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
+            inputs.push_back(readFile(entry.path()));
+        }
     }
-    std::printf("%d inputs\n", count);
-    return count > 0 ? 0 : 1;
+    for (const std::string& input : inputs) {
+        fuzz::FUZZED(input);
+    }
+    std::printf("%zu inputs\n", inputs.size());
+    return inputs.empty() ? 1 : 0;
 }
 #else
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
