@@ -15,6 +15,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime> // on 32-bit processors it gives time() another name
 
 #include <dlfcn.h>
 #include <fcntl.h>

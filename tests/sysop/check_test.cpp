@@ -24,7 +24,7 @@ TEST_F(Check, NamesRecordAndFieldOfEachFault) {
         std::size_t read = 0;
         const std::size_t at = std::stoul(row, &read);
         const std::string rest = row.substr(read + 1);
-        const auto forged = static_cast<std::uint32_t>(std::stol(rest, &read, 0));
+        const auto forged = static_cast<std::uint32_t>(std::stoll(rest, &read, 0));
         PlayerRecord wrong = character("Bob", "Bjorn");
         std::memcpy(reinterpret_cast<char*>(&wrong) + at, &forged, sizeof forged);
         save({character("Alice", "Arwen"), wrong});
