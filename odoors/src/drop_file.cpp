@@ -271,7 +271,7 @@ std::optional<std::string> findInDirectory(const std::string& directory, const K
             name.replace(star, 1, std::to_string(number));
         }
         if (kind.sought && !found) {
-            found = findFile(directory + '/' + name);
+            found = findFile((directory + '/').append(name));
         }
     }
     return found;
