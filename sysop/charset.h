@@ -1,26 +1,21 @@
 // The game's texts are CP437; the operator's terminal, web pages and JSON are UTF-8.
 #pragma once
 
-#include <optional>
+#include "text/characters.h"
+
 #include <string>
 #include <string_view>
 
 namespace morvek {
 
-// Whether a terminal would obey the byte instead of showing it.
-bool isControl(char byte);
-
-// The text without its control bytes.
-std::string withoutControls(std::string_view cp437);
+using text::isControl;
+using text::withoutControls;
 
 // The text in UTF-8, without its control bytes.
 std::string toUtf8(std::string_view cp437);
 
 // The same between quotes.
 std::string inQuotes(std::string_view cp437);
-
-// The text in CP437; nothing when it is not UTF-8, or holds a character that CP437 has not.
-std::optional<std::string> toCp437(std::string_view utf8);
 
 // The text in UTF-8, filled up with blanks to that many columns and never cut.
 std::string column(std::string_view cp437, std::size_t width);

@@ -10,6 +10,7 @@
 #include "sysop/charset.h"
 #include "sysop/failure.h"
 #include "sysop/game_directory.h"
+#include "text/cp437.h"
 
 #include <algorithm>
 #include <array>
@@ -140,7 +141,7 @@ std::optional<std::string> complaintAboutText(const Field& field, const PlayerRe
 }
 
 void setText(const Field& field, PlayerRecord& slot, std::string_view typed) {
-    const std::optional<std::string> value = toCp437(typed);
+    const std::optional<std::string> value = text::toCp437(typed);
     if (!value) {
         throw Misuse(std::string(field.name) +
                      ": the game's character set (CP437) cannot write \"" + std::string(typed) +

@@ -4,6 +4,7 @@
 #include "sysop/charset.h"
 #include "sysop/failure.h"
 #include "sysop/game_directory.h"
+#include "text/cp437.h"
 
 #include <algorithm>
 #include <cstring>
@@ -45,7 +46,7 @@ fs::path findMenus(const NewGame& wanted) {
 }
 
 std::string configurationOf(const NewGame& wanted) {
-    const std::optional<std::string> board = toCp437(wanted.board);
+    const std::optional<std::string> board = text::toCp437(wanted.board);
     if (!board || std::any_of(board->begin(), board->end(), isControl)) {
         throw Misuse("the board's name holds what the game's character set (CP437) cannot write");
     }

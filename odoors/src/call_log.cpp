@@ -15,6 +15,7 @@
 #include "clock.h"
 #include "startup_error.h"
 #include "text.h"
+#include "text/cp437.h"
 
 namespace odoors {
 
@@ -38,7 +39,7 @@ std::string localDate() {
 
 std::string plainUtf8(std::string_view cp437) {
     std::string text;
-    appendAsUtf8(text, cp437);
+    text::appendAsUtf8(text, cp437);
     std::erase_if(text, isControl);
     return text;
 }
@@ -90,7 +91,8 @@ void logEnd(std::string_view how) {
 }
 
 void logStartupError(std::string_view reason) {
-    logEnd(std::string(startupFailed.words) + ": " + plainUtf8(cp437FromUtf8(reason)));
+    logEnd(std::string(startupFailed.words) + ": " +
+           plainUtf8(text::toCp437(reason).value_or(std::string(reason))));
 }
 
 } // namespace odoors

@@ -9,6 +9,7 @@
 
 #include "clock.h"
 #include "startup_error.h"
+#include "text/cp437.h"
 
 namespace odoors {
 
@@ -83,7 +84,7 @@ std::string nameOf(const Options& options, const std::optional<DropFile>& file, 
         const std::string name = options.userName ? *options.userName
                                  : options.handle ? std::string()
                                                   : loginName();
-        return charset == Charset::utf8 ? cp437FromUtf8(name) : name;
+        return charset == Charset::utf8 ? text::toCp437(name).value_or(name) : name;
     }
     const std::string& first = options.realName ? file->realName : file->alias;
     const std::string& second = options.realName ? file->alias : file->realName;

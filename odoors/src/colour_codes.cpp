@@ -30,7 +30,7 @@ constexpr std::array<ColourName, 10> colourNames{{{"black", 0},
 constexpr std::string_view ansiDigits = "04261537";
 
 std::optional<int> colourNumber(std::string_view word) {
-    const char first = word.empty() ? '\0' : lowered(word.front());
+    const char first = word.empty() ? '\0' : toLower(word.front());
     for (const ColourName& name : colourNames) {
         if (name.word.front() == first && sameLetters(name.word, word)) {
             return name.number;

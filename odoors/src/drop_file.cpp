@@ -14,6 +14,7 @@
 #include "files.h"
 #include "startup_error.h"
 #include "text.h"
+#include "text/cp437.h"
 
 namespace odoors {
 
@@ -226,7 +227,7 @@ void readBbsdev(const Lines& lines, DropFile& file) {
     }
     file.route = *route;
     file.socket = *route == Route::socket ? lines.smallNumber(3) : -1;
-    file.alias = cp437FromUtf8(lines.text(4));
+    file.alias = text::toCp437(lines.text(4)).value_or(lines.text(4));
     file.ansi = lookUp(answers, lines.text(8));
     file.secondsLeft = end ? *end - calendarSecond() : unlimited;
     file.charset = lookUp(charsets, lines.text(12));

@@ -83,11 +83,12 @@ void KeyDecoder::feedText(char byte) {
 }
 
 void KeyDecoder::feedUtf8(char byte) {
-    const Utf8Reader::Step step = utf8_.take(byte);
-    if (step == Utf8Reader::Step::more) {
+    using Step = text::Utf8Reader::Step;
+    const Step step = utf8_.read(byte);
+    if (step == Step::more) {
         return;
     }
-    const char key = step == Utf8Reader::Step::character ? cp437Byte(utf8_.character()) : '\0';
+    const char key = step == Step::character ? text::cp437Byte(utf8_.character()) : '\0';
     keys_.push_back(key != 0 ? key : otherKey);
 }
 

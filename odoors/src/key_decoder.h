@@ -19,6 +19,7 @@
 #include <string_view>
 
 #include "charset.h"
+#include "text/cp437.h"
 
 namespace odoors {
 
@@ -65,7 +66,7 @@ private:
 
     std::deque<char> keys_;
     Charset charset_ = Charset::cp437;
-    Utf8Reader utf8_;
+    text::Utf8Reader utf8_;
     State state_ = State::text;
     std::string sequence_; // the bytes after the escape
     bool reportExpected_ = false;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "text.h"
+#include "text/cp437.h"
 
 namespace odoors {
 
@@ -105,7 +106,7 @@ void Output::sendAttribute() {
 
 void Output::put(std::string_view bytes) {
     if (charset_ == Charset::utf8) {
-        appendAsUtf8(bytes_, bytes);
+        text::appendAsUtf8(bytes_, bytes);
     } else {
         bytes_ += bytes;
     }

@@ -18,10 +18,6 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
     return text;
 }
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 std::optional<std::int64_t> readNumber(std::string_view text) {
     text = withoutTrailingBlanks(text);
     while (!text.empty() && text.front() == ' ') {

@@ -1,6 +1,7 @@
 #include "screen/screen.h"
 
 #include "OpenDoor.h"
+#include "text/characters.h"
 
 #include <algorithm>
 #include <array>
@@ -12,10 +13,6 @@
 
 namespace morvek {
 namespace {
-
-bool isControl(char byte) {
-    return static_cast<unsigned char>(byte) < ' ' || byte == 127;
-}
 
 void display(std::string_view text) {
     od_disp(text.data(), static_cast<int>(text.size()), 1);
@@ -36,7 +33,7 @@ std::string_view userName() {
 }
 
 void tidyUserName(std::size_t longest) {
-    const std::string tidy = withoutControls(userName()).substr(0, longest);
+    const std::string tidy = text::withoutControls(userName()).substr(0, longest);
     od_control.user_name[tidy.copy(od_control.user_name, sizeof od_control.user_name - 1)] = '\0';
 }
 
@@ -65,14 +62,8 @@ void say(const char* format, ...) {
     od_printf("%s", whole.c_str());
 }
 
-std::string withoutControls(std::string_view text) {
-    std::string kept(text);
-    std::erase_if(kept, isControl);
-    return kept;
-}
-
 void show(std::string_view value) {
-    display(withoutControls(value));
+    display(text::withoutControls(value));
 }
 
 void show(std::int32_t value) {
@@ -81,7 +72,7 @@ void show(std::int32_t value) {
 
 void showPiece(std::string_view piece) {
     std::string shown(piece.starts_with('\r') ? "\r" : "");
-    shown.append(withoutControls(piece)).append(piece.ends_with('\n') ? "\n" : "");
+    shown.append(text::withoutControls(piece)).append(piece.ends_with('\n') ? "\n" : "");
     display(shown);
 }
 

@@ -31,9 +31,6 @@ int remainingMinutes();
 // Says a text: formatted as printf does, colour codes obeyed, also those that an argument brings.
 [[gnu::format(printf, 1, 2)]] void say(const char* format, ...);
 
-// The text without its control bytes: what of a stored text may be said.
-std::string withoutControls(std::string_view text);
-
 // Shows a value as it is, but for control bytes: a backquote is a backquote.
 void show(std::string_view value);
 void show(std::int32_t value);

@@ -14,6 +14,7 @@
 #include "files/scroll_file.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
+#include "text/characters.h"
 
 #include <algorithm>
 #include <string>
@@ -36,7 +37,7 @@ void createMissingFile() {
 }
 
 std::string shown(const std::string& text) {
-    return withoutControls(text.substr(0, longestShown));
+    return text::withoutControls(text.substr(0, longestShown));
 }
 
 // The texts are other callers': never a format, though the colour codes in them take effect.

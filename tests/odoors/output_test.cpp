@@ -70,21 +70,6 @@ TEST_F(OutputTest, PadsToColumnWithoutAnsiGraphics) {
     EXPECT_EQ(output.drain(), "\r\x1b[1;31mabc\x1b[0m\t \f  ");
 }
 
-TEST(CharsetTest, EveryByteGoesToUtf8AndBack) {
-    std::string text;
-    for (int code = 1; code < 256; ++code) {
-        const std::string byte(1, static_cast<char>(code));
-        std::string character;
-        appendAsUtf8(character, byte);
-        EXPECT_EQ(cp437FromUtf8(character), byte);
-        text += code % 17 == 0 ? character : "";
-    }
-    EXPECT_EQ(text, "\x11\"3DUfwêÖ¬╗╠▌ε\u00a0");
-    for (const char* foreign : {"Bj\x94rn", "\xe4\xbd\xa0", "a\xc3", "\xc0\x80", "\xe0\x82\x82"}) {
-        EXPECT_EQ(cp437FromUtf8(foreign), foreign);
-    }
-}
-
 TEST(Printf, FormatsTextsOfAnyLength) {
     for (const std::size_t length : {0U, 1023U, 1024U, 100000U}) {
         const std::string filler(length, 'x');
