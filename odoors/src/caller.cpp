@@ -124,8 +124,7 @@ const Streams& standardStreams() {
     return streams;
 }
 
-Caller findCaller(const Options& options) {
-    const Streams& streams = standardStreams();
+Caller findCaller(const Options& options, const Streams& streams) {
     return resolveCaller(options, findDropFile(options, streams), streams);
 }
 

@@ -38,7 +38,7 @@ const Streams& standardStreams();
 // The caller of this call, by the drop file that the options ask for, else the environment, else
 // the start directory. Throws a StartupError when there is no drop file where there has to be one,
 // when it is malformed, or when there is no way to reach the caller.
-Caller findCaller(const Options& options);
+Caller findCaller(const Options& options, const Streams& streams);
 
 // The caller whom these tell of. Throws a StartupError when there is no way to reach him.
 Caller resolveCaller(const Options& options, const std::optional<DropFile>& file,

@@ -69,7 +69,7 @@ void openLog() {
 }
 
 void openSession() {
-    const odoors::Caller caller = odoors::findCaller(options);
+    const odoors::Caller caller = odoors::findCaller(options, odoors::standardStreams());
     odoors::setLoggedCaller(caller.node, caller.name);
     std::snprintf(od_control.user_name, sizeof od_control.user_name, "%s", caller.name.c_str());
     od_control.od_node = caller.node;

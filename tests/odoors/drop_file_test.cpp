@@ -73,7 +73,9 @@ struct DropFileSearch : testing::Test {
         EXPECT_EQ(chdir("/"), 0);
     }
 
-    static Caller callerOf(const Arguments& arguments) { return findCaller(optionsOf(arguments)); }
+    static Caller callerOf(const Arguments& arguments) {
+        return findCaller(optionsOf(arguments), {});
+    }
     static std::string nameOf(const Arguments& arguments) { return callerOf(arguments).name; }
 
     Folder folder;
