@@ -12,7 +12,7 @@
 namespace morvek {
 namespace {
 
-constexpr int longestTypedName = 50;
+constexpr int maxNameLength = 50;
 
 struct CharacterClass {
     char key;
@@ -35,7 +35,7 @@ constexpr std::array<CharacterClass, 8> classes{{
 std::string askName() {
     say("\n\r");
     say("`red`Character Name`bright red`: `bright white`");
-    return askLine(longestTypedName, 0, 127);
+    return askLine(maxNameLength, 0, 127);
 }
 
 void refuseName() {

@@ -20,7 +20,7 @@ namespace morvek {
 namespace {
 
 std::string_view name() {
-    return opponentName(longestNameInArena);
+    return opponentName(maxNameInArena);
 }
 
 Blow drawPlayerBlow() {
@@ -49,7 +49,7 @@ void drawArena() {
     show(game.player.maxHitPoints);
     say("\n\r");
     say("`red`");
-    show(opponentName(longestNameInFight));
+    show(opponentName(maxNameInFight));
     say("'s HP`bright red`: `bright white`");
     show(monster.hitPoints);
     say("`red`\\`bright white`");

@@ -111,7 +111,7 @@ constexpr std::array<KindRow, monsterKindCount> bestiary{{
 }};
 // clang-format on
 
-constexpr bool everyKindHasItsRow() {
+constexpr bool rowsAreInOrder() {
     for (std::size_t at = 0; at < bestiary.size(); ++at) {
         if (bestiary[at].kind != static_cast<MonsterKind>(at)) {
             return false;
@@ -120,7 +120,7 @@ constexpr bool everyKindHasItsRow() {
     return true;
 }
 
-static_assert(everyKindHasItsRow());
+static_assert(rowsAreInOrder());
 static_assert(std::ranges::all_of(bestiary,
                                   [](const KindRow& row) { return *row.name.text() != '\0'; }));
 

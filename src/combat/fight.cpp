@@ -71,7 +71,7 @@ PlayerBlow drawPlayerBlow() {
 }
 
 std::string_view name() {
-    return opponentName(longestNameInFight);
+    return opponentName(maxNameInFight);
 }
 
 void sayHitPoints() {
@@ -134,7 +134,7 @@ void killMonster() {
     }
 }
 
-void payTurn() {
+void spendTurn() {
     if (game.encounter.monsterCount > 0) {
         return;
     }
@@ -150,7 +150,7 @@ void payTurn() {
     }
 }
 
-void wearArmour() {
+void applyArmour() {
     std::int32_t& damage = game.encounter.monster.damage;
     std::int32_t& armour = game.player.armourValue;
     if (damage > armour) {
@@ -233,11 +233,11 @@ void playerAttack() {
     } else {
         say("\n\r`red`You Missed!\n\r\n\r");
     }
-    payTurn();
+    spendTurn();
 }
 
 void monsterAttack() {
-    wearArmour();
+    applyArmour();
     const Blow blow = drawOpponentBlow();
     if (!blow.hits) {
         sayOpponentMissed(name());

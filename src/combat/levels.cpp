@@ -79,10 +79,47 @@ void rise() {
     waitForKey();
 }
 
+constexpr std::int32_t highestLevel = 30;
+
+void refuseTooWeak(std::int32_t need) {
+    say("\n\r\n\r");
+    say("`red`You're too weak to train!\n\r\n\r");
+    say("`red`You need `bright white`");
+    show(wrappingSubtract(need, game.player.experience));
+    say(" `red`more experience.\n\r\n\r");
+    pressAnyKey();
+    game.session.inTraining = 0;
+}
+
+void refuseHighestLevel() {
+    say("\n\r\n\r");
+    say("`red`You've reached the highest level.\n\r\n\r");
+    pressAnyKey();
+}
+
 } // namespace
 
 std::int32_t experienceToRise(std::int32_t level) {
     return needs[static_cast<std::size_t>(lastLevelWithNeed - level)];
+}
+
+bool levelHasTrainer() {
+    return game.player.level >= firstLevel && game.player.level <= lastLevelWithNeed;
+}
+
+bool admittedToTraining() {
+    if (game.player.level == highestLevel) {
+        refuseHighestLevel();
+    }
+    if (!levelHasTrainer()) {
+        return false;
+    }
+    const std::int32_t need = experienceToRise(game.player.level);
+    if (game.player.experience < need) {
+        refuseTooWeak(need);
+        return false;
+    }
+    return true;
 }
 
 void levelUp() {

@@ -1,4 +1,4 @@
-// Levels and the experience that they need.
+// Levels, the experience that they need, and who may train.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,14 @@ constexpr std::int32_t lastLevelWithNeed = 29;
 
 // All the experience needed to rise from that level, 1 to 29, to the next.
 std::int32_t experienceToRise(std::int32_t level);
+
+// Whether the player's level has a trainer: levels 1 to 29 do.
+bool levelHasTrainer();
+
+// Whether the player has the experience that his level needs to rise. One who has not is told what
+// he lacks, or that there is nothing above level 30; one whose level is no level reads nothing.
+// Only who lacks experience has his `inTraining` cleared.
+bool admittedToTraining();
 
 // Raises the player by a level, with his gains, and shows them. From level 7 on nobody rises; a
 // player there, or now there, reads that future levels are to come.

@@ -13,8 +13,8 @@ constexpr std::int32_t playerStrikesFirst = 0;
 constexpr std::int32_t opponentStrikesFirst = 1;
 
 // The longest names that the screens of a fight, and the arena's own lines, have room for.
-constexpr std::size_t longestNameInFight = 29;
-constexpr std::size_t longestNameInArena = 9;
+constexpr std::size_t maxNameInFight = 29;
+constexpr std::size_t maxNameInArena = 9;
 
 // A blow as chance decided it: whether it lands, and how much it takes when it does.
 struct Blow {

@@ -12,7 +12,6 @@
 
 #include "combat/trainer_fight.h"
 
-#include "combat/admission.h"
 #include "combat/arena.h"
 #include "combat/fight.h"
 #include "combat/levels.h"
@@ -37,7 +36,7 @@ bool opponentStands() {
 
 void sayEncounter() {
     const Monster& monster = game.encounter.monster;
-    const std::string_view name = opponentName(longestNameInFight);
+    const std::string_view name = opponentName(maxNameInFight);
     say("`red`You've encountered the `bright white`");
     show(name);
     // The full stop stands inside the colour's backquotes.

@@ -1,7 +1,6 @@
 #include "combat/training_hall.h"
 
-#include "combat/admission.h"
-#include "combat/question_trainer.h"
+#include "combat/levels.h"
 #include "combat/trainer_fight.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
@@ -18,6 +17,17 @@ void drawHall() {
     say("`red`R`bright red`)`bright white`eturn to Towne\n\r");
 }
 
+void challengeTrainer() {
+    turnAnsiOn();
+    say("`bright white`YES`bright white`!");
+    if (admittedToTraining()) {
+        say("\n\r\n\r");
+        say("`red`I'm ready whenever you are.\n\r\n\r");
+        pressAnyKey();
+        game.session.inTraining = 1;
+    }
+}
+
 void train() {
     if (admittedToTraining()) {
         game.session.inTraining = 1;
@@ -26,6 +36,20 @@ void train() {
 }
 
 } // namespace
+
+void questionTrainer() {
+    clearScreen();
+    say("`red`Question Trainer:\n\r\n\r");
+    say("So you think you've got bigger muscles than me? ");
+    say(" `red`(`bright red`Y`red`/`bright red`N`red`)`bright red`: ");
+    if (answer("YN") == 'Y') {
+        challengeTrainer();
+    } else {
+        say("NO!");
+        game.session.inTraining = 0;
+    }
+    say("\n\r\n\r");
+}
 
 void trainingHall() {
     game.session.inTraining = 0;

@@ -1,6 +1,5 @@
 #include "door/door_session.h"
 
-#include "door/configuration.h"
 #include "door/title_menu.h"
 #include "files/configuration_file.h"
 #include "screen/screen.h"
@@ -19,7 +18,7 @@ constexpr int brightWhite = 15;
 constexpr int black = 0;
 
 // The day of the call is the day it began, also when it passes midnight.
-void takeDateStamp() {
+void setDateStamp() {
     const std::time_t now = std::time(nullptr);
     std::array<char, 16> stamp{};
     if (const std::tm* local = std::localtime(&now)) {
@@ -46,9 +45,9 @@ int runDoor(int argc, char* argv[]) {
     }
     openSession();
     // A record holds no longer a name; whoever has one is known by its beginning everywhere.
-    tidyUserName(TextSlot::capacity);
+    sanitizeUserName(TextSlot::capacity);
     setColour(brightWhite, black);
-    takeDateStamp();
+    setDateStamp();
     setDisplayName();
     detectTerminal();
     clearAnsiOnly();

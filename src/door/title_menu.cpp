@@ -41,7 +41,7 @@ void showScores() {
     pressAnyKey();
 }
 
-// The player who comes in again is already in memory; only his name on the board is taken anew.
+// The player is already in memory; only the name that the board gives him is set again.
 void reenter() {
     game.session.entered = 0;
     game.session.newPlayer = 0;

@@ -29,4 +29,8 @@ struct Configuration {
 // The file's lines; nothing when one of the three is too long.
 std::optional<Configuration> parseConfiguration(std::string_view text);
 
+// Sets the session's host name and game directory from the file in the current directory; false
+// when one of its three lines is too long.
+bool readConfiguration();
+
 } // namespace morvek

@@ -20,7 +20,7 @@ constexpr int writeFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
 constexpr mode_t newFileMode = 0666;
 
 // Links followed before a chain of them counts as a circle.
-constexpr int longestChain = 40;
+constexpr int maxLinks = 40;
 
 class File {
 public:
@@ -88,7 +88,7 @@ std::string directoryOf(const std::string& path) {
 
 // Where the path leads when every link at its end is followed, also to a file not there yet.
 std::string followLinks(std::string path) {
-    for (int link = 0; link < longestChain; ++link) {
+    for (int link = 0; link < maxLinks; ++link) {
         std::array<char, PATH_MAX> text{};
         const ssize_t length = ::readlink(path.c_str(), text.data(), text.size());
         if (length <= 0) {

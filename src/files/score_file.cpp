@@ -27,8 +27,8 @@ void skipWhiteSpace(std::string_view& text) {
     text.remove_prefix(std::min(text.find_first_not_of(whiteSpace), text.size()));
 }
 
-// Takes one entry off the text; false when it cannot be read whole.
-bool takeEntry(std::string_view& text, ScoreEntry& entry) {
+// Reads one entry and removes it from the text; false when it cannot be read whole.
+bool parseEntry(std::string_view& text, ScoreEntry& entry) {
     const std::size_t mark = text.find('#');
     if (mark == std::string_view::npos) {
         return false;
@@ -94,7 +94,7 @@ std::int32_t parseScores(std::string_view text, std::span<ScoreEntry> table) {
     }
     std::int32_t count = 0;
     for (ScoreEntry& entry : table) {
-        if (text.empty() || !takeEntry(text, entry)) {
+        if (text.empty() || !parseEntry(text, entry)) {
             break;
         }
         ++count;

@@ -32,7 +32,7 @@ std::string_view userName() {
     return od_control.user_name;
 }
 
-void tidyUserName(std::size_t longest) {
+void sanitizeUserName(std::size_t longest) {
     const std::string tidy = text::withoutControls(userName()).substr(0, longest);
     od_control.user_name[tidy.copy(od_control.user_name, sizeof od_control.user_name - 1)] = '\0';
 }

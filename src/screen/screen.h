@@ -22,8 +22,8 @@ void turnAnsiOn();
 // The caller's name as the toolkit has it; may be empty.
 std::string_view userName();
 
-// Takes the control bytes out of the toolkit's own user name and cuts it to so many bytes.
-void tidyUserName(std::size_t longest);
+// Removes the control bytes from the toolkit's own user name and cuts it to so many bytes.
+void sanitizeUserName(std::size_t longest);
 
 // The whole minutes that the caller has left.
 int remainingMinutes();

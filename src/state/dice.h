@@ -1,6 +1,6 @@
 // The game's dice. All chance is the C library's rand(). The dice d2 to d12, 2d4 and 2d6 seed it
-// anew from the clock before each roll, so two rolls within one second fall alike; this is how
-// the game plays. Each routine leaves its result in game.encounter.lastRoll.
+// from the clock before each roll, so two rolls within one second are equal. Each routine leaves
+// its result in game.encounter.lastRoll.
 #pragma once
 
 #include <cstdint>

@@ -1,18 +1,7 @@
 // A stored character: 1500 bytes, the same in memory and in the character file. Integers are
 // 32-bit and little-endian, amounts of money IEEE-754 doubles, texts 24-byte slots.
 //
-//      0  version             136  experience          220  armourNumber
-//     24  bbsName             140  gold                224  armour
-//     48  slotIndex           148  bankGold            248  turnsLeft
-//     52  lastPlayedDay       156  experienceNeeded    252  turnsPerDay
-//     56  onlineFlag          160  hitPoints           256  unused
-//     60  ownerName           164  maxHitPoints        260  reservedCounter
-//     84  name                168  strength            264  inUse, one byte, then three zeros
-//    108  className           ...  five more abilities  268  currentLocation
-//    132  level               192  weaponNumber        272  worldState, 307 words
-//                             196  weapon
-//
-// The world state holds the words of world_words.h, running downwards:
+// `worldState` holds the words of world_words.h, running downwards; by the record's offsets:
 //
 //    272  W233..W205    388  unused        392  W204..W158    580  W310..W296
 //    640  W294..W281    696  unused        700  W280..W234    888  W156..W122

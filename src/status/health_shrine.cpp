@@ -20,7 +20,7 @@ namespace morvek {
 namespace {
 
 constexpr int goldPerPoint = 5;
-constexpr int longestAmount = 8;
+constexpr int maxAmountLength = 8;
 
 std::int32_t missingPoints() {
     return wrappingSubtract(game.player.maxHitPoints, game.player.hitPoints);
@@ -108,7 +108,7 @@ void healByPoints() {
     say("\n\r\n\r");
     say("`bright white`5`red` gold per point.\n\r");
     say("`red`Points to Heal`bright red`: `bright white`");
-    const std::string typed = askLine(longestAmount, 32, 127);
+    const std::string typed = askLine(maxAmountLength, 32, 127);
     const std::int32_t points = typedNumber(typed);
     if (points < 1 && points <= missingPoints()) {
         healAll();

@@ -9,10 +9,10 @@
 namespace morvek {
 namespace {
 
-constexpr std::size_t longestValue = 49;
+constexpr std::size_t maxValueLength = 49;
 
 void showValue(std::string_view value) {
-    show(value.substr(0, longestValue));
+    show(value.substr(0, maxValueLength));
 }
 
 void showValue(std::int32_t value) {

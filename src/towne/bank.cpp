@@ -17,7 +17,7 @@
 namespace morvek {
 namespace {
 
-constexpr int longestAmount = 8;
+constexpr int maxAmountLength = 8;
 
 struct Transfer {
     const char* question;
@@ -72,7 +72,7 @@ void sayInsufficient() {
 void move(const Transfer& transfer, std::string& field) {
     say("\n\r\n\r");
     say("%s", transfer.question);
-    field = askLine(longestAmount, 32, 127, field);
+    field = askLine(maxAmountLength, 32, 127, field);
     const std::int32_t amount = typedNumber(field);
     double& source = game.player.*transfer.source;
     if (amount >= 1 && source >= amount) {

@@ -54,7 +54,7 @@ void moveIn(std::int32_t price) {
     prepareScore();
     updateScores();
     clearPlayer();
-    forgetScores();
+    clearScores();
     say("`bright white`DONE`red`!\n\r\n\r");
     pressAnyKey();
     game.session.roomRented = 1;

@@ -11,7 +11,7 @@
 namespace morvek {
 namespace {
 
-constexpr std::size_t longestPiece = 49;
+constexpr std::size_t maxPieceLength = 49;
 constexpr std::string_view firstLine = "It's a new day!\n\r";
 
 std::string newsFileName() {
@@ -19,7 +19,7 @@ std::string newsFileName() {
 }
 
 // A file that is there but cannot be read keeps what it holds.
-void beginDay(const std::string& path) {
+void createNewsFile(const std::string& path) {
     if (!canRead(path)) {
         createWith(path, firstLine);
     }
@@ -28,20 +28,20 @@ void beginDay(const std::string& path) {
 std::size_t pieceLength(std::string_view text) {
     const std::size_t lineEnd = text.find('\n');
     const std::size_t line = lineEnd == std::string_view::npos ? text.size() : lineEnd + 1;
-    return std::min(line, longestPiece);
+    return std::min(line, maxPieceLength);
 }
 
 } // namespace
 
 void newsJoined() {
     const std::string path = newsFileName();
-    beginDay(path);
+    createNewsFile(path);
     appendTo(path, std::string(userName()) + " joined the game.\n\r");
 }
 
 void showNews() {
     const std::string path = newsFileName();
-    beginDay(path);
+    createNewsFile(path);
     const std::optional<std::string> news = readWhole(path);
     if (!news) {
         return;

@@ -20,7 +20,7 @@
 namespace morvek {
 namespace {
 
-constexpr int longestTypedNumber = 50;
+constexpr int maxNumberLength = 50;
 constexpr std::int32_t opponentInitiative = 4;
 constexpr std::int32_t opponentDamageSides = 8;
 
@@ -62,7 +62,7 @@ void setUpOpponent(const PlayerRecord& target) {
 
 bool attackAnotherPlayer() {
     say("\n\r`red`Enter player # to attack`bright red`: `bright white`");
-    const std::int32_t number = typedNumber(askLine(longestTypedNumber, 0, 127));
+    const std::int32_t number = typedNumber(askLine(maxNumberLength, 0, 127));
     const PlayerRecord* target = findTarget(number);
     if (target == nullptr) {
         refuse();

@@ -17,7 +17,7 @@
 namespace morvek {
 namespace {
 
-constexpr std::size_t longestShownName = 49;
+constexpr std::size_t maxShownNameLength = 49;
 constexpr int firstRow = 5;
 constexpr int scoreColumn = 29;
 constexpr int classColumn = 47;
@@ -64,7 +64,7 @@ std::string fileText(bool onceForThePlayer) {
     return text;
 }
 
-void startScores(Replacement& file) {
+void createScores(Replacement& file) {
     game.scores.entry.name = game.player.name;
     game.scores.entry.className = game.player.className;
     game.scores.table.front() = game.scores.entry;
@@ -73,7 +73,7 @@ void startScores(Replacement& file) {
     }
 }
 
-void enterScore(Replacement& file) {
+void insertScore(Replacement& file) {
     const std::size_t place = placeOf(game.scores.entry.score);
     const bool hasPlace = place < topTenSize;
     if (hasPlace) {
@@ -89,7 +89,7 @@ void drawEntry(const ScoreEntry& entry, int index) {
     show(index + 1);
     say("%s", index + 1 < static_cast<int>(topTenSize) ? "`bright red`. `bright white`   "
                                                        : "`bright red`. `bright white`  ");
-    show(std::string_view(entry.name).substr(0, longestShownName));
+    show(std::string_view(entry.name).substr(0, maxShownNameLength));
     say("   ");
     moveCursor(index + firstRow, scoreColumn);
     show(entry.score);
@@ -127,11 +127,11 @@ void updateScores() {
         return;
     }
     if (!isRead) {
-        startScores(file);
+        createScores(file);
         return;
     }
     say("\n\r");
-    enterScore(file);
+    insertScore(file);
 }
 
 void showTopTen() {
@@ -162,7 +162,7 @@ void drawTopTen(std::int32_t count) {
     replaceFile(ansiBulletinName, ansiBulletin(entries));
 }
 
-void forgetScores() {
+void clearScores() {
     game.scores.table.fill(ScoreEntry{});
 }
 

@@ -23,6 +23,6 @@ void drawTopTen(std::int32_t count);
 void prepareScore();
 
 // Empties all ten entries of the table in memory.
-void forgetScores();
+void clearScores();
 
 } // namespace morvek

@@ -22,8 +22,8 @@
 namespace morvek {
 namespace {
 
-constexpr int longestMessage = 49;
-constexpr std::size_t longestShown = 49;
+constexpr int maxMessageLength = 49;
+constexpr std::size_t maxShownLength = 49;
 
 void createMissingFile() {
     if (!isMissing(scrollFileName)) {
@@ -37,7 +37,7 @@ void createMissingFile() {
 }
 
 std::string shown(const std::string& text) {
-    return text::withoutControls(text.substr(0, longestShown));
+    return text::withoutControls(text.substr(0, maxShownLength));
 }
 
 // The texts are other callers': never a format, though the colour codes in them take effect.
@@ -93,7 +93,7 @@ void scrollBoard() {
 void writeScroll() {
     const ScrollFile file = ScrollFile::emptied();
     say("`bright red`Message`bright red`: `bright white`");
-    const std::string message = askLine(longestMessage, 0, 127);
+    const std::string message = askLine(maxMessageLength, 0, 127);
     say("\n\r");
     say("`red`Save message (`bright white`Y`red`/`bright white`N`red`)`bright red`: `bright "
         "white`");

@@ -58,7 +58,7 @@ void attackPlayer() {
 }
 
 // Who was sent back from inside the world resumes where he last left a place.
-void goOut() {
+void goToWorld() {
     if (game.player.turnsLeft <= 0) {
         say("\n\r\n\r`bright white`You are out of turns for today.\n\r");
         say("`red`Come back tomorrow...");
@@ -96,7 +96,7 @@ void status() {
     say("\n\r");
 }
 
-void enterScoreOfCall() {
+void recordScore() {
     if (game.player.experience <= 0 ||
         game.player.experience == game.session.sessionStartExperience) {
         return;
@@ -114,9 +114,9 @@ void quit() {
     say("`bright white`Quit!\n\r");
     game.session.inGame = 0;
     savePlayer();
-    enterScoreOfCall();
+    recordScore();
     clearPlayer();
-    forgetScores();
+    clearScores();
     say("\n\r");
     pressAnyKey();
 }
@@ -128,7 +128,7 @@ struct Choice {
 
 // "m" stands among the keys, but nothing is behind it.
 constexpr std::array<Choice, 11> choices{{
-    {'f', goOut},
+    {'f', goToWorld},
     {'h', [] { enter(healthShrine); }},
     {'w', [] { enter(weaponShop); }},
     {'a', [] { enter(armourShop); }},

@@ -90,8 +90,8 @@ enum class Group : std::uint8_t { rolled, kept };
 enum class HiddenKey : std::uint8_t {
     none,
     status, // always taken: another "y"
-    anew,   // taken by a visit's first menu while the group is active: gives the group up, shows
-            // the room anew, and then is another "y"
+    giveUp, // taken by a visit's first menu while the group is active: gives the group up,
+            // redraws the room, and then is another "y"
 };
 
 struct Oddities {
@@ -119,7 +119,7 @@ struct Room {
         return std::span(exits).first(exitCount);
     }
 
-    [[nodiscard]] constexpr bool takes(char key) const {
+    [[nodiscard]] constexpr bool hasKey(char key) const {
         return std::string_view(keys.text()).find(key) != std::string_view::npos;
     }
 

@@ -10,7 +10,7 @@
 namespace morvek {
 namespace {
 
-constexpr std::size_t longestName = 29;
+constexpr std::size_t maxNameLength = 29;
 
 void showGroup(const Room& room, std::string_view name) {
     const std::int32_t count = game.encounter.monsterCount;
@@ -40,7 +40,7 @@ void showEncounter(const Room& room) {
         return;
     }
     const Monster& monster = game.encounter.monster;
-    const std::string_view name = std::string_view(monster.name).substr(0, longestName);
+    const std::string_view name = std::string_view(monster.name).substr(0, maxNameLength);
     showGroup(room, name);
     say("`red`Your HP`bright red`: `bright white`");
     show(game.player.hitPoints);
@@ -65,7 +65,7 @@ void showDirections(const Room& room) {
     }
     say("\n\r");
     say("`red`H`bright red`)`bright white`ealing Shrine\n\r`red`");
-    if (room.takes('s')) {
+    if (room.hasKey('s')) {
         say("`red`S`bright red`)`bright white`earch Area\n\r`red");
     }
     say("`red`Y`bright red`)`bright white`our Status\n\r`red`");

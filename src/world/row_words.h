@@ -85,7 +85,7 @@ constexpr Inhabitants rotterOrBeetle{zombieRotter, fireBeetle};
 constexpr Oddities forestOne{
     .hiddenKey = HiddenKey::status, .announcedFlight = true, .strayColour = true};
 constexpr Oddities closedToArrivals{.closedToArrivals = true};
-constexpr Oddities castleGate{.hiddenKey = HiddenKey::anew};
+constexpr Oddities castleGate{.hiddenKey = HiddenKey::giveUp};
 constexpr Oddities morveksRoom{.morveksRoom = true};
 
 using Exits = std::initializer_list<Exit>;

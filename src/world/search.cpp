@@ -4,8 +4,8 @@
 // also when he is ambushed and nothing tells him.
 //
 // An ambush has the room's inhabitants set up whether or not the room is cleared. It stays pending
-// until its group is slain, in whatever room that is. The group it rolls is rolled anew when the
-// room is shown again.
+// until its group is slain, in whatever room that is. The group is rolled again when the room is
+// redrawn.
 
 #include "world/search.h"
 

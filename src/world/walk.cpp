@@ -7,19 +7,19 @@
 // While no monster lives, the movement menu asks where to go. An exit clears `monsterReady`, so
 // that the next room rolls a group of its own, and notes the location that is left: before the
 // next visit begins, after it has ended, or not at all, as the exit's row says. A search, the
-// shrine and the status screen each show the room anew.
+// shrine and the status screen each redraw the room.
 //
-// While monster and player live, the encounter menu asks for blows. A monster slain, the room is
-// shown anew, with the next of the group or with the directions. A level's room treats "y" as "f".
-// From the encounter menu a visit never goes back to the movement menu.
+// While monster and player live, the encounter menu asks for blows. When a monster is slain the
+// room is redrawn, with the next of the group or with the directions. A level's room treats "y" as
+// "f". From the encounter menu a visit never goes back to the movement menu.
 //
-// A move, and every showing anew, is a visit inside the present one; this goes on where it was
-// when the inner one has ended. Flight, death and the last turn end all visits, newest first; a
-// visit that showed the status screen goes home too once the inner one has ended. The first of
-// them that finds no turn left says that the player is exhausted.
+// A move or a redraw is a visit inside the present one, which goes on when the inner one has ended.
+// Flight, death and the last turn end all visits, newest first; a visit that showed the status
+// screen goes home once its inner visit has ended. The first that finds no turn left says that the
+// player is exhausted.
 //
-// A caller can take a million steps in a call, so the visits that wait for an inner one are kept
-// on a chain of small records, and not as calls on the machine's stack.
+// A caller can take a million steps in a call, so the waiting visits are a vector of small records
+// and not calls on the machine's stack.
 
 #include "world/walk.h"
 
@@ -44,8 +44,8 @@ enum class Stage : std::uint8_t {
     moving,    // at the movement menu
     trailing,  // back by an exit that leaves its trail late
     fighting,  // at the encounter menu
-    givenUp,   // back from the room shown anew after the group was given up
-    departing, // back from the last look at the room: now home
+    givenUp,   // back from the redraw after the group was given up
+    departing, // back from the last redraw: now home
     leaving,
     over,
 };
@@ -72,15 +72,15 @@ bool isDead() {
     return game.world.playerDead == 1;
 }
 
-// Each routine of a visit carries it on, sets its next stage, and answers with the room of the
-// visit to begin inside it, or with `nowhere`.
+// The routines below do a part of a visit and set its next stage. They return the room of a visit
+// to begin inside it, or `nowhere`.
 
-RoomNumber goOnTo(Visit& visit, Stage stage) {
+RoomNumber advance(Visit& visit, Stage stage) {
     visit.stage = stage;
     return nowhere;
 }
 
-RoomNumber showAnew(Visit& visit, Stage afterwards) {
+RoomNumber redraw(Visit& visit, Stage afterwards) {
     visit.stage = afterwards;
     return visit.room;
 }
@@ -102,8 +102,8 @@ void rollGroupOf(const Room& room) {
     }
 }
 
-// Whether the caller is offered the movement menu: in a room without inhabitants always.
-bool mayMove(const Room& room) {
+// A room without inhabitants always offers the movement menu.
+bool canMove(const Room& room) {
     return !monsterAlive() || !room.inhabitants.kind;
 }
 
@@ -114,7 +114,7 @@ RoomNumber arrive(Visit& visit, const Room& room) {
         rollGroupOf(room);
     }
     if (isDead() || isOutOfTurns()) {
-        return goOnTo(visit, Stage::over);
+        return advance(visit, Stage::over);
     }
     clearScreen();
     game.world.exhaustedShown = 0;
@@ -126,13 +126,13 @@ RoomNumber arrive(Visit& visit, const Room& room) {
         showFinding();
     }
     showEncounter(room);
-    if (mayMove(room) && !isLeavingWorld()) {
+    if (canMove(room) && !isLeavingWorld()) {
         showDirections(room);
     }
-    return goOnTo(visit, Stage::moving);
+    return advance(visit, Stage::moving);
 }
 
-void setOutForTowne(const Room& room) {
+void leaveForTowne(const Room& room) {
     game.world.leavingWorld = 1;
     game.encounter.monster.hitPoints = 0;
     if (room.level) {
@@ -147,8 +147,8 @@ void announceFlight(const Room& room) {
 }
 
 RoomNumber flee(Visit& visit, const Room& room) {
-    setOutForTowne(room);
-    return goOnTo(visit, Stage::leaving);
+    leaveForTowne(room);
+    return advance(visit, Stage::leaving);
 }
 
 RoomNumber searchArea(Visit& visit) {
@@ -159,18 +159,18 @@ RoomNumber searchArea(Visit& visit) {
         search();
         searched = 1;
     }
-    return showAnew(visit, Stage::moving);
+    return redraw(visit, Stage::moving);
 }
 
-RoomNumber goToShrine(Visit& visit) {
+RoomNumber visitShrine(Visit& visit) {
     healthShrine();
-    return showAnew(visit, Stage::moving);
+    return redraw(visit, Stage::moving);
 }
 
 RoomNumber takeExit(Visit& visit, const Exit& exit) {
     if (exit.passage == Passage::unfinished) {
         showUnderDevelopment();
-        return showAnew(visit, Stage::moving);
+        return redraw(visit, Stage::moving);
     }
     if (exit.passage == Passage::painted) {
         return nowhere;
@@ -184,21 +184,21 @@ RoomNumber takeExit(Visit& visit, const Exit& exit) {
 }
 
 RoomNumber move(Visit& visit, const Room& room) {
-    if (!mayMove(room)) {
-        return goOnTo(visit, Stage::fighting);
+    if (!canMove(room)) {
+        return advance(visit, Stage::fighting);
     }
     if (isLeavingWorld() || isOutOfTurns() || isDead()) {
-        return goOnTo(visit, Stage::leaving);
+        return advance(visit, Stage::leaving);
     }
     const char key = menu("areaone", room.keys.text());
     switch (key) {
     case 's':
         return searchArea(visit);
     case 'h':
-        return goToShrine(visit);
+        return visitShrine(visit);
     case 'y':
         showStatus();
-        return showAnew(visit, Stage::departing);
+        return redraw(visit, Stage::departing);
     case 'f':
         if (room.oddities.announcedFlight) {
             announceFlight(room);
@@ -209,12 +209,12 @@ RoomNumber move(Visit& visit, const Room& room) {
     }
 }
 
-RoomNumber lookAtStatus(Visit& visit) {
+RoomNumber showStatusThenLeave(Visit& visit) {
     if (isLeavingWorld()) {
-        return goOnTo(visit, Stage::departing);
+        return advance(visit, Stage::departing);
     }
     showStatus();
-    return showAnew(visit, Stage::departing);
+    return redraw(visit, Stage::departing);
 }
 
 RoomNumber strike(Visit& visit) {
@@ -224,41 +224,41 @@ RoomNumber strike(Visit& visit) {
     if (isLeavingWorld() || monsterAlive()) {
         return nowhere;
     }
-    return showAnew(visit, Stage::fighting);
+    return redraw(visit, Stage::fighting);
 }
 
-bool takesHiddenKey(const Visit& visit, const Room& room) {
+bool hasHiddenKey(const Visit& visit, const Room& room) {
     switch (room.oddities.hiddenKey) {
     case HiddenKey::none:
         return false;
     case HiddenKey::status:
         return true;
-    case HiddenKey::anew:
+    case HiddenKey::giveUp:
         return !visit.menuShown && game.encounter.groupActive == 1;
     }
     return false;
 }
 
-RoomNumber giveGroupUp(Visit& visit) {
+RoomNumber abandonGroup(Visit& visit) {
     game.encounter.groupActive = 0;
-    return showAnew(visit, Stage::givenUp);
+    return redraw(visit, Stage::givenUp);
 }
 
 RoomNumber fight(Visit& visit, const Room& room) {
     if (!monsterAlive() || game.player.hitPoints < 1 || isLeavingWorld() || isDead()) {
-        return goOnTo(visit, Stage::leaving);
+        return advance(visit, Stage::leaving);
     }
     showEncounterChoices(room);
-    const char* keys = takesHiddenKey(visit, room) ? "acyf" : "ayf";
+    const char* keys = hasHiddenKey(visit, room) ? "acyf" : "ayf";
     visit.menuShown = true;
     switch (menu("areaone", keys)) {
     case 'a':
         return strike(visit);
     case 'c':
-        return room.oddities.hiddenKey == HiddenKey::anew ? giveGroupUp(visit)
-                                                          : lookAtStatus(visit);
+        return room.oddities.hiddenKey == HiddenKey::giveUp ? abandonGroup(visit)
+                                                            : showStatusThenLeave(visit);
     case 'y':
-        return room.level ? flee(visit, room) : lookAtStatus(visit);
+        return room.level ? flee(visit, room) : showStatusThenLeave(visit);
     default:
         return flee(visit, room);
     }
@@ -269,26 +269,26 @@ RoomNumber leave(Visit& visit) {
         game.world.exhaustedShown = 1;
         showExhausted();
     }
-    return goOnTo(visit, Stage::over);
+    return advance(visit, Stage::over);
 }
 
-RoomNumber goOn(Visit& visit) {
+RoomNumber resumeVisit(Visit& visit) {
     const Room& room = roomAt(visit.room);
     switch (visit.stage) {
     case Stage::arriving:
         return arrive(visit, room);
     case Stage::trailing:
         game.world.previousLocation = game.world.currentLocation;
-        return goOnTo(visit, Stage::moving);
+        return advance(visit, Stage::moving);
     case Stage::moving:
         return move(visit, room);
     case Stage::givenUp:
-        return isDead() ? goOnTo(visit, Stage::leaving) : lookAtStatus(visit);
+        return isDead() ? advance(visit, Stage::leaving) : showStatusThenLeave(visit);
     case Stage::fighting:
         return fight(visit, room);
     case Stage::departing:
-        setOutForTowne(room);
-        return goOnTo(visit, Stage::leaving);
+        leaveForTowne(room);
+        return advance(visit, Stage::leaving);
     case Stage::leaving:
         return leave(visit);
     case Stage::over:
@@ -304,7 +304,7 @@ void walkFrom(RoomNumber first) {
     visits.push_back({first});
     while (!visits.empty()) {
         Visit& visit = visits.back();
-        const RoomNumber inner = goOn(visit);
+        const RoomNumber inner = resumeVisit(visit);
         if (inner != nowhere) {
             visits.push_back({inner});
         } else if (visit.stage == Stage::over) {

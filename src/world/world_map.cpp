@@ -213,7 +213,7 @@ constexpr std::array<Room, roomCount> rooms{{
     cavern(13, "4hyf", {w(12)}, {halflingSlinger}, Group::kept),
 }};
 
-constexpr bool everyRowStandsAtItsNumber() {
+constexpr bool rowsAreInOrder() {
     for (std::size_t i = 0; i < roomCount; ++i) {
         if (rooms[i].number != i + 1) {
             return false;
@@ -222,31 +222,31 @@ constexpr bool everyRowStandsAtItsNumber() {
     return true;
 }
 
-constexpr bool isRight(const Room& room, const Exit& exit) {
+constexpr bool isValid(const Room& room, const Exit& exit) {
     switch (exit.passage) {
     case Passage::open:
-        return room.takes(exit.key) && exit.sign != Sign::none && exit.to != nowhere &&
+        return room.hasKey(exit.key) && exit.sign != Sign::none && exit.to != nowhere &&
                exit.to <= roomCount;
     case Passage::painted:
     case Passage::unfinished:
-        return room.takes(exit.key) && exit.sign != Sign::none && exit.to == nowhere;
+        return room.hasKey(exit.key) && exit.sign != Sign::none && exit.to == nowhere;
     case Passage::sealed:
-        return !room.takes(exit.key) && exit.sign == Sign::none && exit.to != nowhere &&
+        return !room.hasKey(exit.key) && exit.sign == Sign::none && exit.to != nowhere &&
                exit.to <= roomCount;
     }
     return false;
 }
 
-constexpr bool everyExitIsRight() {
+constexpr bool exitsAreValid() {
     return std::all_of(rooms.begin(), rooms.end(), [](const Room& room) {
         const auto exits = room.exitList();
         return std::all_of(exits.begin(), exits.end(),
-                           [&](const Exit& exit) { return isRight(room, exit); });
+                           [&](const Exit& exit) { return isValid(room, exit); });
     });
 }
 
 // The movement menu's keys are the exits' and then those of the features.
-constexpr bool everyHotKeyDoesSomething() {
+constexpr bool hotKeysHaveActions() {
     return std::all_of(rooms.begin(), rooms.end(), [](const Room& room) {
         const std::string_view keys = room.keys.text();
         const std::string_view features = room.level ? "hyf" : "shyf";
@@ -257,7 +257,7 @@ constexpr bool everyHotKeyDoesSomething() {
     });
 }
 
-constexpr std::array<bool, roomCount + 1> reachedOnFoot() {
+constexpr std::array<bool, roomCount + 1> reachedRooms() {
     std::array<bool, roomCount + 1> reached{};
     reached[1] = true;
     for (bool grown = true; grown;) {
@@ -287,8 +287,8 @@ constexpr bool hasNoWayIn(const Room& room) {
            std::find(sealedOff.begin(), sealedOff.end(), room.number) != sealedOff.end();
 }
 
-constexpr bool everyOtherRoomIsReachedOnFoot() {
-    const auto reached = reachedOnFoot();
+constexpr bool otherRoomsAreReachable() {
+    const auto reached = reachedRooms();
     return std::all_of(rooms.begin(), rooms.end(),
                        [&](const Room& room) { return reached[room.number] != hasNoWayIn(room); });
 }
@@ -299,7 +299,7 @@ constexpr bool livesSomewhere(MonsterKind kind) {
     });
 }
 
-constexpr bool everyKindButTheBlackbladeLivesSomewhere() {
+constexpr bool kindsButBlackbladeHaveRooms() {
     for (std::size_t number = 0; number < monsterKindCount; ++number) {
         const auto kind = static_cast<MonsterKind>(number);
         if (livesSomewhere(kind) != (kind != goblinBlackblade)) {
@@ -309,11 +309,11 @@ constexpr bool everyKindButTheBlackbladeLivesSomewhere() {
     return true;
 }
 
-static_assert(everyRowStandsAtItsNumber());
-static_assert(everyExitIsRight());
-static_assert(everyHotKeyDoesSomething());
-static_assert(everyOtherRoomIsReachedOnFoot());
-static_assert(everyKindButTheBlackbladeLivesSomewhere());
+static_assert(rowsAreInOrder());
+static_assert(exitsAreValid());
+static_assert(hotKeysHaveActions());
+static_assert(otherRoomsAreReachable());
+static_assert(kindsButBlackbladeHaveRooms());
 
 } // namespace
 

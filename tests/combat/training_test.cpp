@@ -1,7 +1,6 @@
 // Levels, the training hall, its trainers and its questions.
 #include "combat/fighters.h"
 #include "combat/levels.h"
-#include "combat/question_trainer.h"
 #include "combat/trainer_fight.h"
 #include "combat/training_hall.h"
 

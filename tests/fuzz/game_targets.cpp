@@ -2,7 +2,6 @@
 #include "fuzz.h"
 
 #include "display_file.h"
-#include "door/configuration.h"
 #include "door/door_session.h"
 #include "door/title_menu.h"
 #include "files/configuration_file.h"
@@ -98,7 +97,7 @@ void play(const Call& call, const std::string& roster) {
         workFolder().write(rosterName, roster);
     }
     hold(call, [] {
-        tidyUserName(TextSlot::capacity);
+        sanitizeUserName(TextSlot::capacity);
         setDisplayName();
         detectTerminal();
         titleMenu();
