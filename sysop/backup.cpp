@@ -5,6 +5,7 @@
 #include "sysop/tar_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <ctime>
 #include <tuple>
@@ -65,6 +66,10 @@ std::vector<BackupName> backupsOf(const GameDirectory& home) {
 std::string newBackupFile(const GameDirectory& home) {
     std::error_code failed;
     fs::create_directories(backupDirectory(home), failed);
+    if (failed) {
+        throw Failure(backupDirectory(home).string() + " cannot be created: " + failed.message() +
+                      "; nothing was changed");
+    }
     BackupName name{localTime("%Y%m%d-%H%M%S"), 1};
     for (const BackupName& other : backupsOf(home)) {
         if (other.stamp == name.stamp) {
@@ -90,22 +95,22 @@ std::string findBackup(const GameDirectory& home, const std::string& named) {
             return path.string();
         }
     }
-    throw Failure(named + ": no such backup");
+    throw Failure(named + ": no such backup; `backup --list` lists them");
 }
 
 std::vector<ArchivedFile> readBackup(const std::string& path) {
     const std::optional<std::string> bytes = readWhole(path);
     if (!bytes) {
-        throw Failure(path + " cannot be read");
+        throw Failure(path + " cannot be read: " + std::strerror(errno));
     }
     std::optional<std::vector<ArchivedFile>> files = readTar(*bytes);
     if (!files) {
-        throw Failure(path + " is no whole backup; nothing was changed");
+        throw Failure(path + " is not a complete backup; nothing was changed");
     }
     for (const ArchivedFile& file : *files) {
         if (!isDataFileName(file.name)) {
-            throw Failure(path + " holds \"" + file.name +
-                          "\", which is no data file; nothing was changed");
+            throw Failure(path + " contains \"" + file.name +
+                          "\", which is not a data file; nothing was changed");
         }
     }
     return *files;
@@ -119,7 +124,7 @@ bool holds(const std::vector<ArchivedFile>& files, const std::string& name) {
 void removeData(const GameDirectory& home, const std::string& name) {
     std::error_code failed;
     if (!fs::remove(home.file(name), failed)) {
-        throw Failure(home.file(name) + " cannot be removed");
+        throw Failure(home.file(name) + " cannot be removed: " + failed.message());
     }
 }
 
@@ -143,7 +148,7 @@ std::string counted(std::size_t count, const std::string& what) {
 
 std::string makeBackup(const GameDirectory& home, const std::string& file) {
     if (!file.empty() && fs::exists(file)) {
-        throw Failure(file + " is there already, and a backup overwrites nothing");
+        throw Failure(file + " already exists");
     }
     std::vector<ArchivedFile> files;
     for (const std::string& name : dataFiles(home)) {
@@ -151,8 +156,8 @@ std::string makeBackup(const GameDirectory& home, const std::string& file) {
     }
     std::string path = file.empty() ? newBackupFile(home) : file;
     if (const int error = replaceFile(path, tarOf(files, std::time(nullptr)))) {
-        throw Failure(path + " cannot be written (" + std::strerror(error) +
-                      "): no backup, and nothing was changed");
+        throw Failure(path + " cannot be written: " + std::strerror(error) +
+                      "; nothing was changed");
     }
     if (file.empty()) {
         forgetOldest(home);

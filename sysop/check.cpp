@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cstring>
 #include <set>
 #include <span>
@@ -35,11 +36,11 @@ void checkConfigurationLine(std::size_t number, std::string_view line, Findings&
     } else if (line.ends_with('\r')) {
         findings.push_back({number == configurationLines ? Severity::error : Severity::warning,
                             configurationFileName, place, "",
-                            "ends in a carriage return, which the game takes as part of it: write "
-                            "the file with line feeds alone"});
+                            "ends in a carriage return, which the game reads as part of it: use "
+                            "line feeds only"});
     } else if (holdsControls(line)) {
         findings.push_back(
-            {Severity::warning, configurationFileName, place, "", "holds a control byte"});
+            {Severity::warning, configurationFileName, place, "", "contains a control byte"});
     }
 }
 
@@ -48,12 +49,12 @@ void checkGameDirectory(const GameDirectory& home, Findings& findings) {
     std::error_code ignored;
     if (led.empty()) {
         findings.push_back({Severity::warning, configurationFileName, "line 3", "",
-                            "is empty: the game lives in the directory it is started in"});
+                            "is empty: the game uses the directory that it is started in"});
     } else if (!led.ends_with('\r') && !fs::is_directory(home.start / led, ignored)) {
         findings.push_back({Severity::error, configurationFileName, "line 3", "",
-                            "leads to " + inQuotes(led) +
-                                ", which is no directory: the game lives "
-                                "where it is started"});
+                            "is " + inQuotes(led) +
+                                ", which is not a directory: the game uses the directory that it "
+                                "is started in"});
     }
 }
 
@@ -62,34 +63,32 @@ void checkGameDirectory(const GameDirectory& home, Findings& findings) {
 void checkBoardText(const TextSlot& cell, const std::string& place, const char* field,
                     std::size_t longest, Findings& findings) {
     if (cell.length > longest) {
-        findings.push_back(
-            {Severity::error, scrollFileName, place, field,
-             "has the length " + std::to_string(cell.length) + ", and nobody can type so much"});
+        findings.push_back({Severity::error, scrollFileName, place, field,
+                            "has the length " + std::to_string(cell.length) + "; must be at most " +
+                                std::to_string(longest)});
     } else if (cell.length > TextSlot::capacity) {
         findings.push_back({Severity::note, scrollFileName, place, field,
                             "had " + std::to_string(cell.length) +
-                                " characters, which only its own call could show"});
+                                " characters; the file keeps only the length of more than 15"});
     } else if (holdsControls(cell.view())) {
         findings.push_back({Severity::error, scrollFileName, place, field,
-                            "holds a control byte (" + inQuotes(cell.view()) + " without it)"});
+                            "contains a control byte (" + inQuotes(cell.view()) + " without it)"});
     }
 }
 
 void checkScoreEntry(const ScoreEntry& entry, const std::string& place, Findings& findings) {
     if (holdsControls(entry.name)) {
         findings.push_back({Severity::error, scoreFileName, place, "name",
-                            "holds a control byte (" + inQuotes(entry.name) + " without it)"});
+                            "contains a control byte (" + inQuotes(entry.name) + " without it)"});
     }
     // The inn enters even who has no experience yet.
     if (entry.score < 0) {
-        findings.push_back(
-            {Severity::warning, scoreFileName, place, "score",
-             "is " + std::to_string(entry.score) + "; only experience is ever entered"});
+        findings.push_back({Severity::warning, scoreFileName, place, "score",
+                            "is " + std::to_string(entry.score) + "; must not be negative"});
     }
     if (entry.className.empty() || entry.className != colourOfClass(entry.className).name) {
-        findings.push_back(
-            {Severity::error, scoreFileName, place, "className",
-             "reads as " + inQuotes(entry.className) + ", which is none of the eight classes"});
+        findings.push_back({Severity::error, scoreFileName, place, "className",
+                            "reads as " + inQuotes(entry.className) + ", which is not a class"});
     }
 }
 
@@ -104,7 +103,7 @@ void checkScoreText(std::string_view text, std::span<const ScoreEntry> entries,
         const std::string line = scoreLine(entries[i]);
         if (!text.starts_with(line)) {
             findings.push_back({Severity::warning, scoreFileName, lineOf(i), "",
-                                "is not as the game writes it, but reads as " +
+                                "is not as the game writes it; it reads as " +
                                     inQuotes(line.substr(0, line.size() - 1))});
             return;
         }
@@ -112,8 +111,9 @@ void checkScoreText(std::string_view text, std::span<const ScoreEntry> entries,
     }
     if (!text.empty()) {
         findings.push_back({Severity::error, scoreFileName, lineOf(entries.size()), "",
-                            entries.size() < topTenSize ? "cannot be read: the list ends before it"
-                                                        : "is one too many: the list has ten"});
+                            entries.size() < topTenSize
+                                ? "cannot be read: the list ends before it"
+                                : "is one too many: the list has ten entries"});
     }
 }
 
@@ -121,13 +121,13 @@ void checkScoreOrder(std::span<const ScoreEntry> entries, Findings& findings) {
     std::set<std::string> names;
     for (std::size_t i = 0; i < entries.size(); ++i) {
         if (i > 0 && entries[i].score > entries[i - 1].score) {
-            findings.push_back({Severity::error, scoreFileName, lineOf(i), "score",
-                                "is " + std::to_string(entries[i].score) +
-                                    ", more than the line before it: out of order"});
+            findings.push_back(
+                {Severity::error, scoreFileName, lineOf(i), "score",
+                 "is " + std::to_string(entries[i].score) + ", more than in the line before"});
         }
         if (!names.insert(entries[i].name).second) {
             findings.push_back({Severity::warning, scoreFileName, lineOf(i), "name",
-                                "is " + inQuotes(entries[i].name) + " a second time"});
+                                "is " + inQuotes(entries[i].name) + " again"});
         }
     }
 }
@@ -135,18 +135,17 @@ void checkScoreOrder(std::span<const ScoreEntry> entries, Findings& findings) {
 void checkNewsText(const std::string& file, std::string_view text, Findings& findings) {
     if (!text.starts_with(newDay)) {
         findings.push_back({Severity::note, file, "line 1", "",
-                            "is not \"It's a new day!\", as when a call is killed while it begins "
-                            "the day"});
+                            "is not \"It's a new day!\": the first call of the day was cut off"});
     }
     for (std::size_t i = 0; !text.empty(); ++i) {
         const std::size_t end = text.find(newsLineEnd);
         const std::string_view line = text.substr(0, end);
         if (end == std::string_view::npos) {
-            findings.push_back(
-                {Severity::warning, file, lineOf(i), "", "does not end in line feed and return"});
+            findings.push_back({Severity::warning, file, lineOf(i), "",
+                                "does not end in a line feed and a carriage return"});
         }
         if (holdsControls(line)) {
-            findings.push_back({Severity::error, file, lineOf(i), "", "holds a control byte"});
+            findings.push_back({Severity::error, file, lineOf(i), "", "contains a control byte"});
         }
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + newsLineEnd.size());
     }
@@ -197,9 +196,12 @@ std::optional<std::string> contentToCheck(const GameDirectory& home, const std::
     std::optional<std::string> content;
     if (fs::is_regular_file(path, ignored)) {
         content = readWhole(path.string());
-    }
-    if (!content) {
-        findings.push_back({Severity::error, name, "", "", "is no file that can be read"});
+        if (!content) {
+            findings.push_back({Severity::error, name, "", "",
+                                std::string("cannot be read: ") + std::strerror(errno)});
+        }
+    } else {
+        findings.push_back({Severity::error, name, "", "", "is not a regular file"});
     }
     return content;
 }
@@ -209,8 +211,8 @@ void checkConfiguration(const GameDirectory& home, Findings& findings) {
         readWhole((home.start / configurationFileName).string());
     if (!text) {
         findings.push_back({Severity::warning, configurationFileName, "", "",
-                            "is not there: no board is named, and the game lives where it is "
-                            "started"});
+                            "is missing: no board is named, and the game uses the directory that "
+                            "it is started in"});
         return;
     }
     std::string_view rest = *text;
@@ -230,13 +232,13 @@ void checkMenus(const GameDirectory& home, Findings& findings) {
         const bool coloured = canRead(home.file(name + ".ans"));
         if (!plain && !coloured) {
             findings.push_back({Severity::error, name + ".asc", "", "",
-                                "is not there, nor is " + name + ".ans: callers see no menu"});
+                                "is missing, and " + name + ".ans too: callers see no menu"});
         } else if (!plain) {
             findings.push_back({Severity::warning, name + ".asc", "", "",
-                                "is not there: callers without ANSI graphics see no menu"});
+                                "is missing: callers without ANSI graphics see no menu"});
         } else if (!coloured) {
             findings.push_back({Severity::warning, name + ".ans", "", "",
-                                "is not there: all callers see the plain menu"});
+                                "is missing: all callers see the plain menu"});
         }
     }
 }
@@ -248,11 +250,11 @@ void checkBoard(const GameDirectory& home, Findings& findings) {
     }
     if (content->empty()) {
         findings.push_back({Severity::note, scrollFileName, "", "",
-                            "is empty, as when a caller is lost while he writes"});
+                            "is empty: a call was cut off while a message was written"});
     } else if (content->size() != scrollSize && content->size() != 2 * scrollSize) {
         findings.push_back({Severity::error, scrollFileName, "", "",
                             "has " + std::to_string(content->size()) +
-                                " bytes and not 480, or 960 once it was shown"});
+                                " bytes; must be 480, or 960 once it was shown"});
     }
     std::array<TextSlot, scrollSize / sizeof(TextSlot)> cells{};
     std::memcpy(cells.data(), content->data(), std::min(content->size(), scrollSize));
@@ -270,7 +272,7 @@ void checkScores(const GameDirectory& home, Findings& findings) {
     }
     if (text->empty()) {
         findings.push_back({Severity::warning, scoreFileName, "", "",
-                            "is empty, and reads as one entry without a name"});
+                            "is empty: it reads as one entry without a name"});
         return;
     }
     std::array<ScoreEntry, topTenSize> table;
@@ -289,7 +291,7 @@ void checkNews(const GameDirectory& home, Findings& findings) {
             continue;
         }
         if (sortableDay(name.substr(0, 6)).empty()) {
-            findings.push_back({Severity::warning, name, "", "", "is named after no day"});
+            findings.push_back({Severity::warning, name, "", "", "is not named after a date"});
         }
         if (const std::optional<std::string> text = contentToCheck(home, name, findings)) {
             checkNewsText(name, *text, findings);
@@ -309,7 +311,7 @@ bool checkGame(const GameDirectory& home, std::ostream& out) {
     const std::size_t errors = countOf(findings, Severity::error);
     const std::size_t warnings = countOf(findings, Severity::warning);
     if (errors + warnings == 0) {
-        out << "Nothing is wrong.\n";
+        out << "No errors or warnings.\n";
         return true;
     }
     out << counted(errors, "error") << " and " << counted(warnings, "warning") << ".\n";

@@ -20,13 +20,13 @@ void checkAccess(const GameDirectory& home, Findings& findings) {
     if (!mayWrite(home.data.string(), X_OK)) {
         findings.push_back(
             {Severity::warning, home.data.string(), "", "",
-             "admits no new file by the user who runs this check: is it the board's?"});
+             "is not writable by the user who runs this check; run it as the board's user"});
     }
     for (const std::string& name : dataFiles(home)) {
         if (!mayWrite(home.file(name), 0)) {
             findings.push_back({Severity::warning, name, "", "",
-                                "cannot be written by the user who runs this check: it stays as it "
-                                "is, whatever callers do"});
+                                "is not writable by the user who runs this check: the game cannot "
+                                "save to it"});
         }
     }
 }

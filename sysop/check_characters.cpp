@@ -40,12 +40,12 @@ void checkLength(std::size_t size, Findings& findings) {
     if (size < wholeFile) {
         findings.push_back({Severity::error, characterFileName, "", "",
                             "has " + std::to_string(size) +
-                                " bytes and not 75000: it ends in slot " +
+                                " bytes; must be 75000: it ends in slot " +
                                 std::to_string(size / sizeof(PlayerRecord) + 1)});
     } else if (size > wholeFile) {
         findings.push_back(
             {Severity::warning, characterFileName, "", "",
-             "has " + std::to_string(size) + " bytes and not 75000: what is more is never read"});
+             "has " + std::to_string(size) + " bytes; must be 75000: the rest is never read"});
     }
 }
 
@@ -59,7 +59,7 @@ void checkPadding(const Field& field, const PlayerRecord& slot, RecordFindings& 
     TextSlot text;
     std::memcpy(&text, reinterpret_cast<const char*>(&slot) + field.offset, sizeof text);
     if (!zeroBehind(text)) {
-        findings.add(Severity::warning, field.name, "is not filled up with zeros");
+        findings.add(Severity::warning, field.name, "is not padded with zeros");
     }
 }
 
@@ -100,11 +100,11 @@ void checkWorld(const PlayerRecord& slot, RecordFindings& findings) {
         } else if (value != 0 && value != 1) {
             findings.add(flag.isCopy ? Severity::warning : Severity::error,
                          flag.isCopy ? flag.name + " (its copy)" : flag.name,
-                         "is " + std::to_string(value) + " and neither 0 nor 1");
+                         "is " + std::to_string(value) + "; must be 0 or 1");
         }
     }
     if (strayWord) {
-        findings.add(Severity::warning, "worldState", "holds something where nothing is stored");
+        findings.add(Severity::warning, "worldState", "is not zero where nothing is stored");
     }
 }
 
@@ -116,7 +116,7 @@ void checkFreeSlot(const PlayerRecord& slot, RecordFindings& findings) {
         findings.add(Severity::warning, "version", wrong.value_or("is wrong"));
     } else if (!sameBytes(slot, emptySlot())) {
         findings.add(Severity::warning, "",
-                     "belongs to nobody but is not empty; its character is " +
+                     "has no owner but is not empty; its character is " +
                          inQuotes(slot.name.view()));
     }
 }
@@ -127,12 +127,12 @@ void checkTakenSlot(const PlayerRecord& slot, std::size_t index, RecordFindings&
     if (index >= searchedSlots) {
         // Who is killed while the game is full comes to stand here.
         findings.add(Severity::note, "",
-                     "is one that the game never looks into: `remove` "
-                     "another player, and this one takes his place");
+                     "is never searched by the game: `remove` another player, and this one "
+                     "moves to his slot");
     }
     if (slot.onlineFlag == 1) {
         findings.add(Severity::note, "onlineFlag",
-                     "is 1: in the game now, or his call was dropped (see `offline`)");
+                     "is 1: playing now, or the call was dropped (see `offline`)");
     }
 }
 
@@ -150,14 +150,13 @@ void checkOwners(const Characters& characters, Findings& findings) {
         if (!isNew) {
             about.add(Severity::error, "ownerName",
                       "owns slot " + std::to_string(first->second + 1) +
-                          " too, and that is the one the game finds: `remove` this one");
+                          " too, which the game finds first: `remove` this one");
         }
         if (gap < i) {
-            about.add(
-                Severity::error, "",
-                "stands behind slot " + std::to_string(gap + 1) +
-                    ", which is free: the next save makes a second character of it; `remove " +
-                    std::to_string(gap + 1) + "` closes the gap");
+            about.add(Severity::error, "",
+                      "is behind slot " + std::to_string(gap + 1) +
+                          ", which is free: the next save makes a second character; `remove " +
+                          std::to_string(gap + 1) + "` closes the gap");
             gap = characters.size();
         }
     }

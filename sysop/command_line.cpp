@@ -19,8 +19,8 @@ namespace morvek {
 namespace {
 
 constexpr const char* statuses =
-    "Status: 0 done; 1 not done, or `check` found something; 2 wrong usage.\n"
-    "Each verb explains itself: morvek-sysop VERB --help";
+    "Status: 0 done; 1 failed, or `check` found something; 2 wrong usage.\n"
+    "Help on a verb: morvek-sysop VERB --help";
 
 // Everything that may be typed.
 struct Arguments {
@@ -75,7 +75,7 @@ private:
     std::ostream& err;
     Arguments given;
     std::function<int()> verb;
-    CLI::App app{"Looks after the files of a game of Morvek.", "morvek-sysop"};
+    CLI::App app{"Maintains the files of a game of Morvek.", "morvek-sysop"};
 
     // Without a verb there is nothing to do but to name them all.
     int explain() {
@@ -102,11 +102,11 @@ private:
     }
 
     void addForce(CLI::App* to) {
-        to->add_flag("--force", given.force, "Also while somebody is marked on-line");
+        to->add_flag("--force", given.force, "Even while somebody is marked on-line");
     }
 
     void addInit() {
-        CLI::App* init = addVerb("init", "Make a game directory that is ready to run",
+        CLI::App* init = addVerb("init", "Create a game directory that is ready to run",
                                  [this] { makeGame(given.wanted, out); });
         init->add_option("DIR", given.wanted.directory, "The directory, new or empty")->required();
         init->add_option("--board", given.wanted.board, "The board's name, as callers see it")
@@ -121,13 +121,13 @@ private:
         CLI::App* players = addVerb("players", "List all characters",
                                     [this] { listPlayers(home(), given.json, out); });
         players->add_flag("--json", given.json, "As JSON");
-        CLI::App* show = addVerb("show", "Show a character, every field of it",
+        CLI::App* show = addVerb("show", "Show all fields of a character",
                                  [this] { showPlayer(home(), given.number, given.json, out); });
         addNumber(show)->required();
         show->add_flag("--json", given.json, "As JSON");
-        app.add_subcommand("check", "Read every file as the game does, and name what is wrong")
+        app.add_subcommand("check", "Check every file of the game")
             ->footer("Status 1 when there is an error or a warning. An error is what the game "
-                     "misreads\nor plays wrong with; a warning does not come from the game, and "
+                     "misreads\nor plays wrong with; a warning was not written by the game, but "
                      "does no harm.")
             ->callback(
                 [this] { verb = [this] { return checkGame(home(), out) ? done : notDone; }; });
@@ -144,7 +144,8 @@ private:
                         "A field as `show` names it, or a flag of the world: searched.12, "
                         "cleared.12,\ncastle1.3, castle2.3, mortuary1.3, cavern1.3")
             ->required();
-        set->add_option("VALUE", given.change.value, "Its new value; what play can give is allowed")
+        set->add_option("VALUE", given.change.value,
+                        "Its new value, within the range that the game can reach")
             ->required();
         addForce(set);
         CLI::App* remove = addVerb("remove", "Remove a character", [this] {
@@ -152,7 +153,7 @@ private:
             removePlayer(home(), given.number, out);
         });
         addNumber(remove)->required();
-        remove->footer("The last character of the file takes the place, so that there is no gap.");
+        remove->footer("The last character of the file moves into the free slot.");
         addForce(remove);
         CLI::App* offline = addVerb("offline", "Clear the on-line mark that a dropped call left",
                                     [this] { clearMarks(); });
@@ -162,27 +163,26 @@ private:
 
     void clearMarks() {
         if (!given.all && given.number == 0) {
-            throw Misuse("offline: which player? A number, or --all");
+            throw Misuse("offline needs a player's number or --all");
         }
         markOffline(home(), given.all ? std::nullopt : std::optional(given.number), out);
     }
 
     void addBackupVerbs() {
-        CLI::App* backup = addVerb("backup", "Back up all that players have brought about",
-                                   [this] { backUpOrList(); });
+        CLI::App* backup = addVerb("backup", "Back up the data files", [this] { backUpOrList(); });
         backup->add_option("FILE", given.file,
                            "The tar archive to write (default: one in backup/)");
         backup->add_flag("--list", given.list, "List the backups in backup/ instead");
-        backup->footer("Backups in backup/ are named after the second; the newest 50 are kept. "
+        backup->footer("Backups in backup/ are named by date and time; the newest 50 are kept. "
                        "Every verb that\nchanges anything makes one first.");
-        CLI::App* restore = addVerb("restore", "Put everything back as a backup holds it", [this] {
+        CLI::App* restore = addVerb("restore", "Restore the data files from a backup", [this] {
             refuseWhilePlayed(home(), given.force);
             restoreBackup(home(), given.file, out);
         });
         restore->add_option("FILE", given.file, "The backup, or its name in backup/")->required();
         addForce(restore);
-        CLI::App* reset =
-            addVerb("reset", "Begin a new season: no characters, board, scores, news", [this] {
+        CLI::App* reset = addVerb(
+            "reset", "Start a new season: remove characters, board, scores and news", [this] {
                 refuseWhilePlayed(home(), given.force);
                 resetGame(home(), out);
             });
@@ -222,7 +222,8 @@ private:
         news->add_option("--date", given.day, "The day (default: today)")
             ->type_name("MMDDYY")
             ->check([](const std::string& typed) {
-                return sortableDay(typed).empty() ? typed + " is no day (MMDDYY)" : std::string();
+                return sortableDay(typed).empty() ? typed + " is not a date (MMDDYY)"
+                                                  : std::string();
             });
         addFormats(news);
         addFormats(addVerb("board", "Write the message board",

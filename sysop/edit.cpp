@@ -18,8 +18,8 @@ void refuseSecondSlot(const Characters& characters, const PlayerRecord& changed,
                       std::size_t number) {
     for (std::size_t i = 0; i < characters.size(); ++i) {
         if (i + 1 != number && characters[i].ownerName.view() == changed.ownerName.view()) {
-            throw Misuse(inQuotes(changed.ownerName.view()) + " owns player " +
-                         std::to_string(i + 1) + " already");
+            throw Misuse(inQuotes(changed.ownerName.view()) + " already owns player " +
+                         std::to_string(i + 1));
         }
     }
 }
@@ -35,8 +35,8 @@ std::size_t flagOf(const std::string& name) {
         return !flag.name.empty() && sameWord(flag.name, name);
     });
     if (found == flags.end()) {
-        throw Misuse(name + " is no field of a character (`show` lists them) and no flag "
-                            "of the world, such as searched.12");
+        throw Misuse(name + " is not a field of a character (`show` lists them) or a flag of the "
+                            "world, such as searched.12");
     }
     return static_cast<std::size_t>(found - flags.begin());
 }
@@ -44,7 +44,7 @@ std::size_t flagOf(const std::string& name) {
 void setFlag(PlayerRecord& slot, const Change& change) {
     const std::optional<std::int64_t> value = wholeNumber(change.value);
     if (value != 0 && value != 1) {
-        throw Misuse(change.field + " is a flag, 0 or 1, and not \"" + change.value + "\"");
+        throw Misuse(change.field + " must be 0 or 1, not \"" + change.value + "\"");
     }
     setWorldFlag(slot, change.field, static_cast<std::int32_t>(*value));
 }
@@ -87,7 +87,7 @@ void refuseWhilePlayed(const GameDirectory& home, bool forced) {
     if (!forced && !names.empty()) {
         throw Failure("marked on-line: " + names +
                       "; a caller's next save would undo the change. If nobody is in the game, " +
-                      "take the mark off with `offline`, or use --force");
+                      "clear the mark with `offline`, or use --force");
     }
 }
 
@@ -107,7 +107,7 @@ void setPlayer(const GameDirectory& home, const Change& change, std::ostream& ou
     const std::string subject = "Player " + calledPlayer(slot, change.number) + ": " + name;
     const std::string before = shownIn(slot, field, flag);
     if (sameBytes(changed, slot)) {
-        out << subject << " is " << before << " already.\n";
+        out << subject << " is already " << before << ".\n";
         return;
     }
     backUp(home, out);
@@ -131,8 +131,8 @@ void removePlayer(const GameDirectory& home, std::size_t number, std::ostream& o
     writeCharacters(home, characters);
     out << "Removed player " << removed << ".\n";
     if (last < characters.size()) {
-        out << "Player " << calledPlayer(characters[index], number) << " was number " << last + 1
-            << " until now.\n";
+        out << "Player " << calledPlayer(characters[index], number) << " was player " << last + 1
+            << ".\n";
     }
 }
 

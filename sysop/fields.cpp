@@ -93,9 +93,9 @@ std::string shown(double amount) {
 
 std::string rangeOf(const Field& field) {
     if (field.least == field.most) {
-        return "play gives " + shown(field.least) + " alone";
+        return "must be " + shown(field.least);
     }
-    return "play gives " + shown(field.least) + " to " + shown(field.most);
+    return "must be " + shown(field.least) + " to " + shown(field.most);
 }
 
 std::optional<std::string> complaintAboutNumber(const Field& field, const PlayerRecord& slot) {
@@ -106,10 +106,10 @@ std::optional<std::string> complaintAboutNumber(const Field& field, const Player
         return "is " + shownValue(field, slot) + "; " + rangeOf(field);
     }
     if (field.kind == money && value != std::floor(value)) {
-        return "is " + shownValue(field, slot) + ", which is no whole amount";
+        return "is " + shownValue(field, slot) + "; must be a whole number";
     }
     if (field.rule == day && value != 0 && dayOf(static_cast<std::int64_t>(value)).empty()) {
-        return "is " + shownValue(field, slot) + ", which is no day (month, day, year: MMDDYY)";
+        return "is " + shownValue(field, slot) + "; must be a date as MMDDYY";
     }
     if (field.rule == upToMaximum && value > slot.maxHitPoints) {
         return "is " + shownValue(field, slot) + ", above maxHitPoints (" +
@@ -123,19 +123,19 @@ std::optional<std::string> complaintAboutText(const Field& field, const PlayerRe
     const std::string_view view = held.view();
     if (held.length > TextSlot::capacity) {
         return "has the length " + std::to_string(held.length) +
-               ", above 15: the game reads it as empty";
+               "; must be at most 15 (the game reads it as empty)";
     }
     if (std::any_of(view.begin(), view.end(), isControl)) {
-        return "holds a control byte (" + inQuotes(view) + " without it)";
+        return "contains a control byte (" + inQuotes(view) + " without it)";
     }
     if (field.rule == versionMark && view != emptySlot().version.view()) {
-        return "is " + inQuotes(view) + " and not " + inQuotes(emptySlot().version.view());
+        return "is " + inQuotes(view) + "; must be " + inQuotes(emptySlot().version.view());
     }
     if (field.rule == filled && view.empty()) {
         return "is empty";
     }
     if (field.rule == oneOfTheClasses && (view.empty() || view != colourOfClass(view).name)) {
-        return "is " + inQuotes(view) + ", and not " + std::string(classNames);
+        return "is " + inQuotes(view) + "; must be " + std::string(classNames);
     }
     return std::nullopt;
 }
@@ -143,9 +143,8 @@ std::optional<std::string> complaintAboutText(const Field& field, const PlayerRe
 void setText(const Field& field, PlayerRecord& slot, std::string_view typed) {
     const std::optional<std::string> value = text::toCp437(typed);
     if (!value) {
-        throw Misuse(std::string(field.name) +
-                     ": the game's character set (CP437) cannot write \"" + std::string(typed) +
-                     "\"");
+        throw Misuse(std::string(field.name) + ": \"" + std::string(typed) +
+                     "\" has a character that is not in CP437");
     }
     if (value->size() > TextSlot::capacity) {
         throw Misuse(std::string(field.name) + ": \"" + std::string(typed) +
@@ -158,7 +157,7 @@ void setNumber(const Field& field, PlayerRecord& slot, std::string_view typed) {
     const std::optional<std::int64_t> value = wholeNumber(typed);
     if (!value) {
         throw Misuse(std::string(field.name) + ": \"" + std::string(typed) +
-                     "\" is no whole number");
+                     "\" is not a whole number");
     }
     const auto amount = static_cast<double>(*value);
     if (amount < field.least || amount > field.most) {
@@ -227,7 +226,7 @@ void setField(const Field& field, PlayerRecord& slot, std::string_view typed) {
         setNumber(field, slot, typed);
     }
     if (const std::optional<std::string> wrong = complaintAbout(field, slot)) {
-        throw Misuse(std::string(field.name) + " cannot be set so: it " + *wrong);
+        throw Misuse(std::string(field.name) + " not changed: it " + *wrong);
     }
 }
 

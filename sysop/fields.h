@@ -52,7 +52,7 @@ std::string shownValue(const Field& field, const PlayerRecord& slot);
 // Puts the typed value, which is UTF-8, into the record; throws Misuse when it does not fit.
 void setField(const Field& field, PlayerRecord& slot, std::string_view typed);
 
-// What is wrong with the field as a sentence without its subject ("is 99; play gives 1 to 7");
+// What is wrong with the field as a sentence without its subject ("is 99; must be 1 to 7");
 // nothing when play could have given it.
 std::optional<std::string> complaintAbout(const Field& field, const PlayerRecord& slot);
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cerrno>
 #include <cstring>
 #include <ctime>
 #include <span>
@@ -58,7 +59,7 @@ const std::vector<std::string> menuNames{"intmenu", "clasmenu", "townmenu", "wea
 
 GameDirectory openGame(const std::string& directory) {
     if (!isDirectory(directory)) {
-        throw Failure(directory + ": no such directory");
+        throw Failure(directory + ": not a directory");
     }
     GameDirectory home{directory, directory, {}};
     const std::string text =
@@ -69,8 +70,8 @@ GameDirectory openGame(const std::string& directory) {
         home.data = (home.start / led).lexically_normal();
     }
     if (!holdsGame(home)) {
-        throw Failure(directory + ": no game is here, neither " + configurationFileName +
-                      " nor a file of one (name its directory with --game)");
+        throw Failure(directory + ": no game found, neither " + configurationFileName +
+                      " nor any file of a game; name its directory with --game");
     }
     return home;
 }
@@ -122,8 +123,8 @@ bool isDataFileName(std::string_view name) {
 
 std::string readData(const GameDirectory& home, const std::string& name) {
     const std::optional<std::string> content = readWhole(home.file(name));
-    if (!content && isThere(home.file(name))) {
-        throw Failure(home.file(name) + " cannot be read");
+    if (!content && errno != ENOENT) {
+        throw Failure(home.file(name) + " cannot be read: " + std::strerror(errno));
     }
     return content.value_or(std::string());
 }

@@ -42,16 +42,16 @@ fs::path findMenus(const NewGame& wanted) {
     }
     throw Failure(wanted.menus.empty()
                       ? "the display files are not installed; name their directory with --menus"
-                      : wanted.menus + ": not all the display files are there");
+                      : wanted.menus + ": some display files are missing");
 }
 
 std::string configurationOf(const NewGame& wanted) {
     const std::optional<std::string> board = text::toCp437(wanted.board);
     if (!board || std::any_of(board->begin(), board->end(), isControl)) {
-        throw Misuse("the board's name holds what the game's character set (CP437) cannot write");
+        throw Misuse("the board's name has a character that is not in CP437");
     }
     if (board->empty() || board->size() > longestConfigurationLine) {
-        throw Misuse("the board's name must have 1 to 253 characters");
+        throw Misuse("the board's name must be 1 to 253 characters long");
     }
     return "Morvek\n" + *board + "\n.\n";
 }
@@ -60,7 +60,7 @@ void refuseWhatIsThere(const fs::path& directory) {
     std::error_code ignored;
     if (fs::exists(directory, ignored) &&
         (!fs::is_directory(directory, ignored) || !fs::is_empty(directory, ignored))) {
-        throw Failure(directory.string() + " is there already, and is not empty");
+        throw Failure(directory.string() + " already exists and is not empty");
     }
 }
 
@@ -80,7 +80,7 @@ void makeGame(const NewGame& wanted, std::ostream& out) {
     std::error_code failed;
     fs::create_directories(directory, failed);
     if (failed) {
-        throw Failure(directory.string() + " cannot be made: " + failed.message());
+        throw Failure(directory.string() + " cannot be created: " + failed.message());
     }
     std::size_t copied = 0;
     for (const std::string& name : menuNames) {

@@ -132,7 +132,7 @@ void writeWhole(const PlayerRecord& slot, std::size_t number, std::ostream& out)
 PlayerRecord& playerOf(Characters& characters, std::size_t number) {
     PlayerRecord& slot = characters.at(number - 1);
     if (isFree(slot)) {
-        throw Failure("there is no player " + std::to_string(number));
+        throw Failure("no player " + std::to_string(number));
     }
     return slot;
 }

@@ -46,18 +46,19 @@ TEST_F(Edit, WhatDoesNotFitOrCannotBeBackedUpChangesNothing) {
     }
     EXPECT_THAT(told("set 51 gold 1"), StartsWith("2: "));
     EXPECT_THAT(told("set 9 gold 1"), StartsWith("1: "));
-    EXPECT_THAT(told("set 2 gold 25"), HasSubstr("is 25 already"));
+    EXPECT_THAT(told("set 2 gold 25"), HasSubstr("is already 25"));
     EXPECT_EQ(backups(), 0);
     writeFile("backup", "in the way");
     for (const char* line : {"set 1 gold 1", "remove 1", "reset"}) {
-        EXPECT_THAT(told(line), HasSubstr("(Not a directory): no backup, and nothing was changed"));
+        EXPECT_THAT(told(line),
+                    HasSubstr("backup cannot be created: Not a directory; nothing was changed"));
     }
     EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(Edit, RemoveFillsThePlaceWithTheLast) {
     EXPECT_THAT(told("remove 1"),
-                HasSubstr("Player 1 (Cyra, the character of Carol) was number 3 until now."));
+                HasSubstr("Player 1 (Cyra, the character of Carol) was player 3."));
     EXPECT_EQ(storedSlot(0).slotIndex, 0);
     EXPECT_EQ(readFile("morchars.dat").substr(3000, 1500), before.substr(4500, 1500));
     EXPECT_THAT(told("remove 2"), HasSubstr("Removed player 2 (Bjorn"));
@@ -87,7 +88,7 @@ TEST_F(Edit, ABackupRestoresEverythingAsItWasAndNothingElseDoes) {
     writeFile("scores.dat", "Arwen#1500Ranger\n");
     writeFile("111526.txt", "It's a new day!\n\r");
     EXPECT_EQ(told("backup kept.tar"), "Backup: kept.tar\n");
-    EXPECT_THAT(told("backup kept.tar"), StartsWith("1: morvek-sysop: kept.tar is there"));
+    EXPECT_THAT(told("backup kept.tar"), StartsWith("1: morvek-sysop: kept.tar already exists"));
     const std::string whole = readFile("kept.tar");
     std::string flipped = whole;
     flipped[105] = '7';
@@ -99,7 +100,7 @@ TEST_F(Edit, ABackupRestoresEverythingAsItWasAndNothingElseDoes) {
     EXPECT_EQ(std::system("tar -tf kept.tar >listed && tar -cf foreign.tar listed"), 0);
     EXPECT_EQ(readFile("listed"), "111526.txt\nmorchars.dat\nscores.dat\n");
     EXPECT_THAT(told("restore foreign.tar"),
-                HasSubstr("\"listed\", which is no data file; nothing was changed"));
+                HasSubstr("\"listed\", which is not a data file; nothing was changed"));
     EXPECT_TRUE(isUnchanged());
     told("reset");
     EXPECT_FALSE(fs::exists("morchars.dat"));

@@ -21,7 +21,7 @@ TEST_F(Sysop, TheGameIsFoundWhereTheConfigurationLeads) {
     writeFile("start/morvek.cfg", "Morvek\nThe Board\n..\r\n"); // leads nowhere
     EXPECT_EQ(told("--game start players"), "Nobody has a character yet.\n");
     fs::remove("start/morvek.cfg");
-    EXPECT_THAT(told("players --game start"), HasSubstr("no game is here"));
+    EXPECT_THAT(told("players --game start"), HasSubstr("no game found"));
 }
 
 TEST_F(Sysop, AWrongUsageIsToldAndAnswersTwo) {
