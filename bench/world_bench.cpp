@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -35,10 +36,10 @@ double secondsBetween(Clock::time_point from, Clock::time_point to) {
 
 // To and fro between locations 1 and 2, then home.
 struct Walk {
-    static constexpr long sample = 100'000;
+    static constexpr std::int64_t sample = 100'000;
 
-    long steps = 0;
-    long taken = 0;
+    std::int64_t steps = 0;
+    std::int64_t taken = 0;
     Clock::time_point begun{};
     Clock::time_point firstSampled{};
     Clock::time_point lastSampled{};
