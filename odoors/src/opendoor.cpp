@@ -2,7 +2,6 @@
 #include "OpenDoor.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
