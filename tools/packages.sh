@@ -22,7 +22,7 @@ command  telnet          inetutils-telnet     check
 command  file            file                 check
 command  dpkg-shlibdeps  dpkg-dev             check
 command  unzip           unzip                check
-command  dot             graphviz             check
+command  dot             graphviz             check pictures
 command  hjson-cli       hjson-go             check
 command  ssh             openssh-client       check
 command  sshd            openssh-server       check
