@@ -8,6 +8,7 @@
 #include "combat/fight.h"
 #include "state/encounter.h"
 #include "state/game_state.h"
+#include "state/roster.h"
 #include "world/walk.h"
 
 #include <algorithm>

@@ -8,34 +8,6 @@
 namespace morvek {
 namespace {
 
-void copyToList(PlayerListEntry& entry, const PlayerRecord& slot) {
-    entry.slotIndex = slot.slotIndex;
-    entry.lastPlayedDay = slot.lastPlayedDay;
-    entry.name = slot.name;
-    entry.className = slot.className;
-    entry.level = slot.level;
-    entry.experience = slot.experience;
-    entry.gold = slot.gold;
-    entry.bankGold = slot.bankGold;
-    entry.experienceNeeded = slot.experienceNeeded;
-    entry.hitPoints = slot.hitPoints;
-    entry.maxHitPoints = slot.maxHitPoints;
-    entry.strength = slot.strength;
-    entry.constitution = slot.constitution;
-    entry.dexterity = slot.dexterity;
-    entry.intelligence = slot.intelligence;
-    entry.wisdom = slot.wisdom;
-    entry.charisma = slot.charisma;
-    entry.weaponNumber = slot.weaponNumber;
-    entry.weapon = slot.weapon;
-    entry.armourNumber = slot.armourNumber;
-    entry.armour = slot.armour;
-    entry.turnsLeft = slot.turnsLeft;
-    entry.turnsPerDay = slot.turnsPerDay;
-    entry.reservedCounter = slot.reservedCounter;
-    entry.currentLocation = slot.currentLocation;
-}
-
 void showListed(const TextSlot& name, std::size_t slot) {
     say("`bright red`");
     show(name.view());
@@ -54,7 +26,8 @@ void loadRoster() {
     for (std::size_t slot = 0; slot < searchedSlots; ++slot) {
         const PlayerRecord& stored = game.roster.slots()[slot];
         if (!stored.ownerName.view().empty()) {
-            copyToList(game.roster.list()[slot], stored);
+            game.roster.list()[slot] = stored;
+            game.roster.list()[slot].version.assign(listVersion);
         }
     }
 }

@@ -44,16 +44,12 @@ void drawArena() {
     const Monster& monster = game.encounter.monster;
     clearScreen();
     say("`red`Your HP`bright red`: `bright white`");
-    show(game.player.hitPoints);
-    say("`red`\\`bright white`");
-    show(game.player.maxHitPoints);
+    showPair(game.player.hitPoints, "`red`\\`bright white`", game.player.maxHitPoints);
     say("\n\r");
     say("`red`");
     show(opponentName(maxNameInFight));
     say("'s HP`bright red`: `bright white`");
-    show(monster.hitPoints);
-    say("`red`\\`bright white`");
-    show(monster.maxHitPoints);
+    showPair(monster.hitPoints, "`red`\\`bright white`", monster.maxHitPoints);
     say("\n\r\n\r");
     say("`red`A`bright red`)`bright white`ttack\n\r");
     say("`red`Y`bright red`)`bright white`our Status\n\r");

@@ -79,14 +79,10 @@ void sayHitPoints() {
     if (game.world.playerDead != 1) {
         say("`red`Your HP`bright red`: `bright white`");
     }
-    show(game.player.hitPoints);
-    say("`red`/`bright white`");
-    show(game.player.maxHitPoints);
+    showPair(game.player.hitPoints, "`red`/`bright white`", game.player.maxHitPoints);
     say("\n\r");
     sayOf(name(), "'s `red`HP`bright red`: `bright white`");
-    show(monster.hitPoints);
-    say("`red`/`bright white`");
-    show(monster.maxHitPoints);
+    showPair(monster.hitPoints, "`red`/`bright white`", monster.maxHitPoints);
     say("\n\r\n\r");
 }
 

@@ -42,14 +42,10 @@ void sayEncounter() {
     // The full stop stands inside the colour's backquotes.
     say("`red.`\n\r");
     say("`red`Your HP`bright red`: `bright white`");
-    show(game.player.hitPoints);
-    say("`red`\\`bright white`");
-    show(game.player.maxHitPoints);
+    showPair(game.player.hitPoints, "`red`\\`bright white`", game.player.maxHitPoints);
     say("\n\r");
     sayOf(name, "'s `red`HP`bright red`: `bright white`");
-    show(monster.hitPoints);
-    say("`red`\\`bright white`");
-    show(monster.maxHitPoints);
+    showPair(monster.hitPoints, "`red`\\`bright white`", monster.maxHitPoints);
     say("\n\r");
     say("`red`A`bright red`)`bright white`ttack\n\r");
 }

@@ -70,6 +70,12 @@ void show(std::int32_t value) {
     show(std::to_string(value));
 }
 
+void showPair(std::int32_t value, const char* separator, std::int32_t limit) {
+    show(value);
+    say("%s", separator);
+    show(limit);
+}
+
 void showPiece(std::string_view piece) {
     std::string shown(piece.starts_with('\r') ? "\r" : "");
     shown.append(text::withoutControls(piece)).append(piece.ends_with('\n') ? "\n" : "");

@@ -35,6 +35,9 @@ int remainingMinutes();
 void show(std::string_view value);
 void show(std::int32_t value);
 
+// Shows a value, says the separator, and shows the limit.
+void showPair(std::int32_t value, const char* separator, std::int32_t limit);
+
 // Shows a piece of a stored line, which may begin with the return that ends the line before it and
 // end in a line feed.
 void showPiece(std::string_view piece);

@@ -35,9 +35,7 @@ void drawShrine() {
     say("`red`Health Shrine\n\r");
     say("`bright white`----------------------------------------\n\r\n\r");
     say("`red`Hit Points`bright red`: `bright white`");
-    show(game.player.hitPoints);
-    say("`red`\\`bright white`");
-    show(game.player.maxHitPoints);
+    showPair(game.player.hitPoints, "`red`\\`bright white`", game.player.maxHitPoints);
     say("\n\r");
     say("`red`Money on Hand `bright red`: `bright white`");
     showMoney(game.player.gold);

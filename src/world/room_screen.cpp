@@ -43,16 +43,12 @@ void showEncounter(const Room& room) {
     const std::string_view name = std::string_view(monster.name).substr(0, maxNameLength);
     showGroup(room, name);
     say("`red`Your HP`bright red`: `bright white`");
-    show(game.player.hitPoints);
-    say("`red`/`bright white`");
-    show(game.player.maxHitPoints);
+    showPair(game.player.hitPoints, "`red`/`bright white`", game.player.maxHitPoints);
     say("\n\r");
     say("`bright white`");
     show(name);
     say("'s `red`HP`bright red`: `bright white`");
-    show(monster.hitPoints);
-    say("`red`/`bright white`");
-    show(monster.maxHitPoints);
+    showPair(monster.hitPoints, "`red`/`bright white`", monster.maxHitPoints);
 }
 
 void showDirections(const Room& room) {

@@ -27,7 +27,8 @@ struct Play {
 
 // Ace's character, who has been everywhere, or whom the first blow kills; and one to rob.
 std::string rosterOf(bool strong) {
-    auto slots = morvek::emptySlots();
+    morvek::Roster::Slots slots;
+    slots.fill(morvek::emptySlot());
     morvek::PlayerRecord& own = slots[0];
     own.ownerName.assign("Ace");
     own.name.assign("Aldur");

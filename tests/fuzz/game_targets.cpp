@@ -56,7 +56,8 @@ void beginGame() {
 
 // A character file of three, the second of them the caller's.
 std::string characterFile() {
-    auto slots = emptySlots();
+    Roster::Slots slots;
+    slots.fill(emptySlot());
     constexpr std::array owners{"Bob", "Alice", "Carol"};
     constexpr std::array names{"Bjorn", "Arwen", "Cirdan"};
     for (std::size_t number = 0; number < owners.size(); ++number) {
