@@ -1,5 +1,5 @@
-// Rounds in the world: what each draw decides, what a kill brings, and what a round shows. Whoever
-// dies does so in tests/journeys.
+// Rounds in the world: what each draw decides, what a kill brings, and what a round shows. Deaths
+// are in tests/journeys.
 #include "combat/fight.h"
 
 #include "combat/fighters.h"
@@ -8,45 +8,43 @@
 
 namespace {
 
-std::string killKobold() {
+const std::string& killOne() {
     game.encounter.monster.hitPoints = 1;
     return caller.visit(playerAttack, "xx");
 }
 
-// The first world word that is set, or 311.
-auto firstWord() {
-    return std::ranges::find(game.world.words, 1) - game.world.words.begin();
-}
-
 } // namespace
 
-TEST(Fight, WeaponAndArmourRollTheDieOfTheirNumberLowerNumberFirst) {
-    newCall();
-    Player& player = game.player;
-    for (const auto& [die, weaponPlus, armourPlus] : Cases<int, int, int>{
-             {3, 1, 1}, {4, 2, 2}, {4, 4, 3}, {6, 5, 4}, {6, 7, 5}, {8, 9, 6}, {8, 10, 7}}) {
-        ++player.weaponNumber;
-        ++player.armourNumber;
-        chance.script({2 * die - 1, die});
+TEST(Fight, KitRollsTheDieOfItsNumberLowerNumberFirst) {
+    const Cases<int, int, std::deque<int>, int, int> cases{
+        {7, 1, {2, 15}, 8 + 10, 3 + 1}, // d3 for the armour, then d8
+        {4, 4, {11, 6}, 6 + 5, 1 + 4},  // d6 for the weapon, then d6
+        {0, 7, {15}, 0, 8 + 7}};        // fists draw nothing
+    for (const auto& [weapon, armour, draws, damage, armourValue] : cases) {
+        newCall();
+        game.player.weaponNumber = weapon;
+        game.player.armourNumber = armour;
+        chance.script(draws);
         rollPlayerCombatValues();
-        EXPECT_EQ(inARow(player.weaponDamage, player.armourValue),
-                  inARow(die + weaponPlus, 1 + armourPlus))
-            << player.weaponNumber;
-        EXPECT_THAT(chance.seededBefore, ElementsAre(0, 1));
+        EXPECT_EQ(game.player.weaponDamage, damage);
+        EXPECT_EQ(game.player.armourValue, armourValue);
+        EXPECT_EQ(chance.seededBefore.size(), draws.size());
     }
 }
 
-// Ties go to the player in the first strike, and to whoever strikes in a blow.
-TEST(Fight, TheQuickerStrikesFirstAndWhoStandsStrikesBackAlsoAfterAMiss) {
+TEST(Fight, PlayerWinsTiesAndIsStruckBack) {
     meet("Kobold");
     game.player.armourValue = 2;
-    chance.script({7, 27, 13, 9, 3, 23, 7});
+    chance.script({7, 27, 13, 9, 3, 23, 7}); // 7 against 7, 6 points; 3 against 3, 4 points
     EXPECT_THAT(caller.visit(fightRound, "x"),
                 EndsWith("{|}{`r`You hit `W`}<Kobold>{ `r`for`W` }<6>{ `r`points!||}"
                          "{`W`}<Kobold>{ `r`hit you for `W`}<4>{ `r`points!||}[any key]"));
-    EXPECT_EQ(inARow(game.player.hitPoints, game.encounter.monster.hitPoints), "26 4");
+    EXPECT_EQ(game.player.hitPoints, 26);
+    EXPECT_EQ(game.encounter.monster.hitPoints, 4);
     EXPECT_EQ(game.player.turnsLeft, 5);
+}
 
+TEST(Fight, QuickerMonsterStrikesFirst) {
     meet("Thirty letters are one too many");
     game.encounter.monster.initiative = 16;
     game.encounter.monsterCount = 0;
@@ -56,13 +54,13 @@ TEST(Fight, TheQuickerStrikesFirstAndWhoStandsStrikesBackAlsoAfterAMiss) {
                 EndsWith(name + "{ `r`attacks first.||}" + name + "{ `r`Missed!||}" +
                          "{|`r`You Missed!||}[any key]"));
     EXPECT_EQ(chance.drawn, 7) << "misses make all their draws";
-    EXPECT_EQ(game.player.turnsLeft, 4) << "without a group also a miss costs one";
+    EXPECT_EQ(game.player.turnsLeft, 4) << "without a group also a miss costs a turn";
 }
 
-TEST(Fight, TheFourthDrawDecidesACriticalBlowOnADieOfTheWeaponAndTwenty) {
+TEST(Fight, FourthDrawDecidesACriticalBlow) {
     meet("Kobold");
     game.encounter.monster.hitPoints = 20;
-    chance.script({0, 0, 6, 37, 0, 0, 6, 38, 0, 0, 13, 29, 99});
+    chance.script({0, 0, 6, 28 + 9, 0, 0, 6, 28 + 10, 0, 0, 13, 20 + 9});
     playerAttack();
     EXPECT_EQ(game.encounter.monster.hitPoints, 13);
     playerAttack();
@@ -73,39 +71,41 @@ TEST(Fight, TheFourthDrawDecidesACriticalBlowOnADieOfTheWeaponAndTwenty) {
     EXPECT_EQ(game.encounter.monster.hitPoints, 2);
 }
 
-TEST(Fight, OnlyTheLastOfAGroupClearsThePlaceAndInEachLevelTheRoomLastEntered) {
+TEST(Fight, LastOfAGroupClearsThePlace) {
     meet("Kobold");
-    game.player.experience = INT32_MAX; // a forged character's wraps around
     game.encounter.monsterCount = 2;
     game.world.currentLocation = 3;
-    game.world.position(Level::castle1) = 24;
-    game.world.position(Level::mortuary1) = 36; // outside its level
-    EXPECT_THAT(killKobold(), HasSubstr("{`r`You earned `W`}<25>{ `r`experience and `W`}<75>"));
-    EXPECT_EQ(game.encounter.groupActive + game.encounter.ambushPending, 2);
-    killKobold();
-    EXPECT_EQ(game.encounter.groupActive + game.encounter.ambushPending, 0);
-    EXPECT_EQ(game.player.experience, INT32_MIN + 49);
-    EXPECT_EQ(firstWord(), 133) << "the castle's room 24";
-    EXPECT_EQ(std::ranges::count(game.world.words, 1), 2) << "and where he stands";
-    for (const auto& [location, word] : {std::pair{1, 310}, {76, 234}, {0, 311}, {77, 311}}) {
-        meet("Kobold");
-        game.world.currentLocation = location;
-        killKobold();
-        EXPECT_EQ(inARow(firstWord(), game.world.currentLocation), inARow(word, location));
-    }
+    EXPECT_THAT(killOne(), HasSubstr("{`r`You earned `W`}<25>{ `r`experience and `W`}<75>"));
+    EXPECT_EQ(game.world.cleared(3), 0);
+    EXPECT_EQ(game.encounter.groupActive, 1);
+    EXPECT_EQ(game.encounter.ambushPending, 1);
+    killOne();
+    EXPECT_EQ(game.world.cleared(3), 1);
+    EXPECT_EQ(game.encounter.groupActive, 0);
+    EXPECT_EQ(game.encounter.ambushPending, 0);
+    EXPECT_EQ(game.player.experience, 50);
 }
 
-TEST(Fight, ArmourWearsTheMonstersDieDownAndIsWornItself) {
-    for (const auto& [die, armour, dieAfter, armourAfter] :
-         Cases<int, int, int, int>{{10, 4, 6, 4}, {10, 12, 10, 2}, {5, 4, 1, 3}, {6, 6, 6, 6}}) {
+TEST(Fight, KillClearsTheRoomLastEnteredInEachLevel) {
+    meet("Kobold");
+    game.world.position(Level::castle1) = 24;
+    game.world.position(Level::mortuary1) = 36; // forged: the level has 35
+    killOne();
+    EXPECT_EQ(game.world.levelCleared(Level::castle1, 24), 1);
+    EXPECT_EQ(std::ranges::count(game.world.words, 1), 1) << "location 0 has no flag";
+}
+
+TEST(Fight, ArmourAndDieWearEachOtherDown) {
+    const Cases<int, int, int, int> cases{
+        {10, 4, 6, 4}, {10, 12, 10, 2}, {5, 4, 1, 3}, {6, 6, 6, 6}};
+    for (const auto& [die, armour, dieAfter, armourAfter] : cases) {
         meet("Kobold");
         game.encounter.monster.damage = die;
         game.player.armourValue = armour;
         chance.script({0, 0, 2 * dieAfter - 1});
         monsterAttack();
-        EXPECT_EQ(
-            inARow(game.encounter.monster.damage, game.player.armourValue, game.player.hitPoints),
-            inARow(dieAfter, armourAfter, 30 - dieAfter))
-            << "the blow is of the worn die";
+        EXPECT_EQ(game.encounter.monster.damage, dieAfter);
+        EXPECT_EQ(game.player.armourValue, armourAfter);
+        EXPECT_EQ(game.player.hitPoints, 30 - dieAfter) << "the blow is of the worn die";
     }
 }
