@@ -3,7 +3,7 @@
 
 constexpr RoomNumber castle = roomOf(Level::castle1, 1);
 
-TEST(RoomScreen, AnEncounterWithItsMenu) {
+TEST(RoomScreen, ShowsAnEncounterWithItsMenu) {
     beginCall();
     chance.script({4});
     // The misspelt colour and the "c", another "y", are this location's own.
@@ -16,16 +16,9 @@ TEST(RoomScreen, AnEncounterWithItsMenu) {
                            "{`r`F`R`)`W`lee to Towne|`r`}[menu areaone acyf]"));
     EXPECT_EQ(caller.times("Your Status"), 1);
     EXPECT_EQ(game.world.previousLocation, 99) << "flight from a fight notes nothing";
-
-    beginCall();
-    game.world.position(Level::castle1) = 9;
-    walk(castle, "y"); // in a level it is flight
-    EXPECT_EQ(game.world.position(Level::castle1), 1);
-    EXPECT_THAT(caller.screen, HasSubstr("<1>{ `W`}<Human Rabble>{|}{`r`Your HP"));
-    EXPECT_THAT(caller.screen, EndsWith("lee to Towne||`r`}[menu areaone ayf]"));
 }
 
-TEST(RoomScreen, DirectionsOfALocationAndOfALevel) {
+TEST(RoomScreen, ShowsTheDirectionsOfALocation) {
     beginCall(true);
     EXPECT_EQ(walk(5, "f"), "[clear]{||}{`r`Rattlehead Pathway 5|}{|}{`r`Directions`R`:||}"
                             "{`r`2`R`) `W`South|}{`r`7`R`) `W`North West|}"
@@ -33,6 +26,9 @@ TEST(RoomScreen, DirectionsOfALocationAndOfALevel) {
                             "{`r`H`R`)`W`ealing Shrine|`r`}{`r`S`R`)`W`earch Area|`red}"
                             "{`r`Y`R`)`W`our Status|`r`}{`r`F`R`)`W`lee to Towne|`r`}{|}"
                             "[menu areaone 2789shyf]");
+}
+
+TEST(RoomScreen, HasNoSearchInALevel) {
     beginCall(true);
     walk(roomOf(Level::castle1, 22), "yxdf"); // the status, the room anew, and on from there
     EXPECT_THAT(caller.screen, HasSubstr("[any key][clear]{||}{`r`Castle Level 1-22|}{|}{`r`Dir"));
@@ -41,53 +37,67 @@ TEST(RoomScreen, DirectionsOfALocationAndOfALevel) {
     EXPECT_EQ(game.world.position(Level::castle1), 1) << "the status led home from there too";
 }
 
+TEST(Room, StatusInALevelsFightIsFlight) {
+    beginCall();
+    game.world.position(Level::castle1) = 9;
+    EXPECT_THAT(walk(castle, "y"), EndsWith("lee to Towne||`r`}[menu areaone ayf]"));
+    EXPECT_TRUE(caller.saw("<1>{ `W`}<Human Rabble>{|}{`r`Your HP"));
+    EXPECT_EQ(game.world.position(Level::castle1), 1);
+}
+
 TEST(Room, DrawsAGroupThenTheKindThenTheMonster) {
     beginCall();
     chance.script({5, 3, 149, 7}); // group, kind, experience, damage
     walk(castle, "f");
-    const Monster& monster = game.encounter.monster;
-    EXPECT_EQ(inARow(game.encounter.monsterCount, monster.name, monster.experience),
-              "3 Human Bandit 150");
+    EXPECT_EQ(game.encounter.monsterCount, 3);
+    EXPECT_EQ(game.encounter.monster.name, "Human Bandit");
+    EXPECT_EQ(game.encounter.monster.experience, 150);
     EXPECT_THAT(chance.seededBefore, ElementsAre(0, 1, 3));
     EXPECT_EQ(game.encounter.groupActive, 0) << "only a location's roll sets it";
+}
 
-    beginCall(true); // no kind is drawn where nobody is set up
+TEST(Room, DrawsNoKindWhereItIsCleared) {
+    beginCall(true);
     walk(castle, "f");
     EXPECT_EQ(chance.drawn, 1);
+}
 
-    beginCall(true); // no group where the count is kept; an ambush needs no count
-    game.encounter.ambushPending = 1;
-    chance.script({9, 3, 4, 6}); // experience, two dice of damage, gold
+TEST(Room, DrawsNoGroupWhereTheCountIsKept) {
+    beginCall(true);
+    game.encounter.ambushPending = 1; // needs no count
+    chance.script({9});
     walk(roomOf(Level::mortuary1, 29), "f");
-    EXPECT_EQ(inARow(monster.name, monster.experience, monster.damage, monster.gold),
-              "Zombie 10 11 70");
-    EXPECT_THAT(chance.seededBefore, ElementsAre(1)) << "for the damage alone";
+    EXPECT_EQ(game.encounter.monster.name, "Zombie");
+    EXPECT_EQ(game.encounter.monster.experience, 10);
     EXPECT_FALSE(caller.saw("encountered"));
 }
 
-TEST(Room, TheStatusInAFightComesBackToTheSameWoundedMonsterButTheDeadAndTheTiredSeeNothing) {
+TEST(Room, DeadAndTiredSeeNothing) {
     for (std::int32_t* end : {&game.world.playerDead, &game.player.turnsLeft}) {
         beginCall();
         *end = *end == 0 ? 1 : 0;
         EXPECT_EQ(walk(7, ""), "");
-        EXPECT_EQ(inARow(game.world.currentLocation, game.encounter.groupActive), "7 1");
+        EXPECT_EQ(game.world.currentLocation, 7);
+        EXPECT_EQ(game.encounter.groupActive, 1);
     }
+}
+
+TEST(Room, StatusInAFightKeepsTheWoundedMonster) {
     beginCall();
     EXPECT_THAT(walk(30, "axyxf"), HasSubstr("<Kobold Skirmisher>{'s `r`HP`R`: `W`}"
                                              "<26>{`r`/`W`}<27>{|\n}"));
-    EXPECT_EQ(caller.times("Your Status"), 1);
     EXPECT_EQ(chance.drawn, 1 + 3 + 4 + 3) << "one group, one monster, one round, no more";
     EXPECT_EQ(game.encounter.monster.hitPoints, 0);
 }
 
-TEST(Room, ASearchFindsAChestByItsSecondDrawOnceAndShowsTheRoomAnewEachTime) {
+TEST(Room, SearchFindsAChestOnce) {
     beginCall(true);
     game.world.searched(2) = 0;
     game.player.level = 2;
     game.player.gold = 7;
-    chance.script({0, 999, 25 + 6, 4, 5});
+    chance.script({0, 999, 25 + 6, 4, 5}); // a group; nothing, the amount, two for the ambush
     walk(2, "sxsxf");
-    EXPECT_EQ(game.player.gold, 77);
+    EXPECT_EQ(game.player.gold, 7 + 70);
     EXPECT_THAT(caller.screen,
                 HasSubstr("{|`r`Searching area`R`...||}{`r`You found a treasure chest.||}{`W`}<70>"
                           "{ `R`gp`r`.||}{`r`Press any key!|}[key][clear]{||}{`r`F"));
@@ -102,23 +112,16 @@ TEST(Exits, LeaveTheTrailThatTheirRowsSay) {
         {56, "ef", 56}, {58, "ef", 99}, {castle, "82f", 99}, {castle, "l4f", 56}, {1, "f", 1}};
     for (const auto& [from, keys, trail] : cases) {
         beginCall(true);
-        game.encounter.monster.monsterReady = 1;
         walk(from, keys);
-        EXPECT_EQ(inARow(game.world.previousLocation, game.encounter.monster.monsterReady),
-                  inARow(trail, 0))
-            << keys;
+        EXPECT_EQ(game.world.previousLocation, trail) << keys;
     }
 }
 
-TEST(Exits, SomeLeadNowhereOrHome) {
+TEST(Exits, SomeLeadNowhere) {
     beginCall(true);
     walk(roomOf(Level::mortuary1, 14), "26f"); // "2" is refused, "6" does nothing
     EXPECT_THAT(caller.screen, HasSubstr(":||}{`r`6`R`) `W`East|}{|}"));
     EXPECT_THAT(caller.screen, EndsWith("{|}[menu areaone 6hyf][menu areaone 6hyf]"));
-
-    beginCall(true); // this one announces a flight
-    EXPECT_THAT(walk(1, "f"),
-                EndsWith("[menu areaone 846shyf]{||}{`r`Returning to Towne`R`...||}"));
 
     beginCall(true);
     walk(roomOf(Level::cavern1, 7), "exf");
@@ -127,28 +130,42 @@ TEST(Exits, SomeLeadNowhereOrHome) {
                                          "[any key][clear]"));
 }
 
-TEST(SpecialRooms, TheCastleGateTakesItsHiddenKeyInAVisitsFirstMenuOfAnActiveGroup) {
+TEST(Exits, ForestOneAnnouncesAFlight) {
+    beginCall(true);
+    game.encounter.monster.monsterReady = 1;
+    EXPECT_THAT(walk(1, "f"),
+                EndsWith("[menu areaone 846shyf]{||}{`r`Returning to Towne`R`...||}"));
+    EXPECT_EQ(game.encounter.monster.monsterReady, 0);
+}
+
+TEST(CastleGate, HiddenKeyGivesTheGroupUp) {
     beginCall();
     EXPECT_THAT(walk(56, "cf"), EndsWith("[menu areaone ayf]"));
-    EXPECT_EQ(inARow(game.encounter.groupActive, caller.times("Cedar River 56|")), "0 2");
+    EXPECT_EQ(game.encounter.groupActive, 0);
+    EXPECT_EQ(caller.times("Cedar River 56|"), 2);
     EXPECT_FALSE(caller.saw("Your Status")) << "he is on his way home";
+}
 
+TEST(CastleGate, HiddenKeyIsForAVisitsFirstMenu) {
     beginCall();
     chance.script({0, 0, 0, 0, 1}); // the first blow misses
     EXPECT_THAT(walk(56, "axcf"), HasSubstr("[menu areaone acyf]"));
-    EXPECT_EQ(game.encounter.groupActive, 1) << "refused from the second menu on";
+    EXPECT_EQ(game.encounter.groupActive, 1);
+}
 
-    beginCall(); // whoever dies in the room shown anew is not on his way home
+TEST(CastleGate, DeathBehindTheHiddenKeyIsNoWayHome) {
+    beginCall();
     game.session.characterFileName = testing::TempDir() + "no/such/place";
     game.player.hitPoints = 1;
     game.player.dexterity = 0;
     walk(56, "ca");
-    EXPECT_EQ(inARow(game.world.playerDead, game.world.leavingWorld), "1 0");
-    EXPECT_EQ(inARow(game.player.hitPoints, game.encounter.monster.maxHitPoints), "0 0");
+    EXPECT_EQ(game.world.playerDead, 1);
+    EXPECT_EQ(game.world.leavingWorld, 0);
+    EXPECT_EQ(game.player.hitPoints, 0);
 }
 
 // An ambush, which wins ties and pays silently, finds its monster inside.
-TEST(SpecialRooms, TheMortuarysEntranceShowsItsDirectionsWhoeverIsAlive) {
+TEST(MortuaryEntrance, ShowsDirectionsWhoeverIsAlive) {
     beginCall();
     game.encounter.monster.hitPoints = 9; // a trainer, left alive in the hall
     chance.script({0, 0, 24, 25, 5});
@@ -156,7 +173,7 @@ TEST(SpecialRooms, TheMortuarysEntranceShowsItsDirectionsWhoeverIsAlive) {
                 HasSubstr("{|`r`Searching area`R`...||}{You have been ambushed!||}"
                           "{`r`Press any key!|}[key][clear]{||}{`r`Underground Mortuary 26|}"));
     EXPECT_EQ(caller.times("{`r`E`R`)`W`nter Mortuary|}"), 2);
-    EXPECT_EQ(inARow(game.encounter.monster.name, game.encounter.ambushPending,
-                     game.encounter.groupActive, game.player.gold),
-              "Zombie Rotter 1 1 125");
+    EXPECT_EQ(game.encounter.monster.name, "Zombie Rotter");
+    EXPECT_EQ(game.encounter.ambushPending, 1);
+    EXPECT_EQ(game.player.gold, 125);
 }
