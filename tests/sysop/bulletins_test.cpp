@@ -4,7 +4,7 @@
 
 using nlohmann::json;
 
-TEST_F(Sysop, ScoresAreTheGamesBulletinsAndSafeOnTheWeb) {
+TEST_F(Sysop, ScoresAreTheGamesBulletins) {
     writeFile("scores.dat", "<b>Zo\x89\033[2J</b>#1500Ranger\nBjorn#900Wizard\n");
     EXPECT_EQ(told("scores"), "Morvek RPG Top Players:\n\n"
                               "Rank  Name                  Experience        Class\n"
@@ -21,7 +21,7 @@ TEST_F(Sysop, ScoresAreTheGamesBulletinsAndSafeOnTheWeb) {
     EXPECT_EQ(told("scores --json"), "[]\n");
 }
 
-TEST_F(Sysop, TheBoardIsShownWithoutColourCodesAndLostMessages) {
+TEST_F(Sysop, BoardHasNoColourCodesOrLostMessages) {
     std::string lost = storedText("lost");
     lost[4] = 21; // too long for the file
     writeFile("scroll.dat", storedText("Ar\bwen") + storedText("`red`R&D\x07`") +
@@ -32,7 +32,7 @@ TEST_F(Sysop, TheBoardIsShownWithoutColourCodesAndLostMessages) {
               json::parse(R"([{"author": "Arwen", "message": "R&D"}])"));
 }
 
-TEST_F(Sysop, TheNewsAreOfTodayOrOfTheDayAskedFor) {
+TEST_F(Sysop, NewsAreOfTodayOrTheDayAskedFor) {
     writeFile("111526.txt", "It's a new day!\n\rAl\033ice joined the game.\n\r");
     EXPECT_EQ(told("news"),
               "Morvek: News of 2026-11-15:\n\nIt's a new day!\nAlice joined the game.\n");
@@ -40,24 +40,26 @@ TEST_F(Sysop, TheNewsAreOfTodayOrOfTheDayAskedFor) {
     EXPECT_EQ(json::parse(told("news --date 111526 --json"))["lines"].size(), 2u);
 }
 
-TEST_F(Sysop, PlayersAreListedAndShownWhole) {
-    EXPECT_EQ(told("players"), "Nobody has a character yet.\n");
+TEST_F(Sysop, PlayersAreListed) {
     PlayerRecord zoe = character("Al\x89\033x", "Zo\x89\x7f");
     zoe.onlineFlag = 1;
     zoe.lastPlayedDay = 10226;
-    zoe.bankGold = 5e9;
-    for (const std::size_t word : {0U, 1U, 2U, 6U, 30U, (888U - 272U) / 4}) {
-        zoe.worldState[word] = 1;
-    }
     save({character("Bob", "Bjorn"), zoe});
-
     EXPECT_THAT(told("players"),
                 HasSubstr("  2  Al\u00EBx            Zo\u00EB             Ranger "
                           "      1           0          25  yes     2026-01-02\n"));
     EXPECT_EQ(json::parse(told("players --json"))[1], json::parse(R"({"number": 2,
         "ownerName": "Alëx", "name": "Zoë", "className": "Ranger", "level": 1, "experience": 0,
         "gold": 25, "online": true, "lastDay": "2026-01-02"})"));
+}
 
+TEST_F(Sysop, OnePlayerIsShownWhole) {
+    PlayerRecord zoe = character("Alice", "Zoe");
+    zoe.bankGold = 5e9;
+    for (const std::size_t word : {0U, 1U, 2U, 6U, 30U, (888U - 272U) / 4}) {
+        zoe.worldState[word] = 1;
+    }
+    save({character("Bob", "Bjorn"), zoe});
     EXPECT_THAT(told("show 2"), HasSubstr("5 of 76 places: 1-3, 7, 30\n"));
     EXPECT_THAT(told("show 2"),
                 HasSubstr("Castle Level 1                1 of 24 rooms cleared: 1\n"));

@@ -1,6 +1,6 @@
 #include "sysop/tool.h"
 
-TEST_F(Sysop, InitMakesAGameOnceAndNeverOverAnything) {
+TEST_F(Sysop, InitNeverOverwrites) {
     EXPECT_EQ(readFile("heal.ans"), readFile(MORVEK_MENUS_DIR "/heal.ans"));
     EXPECT_THAT(told("init . --board Another" + withMenus), StartsWith("1: "));
     EXPECT_THAT(told("init new --board X --menus /nowhere"), StartsWith("1: "));
@@ -13,7 +13,7 @@ TEST_F(Sysop, InitMakesAGameOnceAndNeverOverAnything) {
     EXPECT_EQ(readFile("new/morvek.cfg"), "Morvek\nZo\x89's\n.\n");
 }
 
-TEST_F(Sysop, TheGameIsFoundWhereTheConfigurationLeads) {
+TEST_F(Sysop, GameIsWhereTheConfigurationLeads) {
     save({character("Alice", "Arwen")});
     fs::create_directory("start");
     writeFile("start/morvek.cfg", "Morvek\nThe Board\n..\n");
@@ -24,7 +24,7 @@ TEST_F(Sysop, TheGameIsFoundWhereTheConfigurationLeads) {
     EXPECT_THAT(told("players --game start"), HasSubstr("no game found"));
 }
 
-TEST_F(Sysop, AWrongUsageIsToldAndAnswersTwo) {
+TEST_F(Sysop, WrongUsageAnswersTwo) {
     for (const char* line :
          {"", "frob", "players extra", "init x", "show", "offline", "offline 1 --all",
           "scores --json --html", "news --date 133126", "news --date ../a"}) {
