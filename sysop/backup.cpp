@@ -2,12 +2,8 @@
 
 #include "files/data_file.h"
 #include "sysop/failure.h"
-#include "sysop/tar_file.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <ctime>
 #include <tuple>
 
 namespace morvek {
@@ -15,8 +11,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view ending = ".tar";
 constexpr std::size_t stampLength = std::string_view("20261115-120000").size();
+
+struct SavedFile {
+    std::string name;
+    std::string content;
+};
 
 fs::path backupDirectory(const GameDirectory& home) {
     return (home.data / "backup").lexically_normal();
@@ -36,13 +36,13 @@ struct BackupName {
         if (number > 1) {
             name.append(".").append(std::to_string(number));
         }
-        return name.append(ending);
+        return name;
     }
 };
 
 BackupName parseName(const std::string& name) {
     BackupName parsed{name.substr(0, stampLength), 1};
-    if (name.size() > stampLength + ending.size() && name[stampLength] == '.') {
+    if (name.size() > stampLength && name[stampLength] == '.') {
         parsed.number = std::atoi(name.c_str() + stampLength + 1);
     }
     const bool digits = parsed.stamp.find_first_not_of("0123456789-") == std::string::npos;
@@ -63,62 +63,61 @@ std::vector<BackupName> backupsOf(const GameDirectory& home) {
     return names;
 }
 
-std::string newBackupFile(const GameDirectory& home) {
+void createDirectories(const fs::path& path) {
     std::error_code failed;
-    fs::create_directories(backupDirectory(home), failed);
+    fs::create_directories(path, failed);
     if (failed) {
-        throw Failure(backupDirectory(home).string() + " cannot be created: " + failed.message() +
+        throw Failure(path.string() + " cannot be created: " + failed.message() +
                       "; nothing was changed");
     }
+}
+
+fs::path newBackup(const GameDirectory& home) {
+    createDirectories(backupDirectory(home));
     BackupName name{localTime("%Y%m%d-%H%M%S"), 1};
     for (const BackupName& other : backupsOf(home)) {
         if (other.stamp == name.stamp) {
             name.number = other.number + 1;
         }
     }
-    return (backupDirectory(home) / name.text()).string();
+    return backupDirectory(home) / name.text();
 }
 
-void forgetOldest(const GameDirectory& home) {
+void removeOldest(const GameDirectory& home) {
     const std::vector<BackupName> names = backupsOf(home);
     for (std::size_t i = 0; i + backupsKept < names.size(); ++i) {
         std::error_code ignored;
-        fs::remove(backupDirectory(home) / names[i].text(), ignored);
+        fs::remove_all(backupDirectory(home) / names[i].text(), ignored);
     }
 }
 
-// The backup of that name, which may lie in the backup directory and lack its ending.
-std::string findBackup(const GameDirectory& home, const std::string& named) {
-    for (const fs::path& path : {fs::path(named), backupDirectory(home) / named,
-                                 backupDirectory(home) / (named + std::string(ending))}) {
-        if (fs::is_regular_file(path)) {
-            return path.string();
+// The backup of that name, which may lie in the backup directory.
+fs::path findBackup(const GameDirectory& home, const std::string& named) {
+    for (const fs::path& path : {fs::path(named), backupDirectory(home) / named}) {
+        if (fs::is_directory(path)) {
+            return path;
         }
     }
     throw Failure(named + ": no such backup; `backup --list` lists them");
 }
 
-std::vector<ArchivedFile> readBackup(const std::string& path) {
-    const std::optional<std::string> bytes = readWhole(path);
-    if (!bytes) {
-        throw Failure(path + " cannot be read: " + std::strerror(errno));
-    }
-    std::optional<std::vector<ArchivedFile>> files = readTar(*bytes);
-    if (!files) {
-        throw Failure(path + " is not a complete backup; nothing was changed");
-    }
-    for (const ArchivedFile& file : *files) {
-        if (!isDataFileName(file.name)) {
-            throw Failure(path + " contains \"" + file.name +
+std::vector<SavedFile> readBackup(const fs::path& path) {
+    const GameDirectory saved{path, path, {}};
+    std::vector<SavedFile> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path)) {
+        const std::string name = entry.path().filename().string();
+        if (!isDataFileName(name) || !entry.is_regular_file()) {
+            throw Failure(path.string() + " contains \"" + name +
                           "\", which is not a data file; nothing was changed");
         }
+        files.push_back({name, readData(saved, name)});
     }
-    return *files;
+    return files;
 }
 
-bool holds(const std::vector<ArchivedFile>& files, const std::string& name) {
+bool holds(const std::vector<SavedFile>& files, const std::string& name) {
     return std::any_of(files.begin(), files.end(),
-                       [&](const ArchivedFile& file) { return file.name == name; });
+                       [&](const SavedFile& file) { return file.name == name; });
 }
 
 void removeData(const GameDirectory& home, const std::string& name) {
@@ -128,9 +127,9 @@ void removeData(const GameDirectory& home, const std::string& name) {
     }
 }
 
-std::size_t playersIn(const std::vector<ArchivedFile>& files) {
+std::size_t playersIn(const std::vector<SavedFile>& files) {
     std::size_t players = 0;
-    for (const ArchivedFile& file : files) {
+    for (const SavedFile& file : files) {
         if (file.name == characterFileName) {
             const Characters characters = charactersIn(file.content);
             players = characters.size() - static_cast<std::size_t>(std::count_if(
@@ -146,39 +145,41 @@ std::string counted(std::size_t count, const std::string& what) {
 
 } // namespace
 
-std::string makeBackup(const GameDirectory& home, const std::string& file) {
-    if (!file.empty() && fs::exists(file)) {
-        throw Failure(file + " already exists");
+std::string makeBackup(const GameDirectory& home, const std::string& directory) {
+    if (!directory.empty() && fs::exists(directory)) {
+        throw Failure(directory + " already exists");
     }
-    std::vector<ArchivedFile> files;
-    for (const std::string& name : dataFiles(home)) {
-        files.push_back({name, readData(home, name)});
+    const fs::path path = directory.empty() ? newBackup(home) : fs::path(directory);
+    const fs::path staged = path.string() + ".new";
+    createDirectories(staged);
+    std::error_code failed;
+    try {
+        for (const std::string& name : dataFiles(home)) {
+            writeData({staged, staged, {}}, name, readData(home, name));
+        }
+        fs::rename(staged, path);
+    } catch (const std::exception& error) {
+        fs::remove_all(staged, failed);
+        throw Failure(std::string(error.what()) + "; nothing was changed");
     }
-    std::string path = file.empty() ? newBackupFile(home) : file;
-    if (const int error = replaceFile(path, tarOf(files, std::time(nullptr)))) {
-        throw Failure(path + " cannot be written: " + std::strerror(error) +
-                      "; nothing was changed");
+    if (directory.empty()) {
+        removeOldest(home);
     }
-    if (file.empty()) {
-        forgetOldest(home);
-    }
-    return path;
+    return path.string();
 }
 
-void backUp(const GameDirectory& home, std::ostream& out, const std::string& file) {
-    const std::string made = makeBackup(home, file);
+void backUp(const GameDirectory& home, std::ostream& out, const std::string& directory) {
+    const std::string made = makeBackup(home, directory);
     out << "Backup: " << made << '\n';
 }
 
 void listBackups(const GameDirectory& home, std::ostream& out) {
     const std::vector<BackupName> names = backupsOf(home);
     for (const BackupName& name : names) {
-        const std::string path = (backupDirectory(home) / name.text()).string();
-        const auto files = readTar(readWhole(path).value_or(std::string()));
-        out << path << "  "
-            << (files ? counted(files->size(), "file") + ", " + counted(playersIn(*files), "player")
-                      : "damaged")
-            << '\n';
+        const fs::path path = backupDirectory(home) / name.text();
+        const std::vector<SavedFile> files = readBackup(path);
+        out << path.string() << "  " << counted(files.size(), "file") << ", "
+            << counted(playersIn(files), "player") << '\n';
     }
     if (names.empty()) {
         out << "There are no backups yet.\n";
@@ -186,10 +187,13 @@ void listBackups(const GameDirectory& home, std::ostream& out) {
 }
 
 void restoreBackup(const GameDirectory& home, const std::string& named, std::ostream& out) {
-    const std::string path = findBackup(home, named);
-    const std::vector<ArchivedFile> files = readBackup(path);
+    const fs::path path = findBackup(home, named);
+    const std::vector<SavedFile> files = readBackup(path);
+    if (files.empty()) {
+        throw Failure(path.string() + " is empty; nothing was changed");
+    }
     backUp(home, out);
-    for (const ArchivedFile& file : files) {
+    for (const SavedFile& file : files) {
         writeData(home, file.name, file.content);
     }
     for (const std::string& name : dataFiles(home)) {
@@ -197,11 +201,11 @@ void restoreBackup(const GameDirectory& home, const std::string& named, std::ost
             removeData(home, name);
         }
     }
-    out << "Restored " << path << ": " << counted(files.size(), "file") << ", "
+    out << "Restored " << path.string() << ": " << counted(files.size(), "file") << ", "
         << counted(playersIn(files), "player") << ".\n";
 }
 
-void resetGame(const GameDirectory& home, std::ostream& out) {
+void beginSeason(const GameDirectory& home, std::ostream& out) {
     const std::vector<std::string> names = dataFiles(home);
     if (names.empty()) {
         out << "There is nothing to reset: nobody has played yet.\n";

@@ -170,8 +170,8 @@ private:
 
     void addBackupVerbs() {
         CLI::App* backup = addVerb("backup", "Back up the data files", [this] { backUpOrList(); });
-        backup->add_option("FILE", given.file,
-                           "The tar archive to write (default: one in backup/)");
+        backup->add_option("DIRECTORY", given.file,
+                           "The directory to make (default: one in backup/)");
         backup->add_flag("--list", given.list, "List the backups in backup/ instead");
         backup->footer("Backups in backup/ are named by date and time; the newest 50 are kept. "
                        "Every verb that\nchanges anything makes one first.");
@@ -179,12 +179,13 @@ private:
             refuseWhilePlayed(home(), given.force);
             restoreBackup(home(), given.file, out);
         });
-        restore->add_option("FILE", given.file, "The backup, or its name in backup/")->required();
+        restore->add_option("DIRECTORY", given.file, "The backup, or its name in backup/")
+            ->required();
         addForce(restore);
         CLI::App* reset = addVerb(
             "reset", "Start a new season: remove characters, board, scores and news", [this] {
                 refuseWhilePlayed(home(), given.force);
-                resetGame(home(), out);
+                beginSeason(home(), out);
             });
         reset->footer("The display files and morvek.cfg stay.");
         addForce(reset);

@@ -45,6 +45,7 @@ int openToRead(const std::string& path) {
     struct stat status {};
     if (descriptor >= 0 && (::fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode))) {
         ::close(descriptor);
+        errno = EISDIR;
         return -1;
     }
     return descriptor;
