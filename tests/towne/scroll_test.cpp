@@ -25,7 +25,7 @@ struct Board : InTemporaryDirectory {
     }
 };
 
-TEST_F(Board, FifteenCharactersLastAndSixteenLastForTheCall) {
+TEST_F(Board, SixteenCharactersLastForTheCall) {
     entries("wFifteen letters\rYc"); // and the missing board is created
     const std::string bytes = lastEntry("Arwen", "Fifteen letters");
     EXPECT_EQ(readFile("scroll.dat"), bytes + bytes);
@@ -39,36 +39,22 @@ TEST_F(Board, FifteenCharactersLastAndSixteenLastForTheCall) {
     EXPECT_EQ(entries("c"), shown("Arwen", "Fifteen letters"));
 }
 
-TEST_F(Board, TheEleventhMessagePushesTheFirstOffTheTopAndADeclinedOneWipesAll) {
+TEST_F(Board, EleventhMessagePushesTheFirstOff) {
     for (const char letter : std::string("abcdefghijk")) {
         entries(std::string("w") + letter + "\ryc");
     }
     game.scroll = {};
     EXPECT_THAT(entries("c"), StartsWith(shown("Arwen", "b") + shown("Arwen", "c")));
-    EXPECT_THROW(entries("wAgain\rn"), OutOfKeys); // the call breaks off at the menu that follows
+}
+
+TEST_F(Board, DeclinedMessageWipesTheBoard) {
+    entries("wHello\ryc");
+    EXPECT_THROW(entries("wAgain\rn"), OutOfKeys); // the call breaks off at the next menu
     EXPECT_EQ(readFile("scroll.dat").substr(0, 480), std::string(480, '\0'));
     EXPECT_EQ(entries("c"), "");
 }
 
-TEST_F(Board, AFileOfAnyLengthIsReadAsFarAsItGoes) {
-    Scroll full;
-    full.fill({"Bors", "I was here"});
-    const ScrollBytes image = scrollBytes(full);
-    for (const std::size_t length : {0U, 24U, 47U, 48U, 96U, 432U, 479U, 480U}) {
-        game.scroll.fill({"Cuthbert", "So was I"});
-        const std::string bytes(image.data(), length);
-        writeFile("scroll.dat", bytes);
-        entries("c");
-        const auto read = std::count_if(game.scroll.begin(), game.scroll.end(),
-                                        [](auto& entry) { return entry.message == "I was here"; });
-        EXPECT_EQ(read, (length + 1) / 48) << "a message's last byte is a zero at any rate";
-        const std::string after = readFile("scroll.dat");
-        EXPECT_EQ(after.size(), length + 480) << "the second copy begins where the reading ended";
-        EXPECT_EQ(after.substr(0, length), bytes);
-    }
-}
-
-TEST_F(Board, WhatCannotBeOpenedOrCreatedIsShownFromMemory) {
+TEST_F(Board, UnusableFileLeavesTheBoardInMemory) {
     fs::create_directory("scroll.dat");
     EXPECT_EQ(entries("wTo a directory\ryc"), shown("Arwen", "To a directory", "{||}"));
     fs::remove("scroll.dat");

@@ -9,56 +9,59 @@
 struct Tavern : InTemporaryDirectory {
     Tavern() {
         game.player = {.name = "Arwen", .className = "Ranger", .level = 3, .experience = 1500};
+        game.player.turnsPerDay = 20;
+    }
+
+    // What is said to these keys at the bar, until the drinks are shown again.
+    static std::string order(double gold, int turnsLeft, const std::string& keys) {
+        game.player.gold = gold;
+        game.player.turnsLeft = turnsLeft;
+        caller.visit(orderDrink, keys + "l ");
+        return caller.between("[menu drink 123l]", "[clear]");
     }
 };
 
-TEST_F(Tavern, EachDrinkHasItsPriceAndItsLimit) {
-    game.player.turnsPerDay = 20;
-    // Key, name, price, turns left with which it gives none, and what is said.
-    const Cases<std::string, std::string, int, int, std::string> drinks{
-        {"1", "Ale", 10, 20, "{You are feeling a little frisky.||}"},
-        {"2", "Brew", 25, 20, "{You are feeling a little lightheaded!||}"},
-        {"3", "Whiskey", 50, 17, "{Just one more...||}"}};
-    for (const auto& [key, name, price, limit, cheer] : drinks) {
-        const auto order = [&, &number = key](double gold, int turns, const std::string& keys) {
-            game.player.gold = gold;
-            game.player.turnsLeft = turns;
-            caller.visit(orderDrink, number + keys + "l ");
-            return caller.between("[menu drink 123l]", "[clear]") +
-                   std::to_string(game.player.turnsLeft);
-        };
-        const std::string question =
-            "{||}{`r`" + name + " for `W`" + std::to_string(price) + "`r` gold" + yesNo;
-        for (const int turns : {limit - 1, limit}) {
-            EXPECT_EQ(order(price, turns, "y"), question + cheer + std::to_string(limit));
-            EXPECT_EQ(game.player.gold, 0);
-        }
-        EXPECT_EQ(order(price, 5, "n "), question + "{||}{That's too bad.|}[key]5");
-        EXPECT_EQ(order(price - 1, 5, " "), "{||}{`W`You don't have enough gold.|}[key]5");
+TEST_F(Tavern, DrinkGivesATurnUpToADaysTurns) {
+    const std::string question = "{||}{`r`Brew for `W`25`r` gold" + yesNo;
+    for (const int turns : {19, 20}) {
+        EXPECT_EQ(order(25, turns, "2y"), question + "{You are feeling a little lightheaded!||}");
+        EXPECT_EQ(game.player.turnsLeft, 20);
+        EXPECT_EQ(game.player.gold, 0);
+    }
+    EXPECT_EQ(order(25, 5, "2n "), question + "{||}{That's too bad.|}[key]");
+    EXPECT_EQ(order(24, 5, "2 "), "{||}{`W`You don't have enough gold.|}[key]");
+    EXPECT_EQ(game.player.turnsLeft, 5);
+}
+
+TEST_F(Tavern, WhiskeyStopsThreeTurnsBelow) {
+    for (const int turns : {16, 17}) {
+        EXPECT_THAT(order(50, turns, "3y"), EndsWith("{Just one more...||}"));
+        EXPECT_EQ(game.player.turnsLeft, 17);
     }
 }
 
-TEST_F(Tavern, TheBarSavesTheCharacterOnTheWayOutAndARoomEndsTheGameWithoutSaving) {
+TEST_F(Tavern, MenuLeadsEverywhereAndTheBarSaves) {
     game.player.gold = 149;
-    game.session.currentSlot = 2; // not the caller's own
-    game.world.currentLocation = 9;
     caller.visit(visitTavern, "g tr lc y ol r");
     for (const char* shown : {"{||`r`Maybe another time...}[key]", "Training Hall", "lose Scroll",
                               "[any key]{|}[clear][clear]{`r`Tavern|}", "Order a Drink"}) {
         EXPECT_TRUE(caller.saw(shown)) << shown;
     }
-    const std::string saved = readFile("morchars.dat");
-    EXPECT_EQ(storedSlot(0).gold + 0, 149);
+    EXPECT_EQ(double{storedSlot(0).gold}, 149);
+}
+
+TEST_F(Tavern, RoomEndsTheGameWithoutSaving) {
     game.player.gold = 150;
-    caller.visit(visitTavern, "gnr");
-    EXPECT_EQ(game.player.gold, 150);
-    caller.visit(visitTavern, "gy ");
-    EXPECT_EQ(game.session.today, 111526);
+    game.session.currentSlot = 2; // not the caller's own
+    game.world.currentLocation = 9;
+    caller.visit(visitTavern, "gngy ");
+    EXPECT_TRUE(caller.saw("[answer YN][clear]{`r`Tavern|}")) << "after a no";
     EXPECT_EQ(game.roster.slots()[2].lastPlayedDay, 111526);
     EXPECT_EQ(game.world.currentLocation, 0);
-    EXPECT_EQ(game.player.name + game.scores.table[0].name, "");
+    EXPECT_EQ(game.player.name, "");
+    EXPECT_EQ(game.scores.table[0].name, "");
     EXPECT_EQ(readFile("scores.dat"), "Arwen#1500Ranger\n");
-    EXPECT_EQ(readFile("morchars.dat"), saved);
+    EXPECT_FALSE(fs::exists("morchars.dat"));
     EXPECT_THAT(caller.visit(visitTavern, "g"), EndsWith("otlrgy]"))
         << "who has a room is sent back to Towne";
 }

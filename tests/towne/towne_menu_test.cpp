@@ -8,41 +8,42 @@
 struct Towne : InTemporaryDirectory {
     Towne() {
         game.session.inGame = 1;
-        game.player = arwen;
+        game.player = {.name = "Arwen", .experience = 40, .hitPoints = 10, .maxHitPoints = 20};
         game.session.sessionStartExperience = 40;
     }
     static PlayerRecord& slot(std::size_t number) { return game.roster.slots()[number]; }
 
-    const Player arwen{.name = "Arwen", .experience = 40, .hitPoints = 10, .maxHitPoints = 20};
     const std::string hub = "[clear][menu townmenu fhwambtlyoqp]";
 };
 
-TEST_F(Towne, QuittingEntersNewExperienceAsAScoreAndDatesTheCallersSlot) {
+TEST_F(Towne, QuittingSavesAndEmptiesThePlayer) {
     game.scores.table[3].name = "Old";
     EXPECT_EQ(caller.visit(towneMenu, "qk"), hub + "{`W`Quit!|}{|}[any key]");
     EXPECT_EQ(slot(0).name.view(), "Arwen");
     EXPECT_EQ(slot(0).onlineFlag, 0U);
-    EXPECT_FALSE(fs::exists("scores.dat"));
-    EXPECT_EQ(game.player.name + game.scores.table[3].name, "");
-    EXPECT_EQ(game.player.hitPoints + game.session.inGame, 0);
+    EXPECT_FALSE(fs::exists("scores.dat")) << "he has no new experience";
+    EXPECT_EQ(game.scores.table[3].name, "");
+    EXPECT_EQ(game.player.name, "");
+    EXPECT_EQ(game.player.hitPoints, 0);
     EXPECT_EQ(game.player.maxHitPoints, 20) << "not among what is emptied";
-    game.player = arwen;
-    slot(0).ownerName.assign("Other"); // the caller's own slot counts, not the current number
+}
+
+TEST_F(Towne, NewExperienceIsAScoreAndDatesTheCallersSlot) {
+    slot(0).ownerName.assign("Other");
+    slot(1).ownerName.assign("Alice");
     game.session.sessionStartExperience = 39;
     caller.visit(towneMenu, "qk");
     EXPECT_EQ(readFile("scores.dat"), "Arwen#40\n");
-    EXPECT_EQ(game.session.today, 111526);
     EXPECT_EQ(slot(1).lastPlayedDay, 111526);
 }
 
-TEST_F(Towne, WhoComesDeadOrLosesHisLastHitPointLeavesWithoutAWord) {
+TEST_F(Towne, DeadAreStoredHealedAndSentAway) {
     game.player.hitPoints = 0;
     towneMenu();
-    EXPECT_EQ(slot(0).hitPoints, 0);
+    EXPECT_EQ(slot(0).hitPoints, 0) << "not dead, only out of hit points";
     game.world.playerDead = 1;
     towneMenu();
-    EXPECT_EQ(slot(0).hitPoints, 20) << "the dead are stored healed";
-    EXPECT_EQ(game.player.hitPoints, 0);
+    EXPECT_EQ(slot(0).hitPoints, 20);
     EXPECT_EQ(caller.screen, "");
     EXPECT_EQ(slot(0).onlineFlag, 1U) << "only quitting takes him off the list";
 }
@@ -57,12 +58,14 @@ TEST_F(Towne, EveryKeyLeadsToItsPlaceAndBack) {
     EXPECT_TRUE(caller.saw(hub + "[clear][clear]{`r`Player List|}"));
     EXPECT_TRUE(caller.saw("[any key]{|}" + hub + "[clear]{`r`Users currently on-line`R`:|}"));
     EXPECT_TRUE(caller.saw("{|`r`Enter player # to attack"));
-    game.player.hitPoints = 10;
+}
+
+TEST_F(Towne, WhoHasARoomStaysOutOfTheTavern) {
     game.session.roomRented = 1;
     EXPECT_THAT(caller.visit(towneMenu, "tqk"), StartsWith(hub + "{|}" + hub));
 }
 
-TEST_F(Towne, TheWayOutResumesWhereHeLeftAPlaceOnlyForWhoWasSentBack) {
+TEST_F(Towne, WayOutResumesOnlyForWhoWasSentBack) {
     game.player.turnsLeft = 5;
     game.world.words.fill(1);
     game.world.previousLocation = 3;
