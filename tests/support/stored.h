@@ -31,28 +31,3 @@ inline PlayerRecord storedSlot(std::size_t number) {
     readFile("morchars.dat").copy(bytes, sizeof record, number * sizeof record);
     return record;
 }
-
-// Begins a game with a player in whom every number differs, so that no two can be confused: his
-// are 100, 101, ... in the order of the list, the world's words 1000, 1001, ...
-inline void beginDistinctGame() {
-    resetGame();
-    Player& player = game.player;
-    player = {.name = "Arwen",
-              .className = "Ranger",
-              .gold = 5e9,
-              .bankGold = 6e10,
-              .weapon = "Club",
-              .armour = "Cloth"};
-    std::int32_t number = 100;
-    for (std::int32_t* field :
-         {&player.level, &player.experience, &player.experienceNeeded, &player.hitPoints,
-          &player.maxHitPoints, &player.strength, &player.constitution, &player.dexterity,
-          &player.intelligence, &player.wisdom, &player.charisma, &player.weaponNumber,
-          &player.armourNumber, &player.turnsLeft, &player.turnsPerDay, &player.reservedCounter,
-          &game.world.currentLocation}) {
-        *field = number++;
-    }
-    for (number = 1000; std::int32_t & word : game.world.words) {
-        word = number++;
-    }
-}
