@@ -5,7 +5,7 @@
 
 using DataFile = InTemporaryDirectory;
 
-TEST_F(DataFile, IsReplacedByAnotherFileAndKeepsItsMode) {
+TEST_F(DataFile, IsReplacedAndKeepsItsMode) {
     EXPECT_EQ(replaceFile("data", "first"), 0);
     fs::create_hard_link("data", "kept"); // the old content lives on under its other name
     ASSERT_EQ(::chmod("data", 0640), 0);
@@ -15,7 +15,7 @@ TEST_F(DataFile, IsReplacedByAnotherFileAndKeepsItsMode) {
     EXPECT_EQ(fs::status("data").permissions(), fs::perms{0640});
 }
 
-TEST_F(DataFile, ALinkIsFollowedAlsoToAFileNotThereYet) {
+TEST_F(DataFile, FollowsLinks) {
     fs::create_directories("store/deep");
     fs::create_symlink("deep/two", "store/one");
     fs::create_symlink("store/one", "data");
@@ -28,7 +28,7 @@ TEST_F(DataFile, ALinkIsFollowedAlsoToAFileNotThereYet) {
     EXPECT_EQ(replaceFile("circle", "never"), ELOOP);
 }
 
-TEST_F(DataFile, WhereNoTemporaryFileCanBeTheFileIsWrittenInPlace) {
+TEST_F(DataFile, IsWrittenInPlaceWithoutATemporaryFile) {
     writeFile("data", "a longer content", 0666);
     ASSERT_EQ(::chmod(".", 0555), 0);
     const AsNobody nobody;
@@ -37,7 +37,7 @@ TEST_F(DataFile, WhereNoTemporaryFileCanBeTheFileIsWrittenInPlace) {
     EXPECT_EQ(replaceFile("other", "nothing"), EACCES);
 }
 
-TEST_F(DataFile, WhatCannotBeWrittenIsLeftAlone) {
+TEST_F(DataFile, LeavesWhatCannotBeWritten) {
     fs::create_directory("directory");
     ASSERT_EQ(::mkfifo("pipe", 0666), 0);
     EXPECT_TRUE(readWhole("pipe")->empty());

@@ -1,8 +1,7 @@
-// The display files of every menu. A whole menu lists each of its keys once, as the letter before
-// a closing bracket, and ends with a prompt line that the cursor stays on. The others are shown
-// below a list that the game prints itself: they are that prompt line alone. The coloured file
-// says the words of the plain one, in any order, among art of bytes above 127; after byte 26 a
-// record of 128 bytes describes it to viewers.
+// The display files. A menu lists each of its keys once, as the letter before a closing bracket,
+// and ends with a prompt line that the cursor stays on; where the game prints the list itself, the
+// file is that line alone. The coloured file says the words of the plain one, in any order, among
+// art of bytes above 127; after byte 26 a record of 128 bytes describes it to viewers.
 #include "support/folder.h"
 
 #include <algorithm>
@@ -13,7 +12,7 @@
 
 namespace {
 
-// Colours that neither blink nor have a bright background, which some terminals take for blinking.
+// Leaves blinking and bright backgrounds, which some terminals take for blinking.
 std::string withoutColours(const std::string& text) {
     return std::regex_replace(text, std::regex("\x1b\\[(0|1|[34][0-7])(;(0|1|[34][0-7]))*m"), "");
 }
@@ -24,8 +23,7 @@ std::multiset<std::string> words(const std::string& text) {
     return {std::istream_iterator<std::string>(in), {}};
 }
 
-// The keys are sorted; there are none where the game prints the list itself. There are so many
-// lines at most: what the game prints above must stay on the screen.
+// The keys are sorted. `lines` leaves room for what the game prints above.
 void expectMenu(const std::string& text, const std::string& keys, int lines) {
     std::multiset<char> listed;
     for (std::size_t at = 0; (at = text.find(')', at + 1)) != std::string::npos;) {
@@ -42,22 +40,30 @@ void expectMenu(const std::string& text, const std::string& keys, int lines) {
 
 } // namespace
 
-TEST(Menus, FitTheScreenListTheirKeysAndSayTheSameInColour) {
-    for (const char* menu : {"intmenu 15 hqs", "clasmenu 22 12345678", "townmenu 22 abfhlopqtwy",
-                             "heal 14 aghr", "weapons 22 brsy", "armours 22 brsy", "command 1",
-                             "areaone 1", "tavern 1", "drink 1", "training 1"}) {
-        std::istringstream row(menu);
+TEST(Menus, FitTheScreenAndListTheirKeys) {
+    struct Menu {
         std::string name;
-        int lines = 0;
+        int lines;
         std::string keys;
-        row >> name >> lines >> keys;
+    };
+    for (const auto& [name, lines, keys] : std::vector<Menu>{{"intmenu", 15, "hqs"},
+                                                             {"clasmenu", 22, "12345678"},
+                                                             {"townmenu", 22, "abfhlopqtwy"},
+                                                             {"heal", 14, "aghr"},
+                                                             {"weapons", 22, "brsy"},
+                                                             {"armours", 22, "brsy"},
+                                                             {"command", 1, ""},
+                                                             {"areaone", 1, ""},
+                                                             {"tavern", 1, ""},
+                                                             {"drink", 1, ""},
+                                                             {"training", 1, ""}}) {
         SCOPED_TRACE(name);
         const std::string plain = readFile(MORVEK_MENUS_DIR "/" + name + ".asc");
         const std::string file = readFile(MORVEK_MENUS_DIR "/" + name + ".ans");
-        const std::string text = withoutColours(file.substr(0, file.find('\x1a')));
+        const std::string coloured = withoutColours(file.substr(0, file.find('\x1a')));
         expectMenu(plain, keys, lines);
-        expectMenu(text, keys, lines);
-        EXPECT_EQ(words(text), words(plain));
+        expectMenu(coloured, keys, lines);
+        EXPECT_EQ(words(coloured), words(plain));
         EXPECT_EQ(file.find("\x1aSAUCE00"), file.size() - 129);
     }
 }

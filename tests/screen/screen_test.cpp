@@ -2,7 +2,7 @@
 
 #include "support/game_test.h"
 
-TEST(Screen, SaysTextsAndMoneyOfAnyLengthWhole) {
+TEST(Screen, SaysLongTextsWhole) {
     newCall();
     for (const std::size_t length : {509U, 510U, 2000U}) {
         const std::string text(length, 'x');
