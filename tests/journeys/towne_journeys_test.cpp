@@ -21,51 +21,36 @@ struct TowneJourney : InTemporaryDirectory {
         change(game.roster.slots()[0]);
         writeFile("morchars.dat", rosterBytes());
     }
-
-    // Rounds in which weapon and armour roll 3, the player hits for 4 and the opponent misses, and
-    // one that the opponent does not outlive.
-    static void addFight(std::deque<int>& draws, int rounds) {
-        for (int round = 1; round < rounds; ++round) {
-            draws.insert(draws.end(), {2, 2, 0, 0, 3, 0, 1, 0});
-        }
-        draws.insert(draws.end(), {2, 2, 0, 0, 3});
-    }
 };
 
-// From creation to level 7 through six trainers, one a call; there is no eighth level.
-TEST_F(TowneJourney, ThroughTheTrainersToLevelSeven) {
+TEST_F(TowneJourney, TrainerAtTheTavern) {
     call("Alice", "SArwen\ry4kqkkQ");
-    int level = 0;
-    for (const int need : {1000, 2250, 3750, 5500, 7500, 10000, 13000}) {
-        ++level;
-        meanwhile([&](PlayerRecord& arwen) {
-            EXPECT_EQ(inARow(arwen.level, arwen.experienceNeeded, arwen.maxHitPoints),
-                      inARow(level, need, 12 + 3 * level));
-            arwen.experience = arwen.experienceNeeded;
-        });
-        const int rounds = (5 * level + 5 + 3) / 4;
-        std::deque<int> draws(level == 1 ? 1 : 2, 0); // the trainer's damage
-        addFight(draws, rounds);
-        const std::string gained = level == 6 ? "kk" : "k"; // the last gain, and the note
-        call("Alice", "Skttttt" + times(rounds - 1, "ak") + "a" + gained + "rrrqkkQ", draws);
-        EXPECT_EQ(caller.saw("`r`Congratulations!"), level < 7);
-        EXPECT_EQ(caller.saw("`r`Future levels will be added later."), level >= 6);
-    }
-    EXPECT_EQ(inARow(storedSlot(0).level, storedSlot(0).strength), "7 21");
+    meanwhile([](PlayerRecord& arwen) {
+        arwen.experience = 1000;
+        arwen.dexterity = 20;
+    });
+    // The damage of the first trainer; each round the kit, 4 points, and a miss in return.
+    call("Alice", "SktttttakakakrrrqkkQ",
+         {0, 2, 2, 0, 0, 3, 0, 1, 0, 2, 2, 0, 0, 3, 0, 1, 0, 2, 2, 0, 0, 3});
+    EXPECT_TRUE(caller.saw("`r`Congratulations!"));
+    EXPECT_EQ(storedSlot(0).level, 2);
+    EXPECT_EQ(storedSlot(0).maxHitPoints, 15 + 3);
 }
 
-// The second caller attacks and robs the first. His possessions then stand in the first slot,
-// under the first caller's name, and the money that he took is counted in both.
-TEST_F(TowneJourney, TheSecondCallerRobsTheFirst) {
+// The second caller robs the first. His possessions then stand in the first slot, under the first
+// caller's name, and the money that he took is counted in both.
+TEST_F(TowneJourney, SecondCallerRobsTheFirst) {
     call("Alice", "SArwen\ry4kqkkQ");
-    meanwhile([](PlayerRecord& arwen) { arwen.gold = 500; });
-    std::deque<int> draws(24, 5);      // of his creation
-    draws.insert(draws.end(), {0, 0}); // the opponent's damage, drawn twice
-    addFight(draws, 4);
-    call("Bob", "SBoromir\ry2kp1\ryakakakakqkkQ", draws);
+    meanwhile([](PlayerRecord& arwen) {
+        arwen.gold = 500;
+        arwen.hitPoints = 1;
+    });
+    std::deque<int> draws(24, 5); // Boromir's abilities, 18 each; the rest is 0
+    call("Bob", "SBoromir\ry2kp1\ryakqkkQ", draws);
     EXPECT_TRUE(caller.saw("{`r`You took `W`}<500>{ `R`gold `r`from `W`}<Arwen>{`r`!}"));
-    const PlayerRecord first = storedSlot(0);
-    EXPECT_EQ(inARow(first.name.view(), first.gold, first.hitPoints, first.strength),
-              "Arwen 500 33 18");
-    EXPECT_EQ(inARow(storedSlot(1).name.view(), storedSlot(1).gold), "Boromir 500");
+    EXPECT_EQ(storedSlot(0).name.view(), "Arwen");
+    EXPECT_EQ(double{storedSlot(0).gold}, 500);
+    EXPECT_EQ(storedSlot(0).strength, 18);
+    EXPECT_EQ(storedSlot(1).name.view(), "Boromir");
+    EXPECT_EQ(double{storedSlot(1).gold}, 500);
 }
