@@ -1,5 +1,4 @@
-// What every test of the game begins with: its state, its caller, its chance, and the words to
-// talk about them.
+// What every test of the game includes: its state, the scripted caller, chance, and matchers.
 #pragma once
 
 #include "state/game_state.h"
@@ -7,7 +6,6 @@
 
 #include <gmock/gmock.h>
 
-#include <sstream>
 #include <tuple>
 
 using namespace morvek;
@@ -21,16 +19,7 @@ using testing::StartsWith;
 template <typename... Columns>
 using Cases = std::vector<std::tuple<Columns...>>;
 
-// The same keys so often.
+// The keys, repeated.
 inline std::string times(int count, const std::string& keys) {
     return count > 0 ? keys + times(count - 1, keys) : "";
-}
-
-// The values as one text, with blanks between them.
-template <typename First, typename... More>
-std::string inARow(First first, More... more) {
-    std::ostringstream row;
-    row << first;
-    ((row << ' ' << more), ...);
-    return row.str();
 }

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int patience = 1400; // milliseconds
+constexpr int timeout = 1400; // milliseconds
 
 void require(bool condition) {
     if (!condition) {
@@ -54,7 +54,7 @@ pid_t startChild(const Child& child, int input, int output, int errors, bool con
 int waitForEnd(pid_t child) {
     int status = 0;
     for (int waited = 0; waitpid(child, &status, WNOHANG) == 0; ++waited) {
-        if (waited == patience) {
+        if (waited == timeout) {
             kill(child, SIGKILL);
             waitpid(child, &status, 0);
             return -1;
@@ -121,8 +121,7 @@ std::string Call::until(const std::string& text) const {
     std::array<char, 4096> buffer;
     pollfd line{end, POLLIN, 0};
     ssize_t count = 1;
-    while (shown.find(text) == std::string::npos && count > 0 &&
-           poll(&line, 1, 5 * patience) == 1) {
+    while (shown.find(text) == std::string::npos && count > 0 && poll(&line, 1, 5 * timeout) == 1) {
         count = read(end, buffer.data(), buffer.size());
         shown.append(buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
     }

@@ -1,6 +1,6 @@
-// A caller who types what the test says and keeps what he saw, at dice that fall as it says. His
-// od_... functions take the place of the door toolkit's; it is always noon, in UTC, of 15 November
-// 2026.
+// Replaces the door toolkit by a caller who types the test's keys and keeps what he saw, and chance
+// by the test's draws. The time is always noon, in UTC, of 15 November 2026. tests/README.md
+// describes the notation.
 #pragma once
 
 #include <deque>
@@ -21,22 +21,16 @@ struct CallEnded {
 };
 
 struct ScriptedCaller {
-    std::string keys; // still to be typed; '\r' ends a line
+    std::string keys;   // still to be typed; '\r' ends a line
+    std::string screen; // all that the game said and did
 
-    // All that the program said and did, in a row: {a text with colours} <a value shown as it is>
-    // [anything else], such as [clear], [key], [menu NAME KEYS], [answer OPTIONS],
-    // [line LONGEST LOWEST HIGHEST INITIAL], and [any key] for "Press any key!" in red and the wait
-    // for one. In a text "|" stands for "\n\r", and `r`, `R` and `W` for the colours `red`,
-    // `bright red` and `bright white`.
-    std::string screen;
-
-    // Forgets what was seen, and types these keys from now on.
+    // Forgets the screen, and types these keys from now on.
     void type(std::string_view newKeys) {
         keys = newKeys;
         screen.clear();
     }
 
-    // Types these keys in a place of the game until it is left; what he saw there.
+    // Runs a place of the game with these keys until it returns; what was seen there.
     const std::string& visit(const std::function<void()>& place, std::string_view newKeys = {}) {
         type(newKeys);
         place();
@@ -47,7 +41,7 @@ struct ScriptedCaller {
     [[nodiscard]] int times(std::string_view what) const;
     [[nodiscard]] bool saw(std::string_view what) const { return times(what) > 0; }
 
-    // The screen behind the first such text, up to the one that follows it.
+    // The screen between the first such texts; "nowhere" without the first.
     [[nodiscard]] std::string between(std::string_view from, std::string_view to) const;
 };
 

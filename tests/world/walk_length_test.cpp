@@ -29,7 +29,7 @@ char nextKey() {
 
 } // namespace
 
-TEST(WalkLength, AStepCostsFewBytesAndTheWayHomeIsShort) {
+TEST(WalkLength, StepsCostFewBytesAndLittleTime) {
     resetGame();
     game.player.turnsLeft = 30;
     game.world.words.fill(1);
