@@ -4,8 +4,7 @@
 //
 // The time is when the call began. A line is appended in one write, so those of several nodes do
 // not mix.
-#ifndef ODOORS_CALL_LOG_H
-#define ODOORS_CALL_LOG_H
+#pragma once
 
 #include <string>
 #include <string_view>
@@ -38,5 +37,3 @@ void logEnd(std::string_view how);
 void logStartupError(std::string_view reason);
 
 } // namespace odoors
-
-#endif

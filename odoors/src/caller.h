@@ -1,5 +1,4 @@
-#ifndef ODOORS_CALLER_H
-#define ODOORS_CALLER_H
+#pragma once
 
 #include <cstdint>
 #include <optional>
@@ -45,5 +44,3 @@ Caller resolveCaller(const Options& options, const std::optional<DropFile>& file
                      const Streams& streams);
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_CHARSET_H
-#define ODOORS_CHARSET_H
+#pragma once
 
 namespace odoors {
 
@@ -10,5 +9,3 @@ enum class Charset { cp437, utf8 };
 Charset charsetOfEnvironment();
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_CLOCK_H
-#define ODOORS_CLOCK_H
+#pragma once
 
 #include <cstdint>
 #include <ctime>
@@ -49,5 +48,3 @@ private:
 };
 
 } // namespace odoors
-
-#endif

@@ -6,8 +6,7 @@
 // "dark" and "flashing", then the foreground, then perhaps "on" and the background. A code sets
 // the whole attribute: without "on" the background is black, without "bright" the foreground is
 // dark. Words in any other form set nothing.
-#ifndef ODOORS_COLOUR_CODES_H
-#define ODOORS_COLOUR_CODES_H
+#pragma once
 
 #include <optional>
 #include <string>
@@ -31,5 +30,3 @@ std::optional<Attribute> readColourCode(std::string_view words);
 std::string ansiSequence(const Attribute& attribute);
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_CONNECTION_H
-#define ODOORS_CONNECTION_H
+#pragma once
 
 #include <memory>
 #include <optional>
@@ -53,5 +52,3 @@ private:
 };
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_DISPLAY_FILE_H
-#define ODOORS_DISPLAY_FILE_H
+#pragma once
 
 #include <string>
 #include <string_view>
@@ -12,5 +11,3 @@ namespace odoors {
 std::string_view readDisplayFile(const std::string& name, bool ansi);
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_DROP_FILE_H
-#define ODOORS_DROP_FILE_H
+#pragma once
 
 #include <cstdint>
 #include <optional>
@@ -39,5 +38,3 @@ DropFile readBbsdevFile(const std::string& path);
 DropFile parseDropFile(const std::string& path, std::string_view bytes);
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_FILES_H
-#define ODOORS_FILES_H
+#pragma once
 
 #include <optional>
 #include <string>
@@ -20,5 +19,3 @@ bool isDirectory(const std::string& path);
 std::string lastPart(const std::string& path);
 
 } // namespace odoors
-
-#endif

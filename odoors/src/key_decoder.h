@@ -11,8 +11,7 @@
 //
 // From a terminal that shows UTF-8 a character comes as its CP437 byte, or as otherKey when CP437
 // has none.
-#ifndef ODOORS_KEY_DECODER_H
-#define ODOORS_KEY_DECODER_H
+#pragma once
 
 #include <deque>
 #include <string>
@@ -74,5 +73,3 @@ private:
 };
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_LINE_INPUT_H
-#define ODOORS_LINE_INPUT_H
+#pragma once
 
 #include <cstddef>
 
@@ -14,5 +13,3 @@ void editLine(Session& session, char* text, std::size_t longest, unsigned char l
               unsigned char most);
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_OPTIONS_H
-#define ODOORS_OPTIONS_H
+#pragma once
 
 #include <cstdint>
 #include <optional>
@@ -37,5 +36,3 @@ void readOptions(std::span<const char* const> arguments, Options& options);
 extern const char* const usage;
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_OUTPUT_H
-#define ODOORS_OUTPUT_H
+#pragma once
 
 #include <optional>
 #include <string>
@@ -71,5 +70,3 @@ private:
 };
 
 } // namespace odoors
-
-#endif

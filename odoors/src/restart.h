@@ -1,5 +1,4 @@
-#ifndef ODOORS_RESTART_H
-#define ODOORS_RESTART_H
+#pragma once
 
 #include "options.h"
 
@@ -10,5 +9,3 @@ namespace odoors {
 void restart(const Options& options);
 
 } // namespace odoors
-
-#endif

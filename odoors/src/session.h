@@ -1,5 +1,4 @@
-#ifndef ODOORS_SESSION_H
-#define ODOORS_SESSION_H
+#pragma once
 
 #include <string>
 #include <string_view>
@@ -75,5 +74,3 @@ private:
 };
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_STARTUP_ERROR_H
-#define ODOORS_STARTUP_ERROR_H
+#pragma once
 
 #include <string>
 
@@ -11,5 +10,3 @@ struct StartupError {
 };
 
 } // namespace odoors
-
-#endif

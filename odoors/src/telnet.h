@@ -1,5 +1,4 @@
-#ifndef ODOORS_TELNET_H
-#define ODOORS_TELNET_H
+#pragma once
 
 #include <memory>
 #include <string>
@@ -40,5 +39,3 @@ private:
 };
 
 } // namespace odoors
-
-#endif

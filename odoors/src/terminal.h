@@ -1,5 +1,4 @@
-#ifndef ODOORS_TERMINAL_H
-#define ODOORS_TERMINAL_H
+#pragma once
 
 #include "call_log.h"
 #include "clock.h"
@@ -29,5 +28,3 @@ bool sessionSignalled();
 void endAfter(Milliseconds span, const Ending& ending);
 
 } // namespace odoors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ODOORS_TEXT_H
-#define ODOORS_TEXT_H
+#pragma once
 
 #include <cstdint>
 #include <optional>
@@ -23,5 +22,3 @@ std::string_view withoutTrailingBlanks(std::string_view text);
 std::optional<std::int64_t> readNumber(std::string_view text);
 
 } // namespace odoors
-
-#endif
