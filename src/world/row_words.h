@@ -14,37 +14,14 @@ constexpr Exit compass(char key, int to, Sign sign) {
     return {.key = key, .to = static_cast<RoomNumber>(to), .sign = sign};
 }
 
-constexpr Exit n(int to) {
-    return compass('8', to, Sign::north);
-}
-
-constexpr Exit s(int to) {
-    return compass('2', to, Sign::south);
-}
-
-constexpr Exit w(int to) {
-    return compass('4', to, Sign::west);
-}
-
-constexpr Exit e(int to) {
-    return compass('6', to, Sign::east);
-}
-
-constexpr Exit nw(int to) {
-    return compass('7', to, Sign::northWest);
-}
-
-constexpr Exit ne(int to) {
-    return compass('9', to, Sign::northEast);
-}
-
-constexpr Exit sw(int to) {
-    return compass('1', to, Sign::southWest);
-}
-
-constexpr Exit se(int to) {
-    return compass('3', to, Sign::southEast);
-}
+constexpr auto n = [](int to) { return compass('8', to, Sign::north); };
+constexpr auto s = [](int to) { return compass('2', to, Sign::south); };
+constexpr auto w = [](int to) { return compass('4', to, Sign::west); };
+constexpr auto e = [](int to) { return compass('6', to, Sign::east); };
+constexpr auto nw = [](int to) { return compass('7', to, Sign::northWest); };
+constexpr auto ne = [](int to) { return compass('9', to, Sign::northEast); };
+constexpr auto sw = [](int to) { return compass('1', to, Sign::southWest); };
+constexpr auto se = [](int to) { return compass('3', to, Sign::southEast); };
 
 constexpr Exit noTrail(Exit exit) {
     exit.trail = Trail::none;
