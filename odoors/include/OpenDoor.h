@@ -65,7 +65,9 @@ char od_get_key(int wait);
 /* Waits for one of the options, in either case, and returns it as it stands in them. */
 char od_get_answer(const char* options);
 
-/* Edits one line in text, which holds maxLength + 1 bytes and starts as the field's content. */
+/* Edits one line in text, which has room for maxLength bytes and a NUL. The text that is in it is
+ * shown: the first printable key replaces it, a backspace keeps the rest of it, Return takes it as
+ * it is. Only printable keys from min to max enter the text. */
 void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max);
 
 /* Shows the display file name.ans or name.asc, unless a hot key is already typed, and waits for

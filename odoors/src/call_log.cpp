@@ -11,7 +11,6 @@
 #include <fcntl.h>
 #include <sys/uio.h>
 
-#include "charset.h"
 #include "clock.h"
 #include "startup_error.h"
 #include "text.h"
@@ -38,10 +37,9 @@ std::string localDate() {
 }
 
 std::string plainUtf8(std::string_view cp437) {
-    std::string text;
-    text::appendAsUtf8(text, cp437);
-    std::erase_if(text, isControl);
-    return text;
+    std::string utf8;
+    text::appendAsUtf8(utf8, cp437);
+    return text::withoutControls(utf8);
 }
 
 iovec part(std::string_view text) {

@@ -1,6 +1,8 @@
 #include "caller.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <string_view>
 
 #include <fcntl.h>
 #include <pwd.h>
@@ -9,6 +11,7 @@
 
 #include "clock.h"
 #include "startup_error.h"
+#include "text.h"
 #include "text/cp437.h"
 
 namespace odoors {
@@ -45,6 +48,22 @@ std::string loginName() {
     return entry != nullptr ? entry->pw_name : "";
 }
 
+// What the environment says of the terminal that this process was started from.
+Charset charsetOfEnvironment() {
+    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char* value = std::getenv(name);
+        if (value == nullptr || *value == 0) {
+            continue;
+        }
+        std::string_view codeset(value);
+        codeset.remove_prefix(std::min(codeset.size(), codeset.find('.') + 1));
+        codeset = codeset.substr(0, codeset.find('@'));
+        const bool utf8 = sameLetters(codeset, "UTF-8") || sameLetters(codeset, "UTF8");
+        return utf8 ? Charset::utf8 : Charset::cp437;
+    }
+    return Charset::cp437;
+}
+
 bool isOpenSocket(int descriptor) {
     struct stat status {};
     return descriptor > 0 && fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode);
@@ -56,26 +75,21 @@ int socketOf(const Options& options, const std::optional<DropFile>& file) {
 
 // Boards name sockets that are none, and, in drop files, sockets beside a terminal that they have
 // set up for the door: then the caller is at standard input and output.
-Route actualRoute(const Options& options, const std::optional<DropFile>& file,
-                  const Streams& streams) {
-    if (options.standardStreams || options.local) {
-        return Route::standardStreams;
-    }
+Route findRoute(const Options& options, const std::optional<DropFile>& file,
+                const Streams& streams) {
     Route route = options.handle ? Route::socket : file ? file->route : Route::standardStreams;
     const bool setUpByBoard = streams.inputIsTerminal && !options.handle;
-    if (route == Route::socket && (setUpByBoard || !isOpenSocket(socketOf(options, file)))) {
+    if (options.standardStreams || options.local ||
+        (route == Route::socket && (setUpByBoard || !isOpenSocket(socketOf(options, file))))) {
         route = Route::standardStreams;
     }
-    return route;
-}
-
-void checkRoute(Route route, const Streams& streams) {
     if (route == Route::unreachable) {
         throw StartupError{"cannot reach the caller: serial lines are not supported; see -STDIO"};
     }
     if (route == Route::standardStreams && !streams.open) {
         throw StartupError{"cannot reach the caller: standard input or output is closed"};
     }
+    return route;
 }
 
 // Names that come from the command line and the login are in the character set of the terminal.
@@ -130,8 +144,7 @@ Caller findCaller(const Options& options, const Streams& streams) {
 
 Caller resolveCaller(const Options& options, const std::optional<DropFile>& file,
                      const Streams& streams) {
-    const Route route = actualRoute(options, file, streams);
-    checkRoute(route, streams);
+    const Route route = findRoute(options, file, streams);
     const bool local = !file && !options.handle;
     DropFile usual;
     usual.secondsLeft = defaultMinutes * secondsPerMinute;

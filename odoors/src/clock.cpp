@@ -7,7 +7,6 @@ namespace odoors {
 
 namespace {
 
-constexpr Milliseconds perSecond = 1000;
 constexpr std::int64_t mostMinutesShown = 32767;
 constexpr std::array warnings{1, 5};
 

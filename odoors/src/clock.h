@@ -9,6 +9,8 @@ namespace odoors {
 // A moment or a span in milliseconds; moments count from an arbitrary start.
 using Milliseconds = std::int64_t;
 
+constexpr Milliseconds perSecond = 1000;
+
 constexpr std::int64_t secondsPerMinute = 60;
 
 constexpr Milliseconds never = std::numeric_limits<Milliseconds>::max();

@@ -26,9 +26,6 @@ bool isTransient(int error) {
 
 } // namespace
 
-Connection::Connection(int socket)
-    : input_(socket), output_(socket), telnet_(std::make_unique<Telnet>()) {}
-
 Connection::Event Connection::read(std::string& bytes, Milliseconds timeout) {
     if (lost_) {
         return Event::lost;
@@ -110,11 +107,6 @@ void Connection::writeAtParting(std::string_view bytes) {
 
 bool Connection::isInteractive() const {
     return telnet_ || (isatty(input_) == 1 && isatty(output_) == 1);
-}
-
-Connection::Event Connection::markLost() {
-    lost_ = true;
-    return Event::lost;
 }
 
 } // namespace odoors

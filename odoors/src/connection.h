@@ -18,7 +18,8 @@ public:
     Connection() = default;
 
     // The caller has a telnet program at the other end of the socket.
-    explicit Connection(int socket);
+    explicit Connection(int socket)
+        : input_(socket), output_(socket), telnet_(std::make_unique<Telnet>()) {}
 
     enum class Event { bytes, nothing, lost };
 
@@ -39,7 +40,10 @@ public:
     bool isInteractive() const;
 
 private:
-    Event markLost();
+    Event markLost() {
+        lost_ = true;
+        return Event::lost;
+    }
     Event receive(std::string_view fromLine, std::string& bytes);
     bool writeRaw(std::string_view bytes);
     bool outputIsApart();

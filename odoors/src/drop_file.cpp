@@ -235,10 +235,9 @@ void readBbsdev(const Lines& lines, DropFile& file) {
 }
 
 struct Kind {
-    const char* fileName; // a star stands for the node
+    const char* pattern; // of the file's name
     std::size_t linesNeeded;
     void (*read)(const Lines& lines, DropFile& file);
-    bool sought = true; // whether a directory is searched for it
 
     DropFile parse(const std::string& path, std::string_view bytes) const {
         DropFile file;
@@ -247,9 +246,7 @@ struct Kind {
     }
 };
 
-constexpr Kind bbsdev{"BBSDEV.DRP", 19, readBbsdev, false};
-
-// In the order in which they are looked for.
+constexpr Kind bbsdev{"BBSDEV.DRP", 19, readBbsdev};
 constexpr std::array kinds{Kind{"DOOR32.SYS", 11, readDoor32}, Kind{"DOOR.SYS", 31, readDoorSys},
                            Kind{"DORINFO*.DEF", 12, readDorinfo}, Kind{"CHAIN.TXT", 32, readChain},
                            bbsdev};
@@ -262,28 +259,12 @@ std::string readBytes(const std::string& path) {
     return *std::move(bytes);
 }
 
-// The path of a file of the kind in the directory, with the node's number or else with 1.
-std::optional<std::string> findInDirectory(const std::string& directory, const Kind& kind,
-                                           int node) {
-    std::optional<std::string> found;
-    for (const int number : {node, 1}) {
-        std::string name = kind.fileName;
-        if (const std::size_t star = name.find('*'); star != std::string::npos) {
-            name.replace(star, 1, std::to_string(number));
-        }
-        if (kind.sought && !found) {
-            found = findFile((directory + '/').append(name));
-        }
-    }
-    return found;
-}
-
 } // namespace
 
 DropFile parseDropFile(const std::string& path, std::string_view bytes) {
     const std::string name = lastPart(path);
     for (const Kind& kind : kinds) {
-        if (fnmatch(kind.fileName, name.c_str(), FNM_CASEFOLD) == 0) {
+        if (fnmatch(kind.pattern, name.c_str(), FNM_CASEFOLD) == 0) {
             return kind.parse(path, bytes);
         }
     }
@@ -295,9 +276,11 @@ std::optional<DropFile> readDropFile(const std::string& path, int node) {
         const std::string found = findFile(path).value_or(path);
         return parseDropFile(found, readBytes(found));
     }
-    for (const Kind& kind : kinds) {
-        if (const auto found = findInDirectory(path, kind, node)) {
-            return kind.parse(*found, readBytes(*found));
+    const std::string dorinfo = "DORINFO" + std::to_string(node) + ".DEF";
+    for (const char* name :
+         {"DOOR32.SYS", "DOOR.SYS", dorinfo.c_str(), "DORINFO1.DEF", "CHAIN.TXT"}) {
+        if (const auto found = findFile((path + '/').append(name))) {
+            return parseDropFile(*found, readBytes(*found));
         }
     }
     return std::nullopt;

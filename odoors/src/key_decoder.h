@@ -40,9 +40,6 @@ public:
     // Nothing followed the escape at once: it is a key of its own.
     void settleEscape();
 
-    // The input is at its end: an escape is a key, a sequence that is cut short is none.
-    void finish() { settleEscape(); }
-
     // Removes and returns the next key; 0 when there is none.
     char pop();
 

@@ -5,12 +5,13 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "display_file.h"
-#include "line_input.h"
+#include "key_decoder.h"
 #include "options.h"
 #include "restart.h"
 #include "session.h"
@@ -44,9 +45,8 @@ void prepareProcess() {
 }
 
 // A reason may quote an option, into which a board may have put a caller's text.
-void complain(std::string reason, const char* more = "") {
-    std::erase_if(reason, odoors::isControl);
-    std::fprintf(stderr, "%s\n%s", reason.c_str(), more);
+void complain(std::string_view reason, const char* more = "") {
+    std::fprintf(stderr, "%s\n%s", text::withoutControls(reason).c_str(), more);
 }
 
 [[noreturn]] void failToStart(const StartupError& error, bool byBoard, const char* more = "") {
@@ -105,6 +105,10 @@ char nextChoice(std::string_view choices, bool wait) {
         choice = choose(choices, key);
     }
     return choice;
+}
+
+bool isPrintable(char key) {
+    return static_cast<unsigned char>(key) >= ' ' && key != odoors::otherKey;
 }
 
 } // namespace
@@ -198,8 +202,34 @@ char od_get_answer(const char* answers) {
 
 void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max) {
     const auto longest = static_cast<std::size_t>(std::max(maxLength, 0));
-    odoors::editLine(session(), text, longest, min, max);
-    od_control.user_timelimit = session().minutesLeft();
+    std::size_t length = strnlen(text, longest);
+    odoors::Output& output = session().output;
+    // The program's own text may contain control bytes, which are not on the screen.
+    const auto removeLast = [&] {
+        if (length > 0) {
+            output.erase(isPrintable(text[--length]) ? 1 : 0);
+        }
+    };
+    output.show({text, length});
+    char key = 0;
+    for (bool untouched = true; (key = nextKey(true)) != odoors::returnKey;) {
+        const auto code = static_cast<unsigned char>(key);
+        if (key == odoors::backspaceKey) {
+            removeLast();
+            untouched = false;
+        } else if (isPrintable(key) && code >= min && code <= max) {
+            while (untouched && length > 0) {
+                removeLast();
+            }
+            untouched = false;
+            if (length < longest) {
+                text[length++] = key;
+                output.show({&key, 1});
+            }
+        }
+    }
+    text[length] = 0;
+    output.show("\n\r");
 }
 
 char od_hotkey_menu(const char* name, const char* hotkeys, int wait) {

@@ -16,8 +16,6 @@ namespace odoors {
 
 namespace {
 
-constexpr Milliseconds perSecond = 1000;
-
 // A terminal sends an escape sequence at once; a caller cannot type that fast.
 constexpr Milliseconds escapeSettlesAfter = 50;
 
@@ -145,7 +143,7 @@ bool Session::receive(Milliseconds timeout) {
         escapeSettles_ = keys_.escapePending() ? monotonicNow() + escapeSettlesAfter : never;
         return true;
     case Connection::Event::lost:
-        keys_.finish();
+        keys_.settleEscape();
         escapeSettles_ = never;
         return true;
     case Connection::Event::nothing:

@@ -38,8 +38,6 @@ Telnet::Telnet() : protocol_(telnet_init(options.data(), onEvent, 0, &pending_),
     telnet_negotiate(protocol, TELNET_DO, TELNET_TELOPT_BINARY);
 }
 
-Telnet::~Telnet() = default;
-
 void Telnet::receive(std::string_view fromLine, std::string& keys) {
     telnet_recv(protocol_.get(), fromLine.data(), fromLine.size());
     keys += std::exchange(pending_.keys, {});

@@ -16,7 +16,6 @@ public:
     Telnet();
     Telnet(const Telnet&) = delete;
     Telnet& operator=(const Telnet&) = delete;
-    ~Telnet();
 
     // Decodes bytes from the line, which may be cut anywhere, and appends what was typed to keys.
     void receive(std::string_view fromLine, std::string& keys);

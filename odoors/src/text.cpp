@@ -1,13 +1,14 @@
 #include "text.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace odoors {
 
 namespace {
 
 // Large enough for a caller without limits, small enough to be counted in milliseconds.
-constexpr std::int64_t largestNumber = 10'000'000'000'000;
+constexpr std::uint64_t largestNumber = 10'000'000'000'000;
 
 } // namespace
 
@@ -20,24 +21,20 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
 
 std::optional<std::int64_t> readNumber(std::string_view text) {
     text = withoutTrailingBlanks(text);
-    while (!text.empty() && text.front() == ' ') {
+    text.remove_prefix(std::min(text.size(), text.find_first_not_of(' ')));
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) {
         text.remove_prefix(1);
     }
-    const bool negative = !text.empty() && text.front() == '-';
-    if (!text.empty() && (negative || text.front() == '+')) {
-        text.remove_prefix(1);
-    }
-    if (text.empty()) {
+    std::uint64_t number = 0;
+    const char* const textEnd = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), textEnd, number);
+    if (error == std::errc::invalid_argument || end != textEnd) {
         return std::nullopt;
     }
-    std::int64_t number = 0;
-    for (const char c : text) {
-        if (!isDigit(c)) {
-            return std::nullopt;
-        }
-        number = std::min(largestNumber, number * 10 + (c - '0'));
-    }
-    return negative ? -number : number;
+    const bool tooLarge = error == std::errc::result_out_of_range || number > largestNumber;
+    const auto held = static_cast<std::int64_t>(tooLarge ? largestNumber : number);
+    return negative ? -held : held;
 }
 
 } // namespace odoors

@@ -94,9 +94,6 @@ bool sessionSignalled() {
     return false;
 }
 
-Connection::Connection(int socket)
-    : input_(socket), output_(socket), telnet_(std::make_unique<Telnet>()) {}
-
 Connection::Event Connection::read(std::string& bytes, Milliseconds timeout) {
     if (call.keys.empty()) {
         return markLost();
@@ -131,11 +128,6 @@ void Connection::writeAtParting(std::string_view bytes) {
 
 bool Connection::isInteractive() const {
     return true;
-}
-
-Connection::Event Connection::markLost() {
-    lost_ = true;
-    return Event::lost;
 }
 
 } // namespace odoors

@@ -27,7 +27,7 @@ void expectKeys(Charset charset, const std::string& bytes, const std::string& ke
         for (std::size_t at = 0; at < bytes.size(); at += step) {
             decoder.feed(std::string_view(bytes).substr(at, step));
         }
-        decoder.finish();
+        decoder.settleEscape();
         std::string taken;
         while (const char key = decoder.pop()) {
             taken += key;
