@@ -1,15 +1,13 @@
-// Loaded into the program before the C library: the clock stands still, all dice fall alike, and
-// the program's calls that touch a file fail as MORVEK_FAULT says. They are counted from its
-// entering the game directory on.
+// Loaded into the program before the C library. The clock stands still, all draws are 0, and the
+// program's calls that touch a file fail as MORVEK_FAULT says. They are counted from the chdir into
+// the game directory on.
 //
-//   error N      call N fails
-//   full N       call N, when it writes, does half; whatever needs room afterwards fails
-//   short 0      every read and write does half
-//   interrupt 0  every second call that can be interrupted is
-//   kill N       the program is killed at call N
+//   error N   call N fails
+//   full N    call N, when it writes, does half; whatever needs room afterwards fails
+//   kill N    the program is killed at call N
 //
-// Into the pipe MORVEK_WAITS goes a '.' before each wait for a key, and an 'x' at an end before
-// call N.
+// Into the pipe MORVEK_WAITS goes a '.' before each wait for a key, and an 'x' when the program
+// ends before call N.
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -28,7 +26,6 @@ namespace {
 char kind = 0; // the first letter of the fault; 0 before the program is in its directory
 int struckCall = 0;
 int calls = 0;
-bool interrupted = false;
 
 // Where a file offset is meant, the name is that of the routine with one of 64 bits.
 template <typename Result, typename... Arguments>
@@ -42,18 +39,14 @@ void tell(const char* byte) {
     close(waits);
 }
 
-enum Nature { plain, needsRoom, slow };
+enum Nature { plain, needsRoom };
 
 bool fails(Nature nature) {
     calls += kind != 0 ? 1 : 0;
     if (kind == 'k' && calls == struckCall) {
         raise(SIGKILL);
     }
-    errno = kind == 'f' ? ENOSPC : kind == 'i' ? EINTR : EIO;
-    if (kind == 'i' && nature == slow) {
-        interrupted = !interrupted;
-        return interrupted;
-    }
+    errno = kind == 'f' ? ENOSPC : EIO;
     return (kind == 'e' && calls == struckCall) ||
            (kind == 'f' && calls > struckCall && nature == needsRoom);
 }
@@ -67,10 +60,10 @@ template <typename Bytes, typename... Position>
 ssize_t transfer(const char* name, Nature nature, int descriptor, Bytes* bytes, std::size_t size,
                  Position... position) {
     if (isFile(descriptor)) {
-        if (fails(kind == 'i' ? slow : nature)) {
+        if (fails(nature)) {
             return -1;
         }
-        if (kind == 's' || (kind == 'f' && nature == needsRoom && calls == struckCall)) {
+        if (kind == 'f' && nature == needsRoom && calls == struckCall) {
             size = (size + 1) / 2;
         }
     }
@@ -129,7 +122,7 @@ ssize_t pwrite(int descriptor, const void* bytes, std::size_t size, off_t positi
 }
 
 int flock(int descriptor, int operation) noexcept {
-    return fails(slow) ? -1 : real<int>("flock", descriptor, operation);
+    return fails(plain) ? -1 : real<int>("flock", descriptor, operation);
 }
 
 int fchmod(int descriptor, mode_t mode) noexcept {
@@ -140,7 +133,7 @@ int ftruncate(int descriptor, off_t size) noexcept {
     return fails(plain) ? -1 : real<int>("ftruncate64", descriptor, size);
 }
 
-// Takes no time: what a killed program wrote is there without it.
+// Saves time: what a killed program wrote is there without it.
 int fsync(int) {
     return fails(needsRoom) ? -1 : 0;
 }
@@ -149,19 +142,19 @@ int rename(const char* from, const char* to) noexcept {
     return fails(needsRoom) ? -1 : real<int>("rename", from, to);
 }
 
-int poll(pollfd* ends, nfds_t count, int patience) {
+int poll(pollfd* ends, nfds_t count, int timeout) {
     const int ready = real<int>("poll", ends, count, 0);
-    if (ready != 0 || patience == 0) {
+    if (ready != 0 || timeout == 0) {
         return ready;
     }
-    // No signal comes between telling of the wait and waiting.
+    // No signal may come between the report of the wait and the wait itself.
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
     sigprocmask(SIG_BLOCK, &all, &before);
     tell(".");
-    const timespec longest{patience / 1000, patience % 1000 * 1'000'000L};
-    const int result = ppoll(ends, count, patience < 0 ? nullptr : &longest, &before);
+    const timespec longest{timeout / 1000, timeout % 1000 * 1'000'000L};
+    const int result = ppoll(ends, count, timeout < 0 ? nullptr : &longest, &before);
     sigprocmask(SIG_SETMASK, &before, nullptr);
     return result;
 }
