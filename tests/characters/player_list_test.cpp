@@ -17,10 +17,6 @@ TEST_F(PlayerList, NumbersTheFilesOwnedSlotsFromOne) {
                                             "{`R`}<`red`Bo>{ `r`#`W`}<1>{|}"
                                             "{`R`}<Eowyn>{ `r`#`W`}<49>{|}");
     EXPECT_EQ(game.roster.playerCount, 50);
-
-    fs::remove("morchars.dat"); // the old list stays
-    loadRoster();
-    EXPECT_THAT(caller.visit(showPlayerList), HasSubstr("Eowyn"));
 }
 
 TEST_F(PlayerList, OnlineListReadsMemory) {

@@ -18,7 +18,7 @@ using PlayerFight = InTemporaryDirectory;
 
 } // namespace
 
-TEST(Arena, PlayerDrawsOf25AndArmourDoesNotCount) {
+TEST(Arena, PlayerDrawsOf25WithoutArmour) {
     meet("Bartholomew");
     game.player.armourValue = 5;
     EXPECT_THAT(playRound({24, 39, 14, 7, 27, 5}), HasSubstr("hit `W`}<Bartholom>"));

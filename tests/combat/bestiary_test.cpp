@@ -25,7 +25,7 @@ TEST(Bestiary, BlackbladeTakesTheLastRollAsDamage) {
     EXPECT_EQ(game.encounter.monster.damage, 11);
 }
 
-TEST(Bestiary, SomeKeepTheGoldDieOfTheKindBefore) {
+TEST(Bestiary, SomeKeepThePreviousGoldDie) {
     newCall();
     game.encounter.goldDie = 6;
     chance.script({0, 5});

@@ -15,7 +15,7 @@ const std::string& killOne() {
 
 } // namespace
 
-TEST(Fight, KitRollsTheDieOfItsNumberLowerNumberFirst) {
+TEST(Fight, KitRollsLowerNumberFirst) {
     const Cases<int, int, std::deque<int>, int, int> cases{
         {7, 1, {2, 15}, 8 + 10, 3 + 1}, // d3 for the armour, then d8
         {4, 4, {11, 6}, 6 + 5, 1 + 4},  // d6 for the weapon, then d6
@@ -86,7 +86,7 @@ TEST(Fight, LastOfAGroupClearsThePlace) {
     EXPECT_EQ(game.player.experience, 50);
 }
 
-TEST(Fight, KillClearsTheRoomLastEnteredInEachLevel) {
+TEST(Fight, KillClearsTheLevelsLastRooms) {
     meet("Kobold");
     game.world.position(Level::castle1) = 24;
     game.world.position(Level::mortuary1) = 36; // forged: the level has 35

@@ -45,7 +45,7 @@ TEST(Levels, NobodyRisesAboveTheSeventh) {
     EXPECT_EQ(game.player.level, 7);
 }
 
-TEST(Training, RefusesWhoIsTooWeakOrTooHigh) {
+TEST(Training, RefusesTheWeakAndTheHighest) {
     const std::string weak = "{||}{`r`You're too weak to train!||}{`r`You need `W`}<750>"
                              "{ `r`more experience.||}[any key]";
     const std::string highest = "{||}{`r`You've reached the highest level.||}[any key]";
@@ -61,7 +61,7 @@ TEST(Training, RefusesWhoIsTooWeakOrTooHigh) {
     }
 }
 
-TEST(QuestionTrainer, YesGivesAnsiAndNoEndsTheTraining) {
+TEST(QuestionTrainer, YesGivesAnsiNoEndsTraining) {
     newCall(false);
     game.player.level = 7;
     game.player.experience = 13000;
@@ -95,7 +95,7 @@ TEST(Trainer, GrowsWithTheLevel) {
     }
 }
 
-TEST(TrainingFight, ComesWithOneTAndBeginsWithTheNext) {
+TEST(TrainingFight, SecondTBeginsTheFight) {
     beginAtLevel(1, 1000);
     game.encounter.monster.hitPoints = 0;
     caller.visit(trainingHall, "ttTyxr"); // the status ends the fight
@@ -111,7 +111,7 @@ TEST(TrainingFight, ComesWithOneTAndBeginsWithTheNext) {
 }
 
 // The entrance inside a won fight sets up the next trainer; the outer fight goes on with him.
-TEST(TrainingFight, WinMayBringTheNextTrainerAtOnce) {
+TEST(TrainingFight, WinMayBringTheNextTrainer) {
     beginAtLevel(1, 2250);
     game.encounter.monster.hitPoints = 1;
     const std::string& screen = caller.visit(trainingFight, "axtr");

@@ -64,6 +64,16 @@ TEST_F(Title, LongUserNameIsCutEverywhere) {
     EXPECT_THAT(readFile("111526.txt"), EndsWith("Thomas the Rhym joined the game.\n\r"));
 }
 
+TEST_F(Title, StartBeginsAGame) {
+    game.session.roomRented = 1;
+    game.world.playerDead = 1;
+    EXPECT_THROW(play("STom\ry1k"), OutOfKeys); // in Towne
+    EXPECT_EQ(game.session.roomRented, 0);
+    EXPECT_EQ(game.world.playerDead, 0);
+    EXPECT_EQ(game.session.guessesLeft, 3);
+    EXPECT_EQ(game.session.inGame, 1);
+}
+
 TEST_F(Title, CallerWithoutANameMakesNoNews) {
     newCall(true, "");
     EXPECT_EQ(play("STom\ry1kqkkQ"), 0);

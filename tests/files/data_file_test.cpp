@@ -15,7 +15,7 @@ TEST_F(DataFile, IsReplacedAndKeepsItsMode) {
     EXPECT_EQ(fs::status("data").permissions(), fs::perms{0640});
 }
 
-TEST_F(DataFile, FollowsLinks) {
+TEST_F(DataFile, FollowsSymbolicLinks) {
     fs::create_directories("store/deep");
     fs::create_symlink("deep/two", "store/one");
     fs::create_symlink("store/one", "data");
@@ -28,7 +28,7 @@ TEST_F(DataFile, FollowsLinks) {
     EXPECT_EQ(replaceFile("circle", "never"), ELOOP);
 }
 
-TEST_F(DataFile, IsWrittenInPlaceWithoutATemporaryFile) {
+TEST_F(DataFile, IsWrittenInPlaceIfNecessary) {
     writeFile("data", "a longer content", 0666);
     ASSERT_EQ(::chmod(".", 0555), 0);
     const AsNobody nobody;

@@ -81,18 +81,6 @@ TEST(ProgramJourney, ServesCallersOfEveryBoard) {
     }
 }
 
-// The operator reads why, and not the password in the file.
-TEST(ProgramJourney, ServesNobodyWithoutAConnection) {
-    Game game;
-    game.write(doorSys.name, doorSys.with({{19, "no number"}}));
-    const Outcome call = runWithKeys(game.program({"-D", doorSys.name}), "sxJo\ry1x");
-    EXPECT_EQ(call.status, 1);
-    EXPECT_EQ(call.shown, "");
-    EXPECT_EQ(std::count(call.complaints.begin(), call.complaints.end(), '\n'), 1);
-    EXPECT_THAT(call.complaints, Not(HasSubstr("secret")));
-    EXPECT_THAT(game.data(), IsEmpty());
-}
-
 // A caller with a telnet program, whose connection the board hands to the door.
 TEST(ProgramJourney, ServesATelnetProgram) {
     if (std::system("command -v telnet >/dev/null") != 0) {

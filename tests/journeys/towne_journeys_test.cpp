@@ -23,20 +23,6 @@ struct TowneJourney : InTemporaryDirectory {
     }
 };
 
-TEST_F(TowneJourney, TrainerAtTheTavern) {
-    call("Alice", "SArwen\ry4kqkkQ");
-    meanwhile([](PlayerRecord& arwen) {
-        arwen.experience = 1000;
-        arwen.dexterity = 20;
-    });
-    // The damage of the first trainer; each round the kit, 4 points, and a miss in return.
-    call("Alice", "SktttttakakakrrrqkkQ",
-         {0, 2, 2, 0, 0, 3, 0, 1, 0, 2, 2, 0, 0, 3, 0, 1, 0, 2, 2, 0, 0, 3});
-    EXPECT_TRUE(caller.saw("`r`Congratulations!"));
-    EXPECT_EQ(storedSlot(0).level, 2);
-    EXPECT_EQ(storedSlot(0).maxHitPoints, 15 + 3);
-}
-
 // The second caller robs the first. His possessions then stand in the first slot, under the first
 // caller's name, and the money that he took is counted in both.
 TEST_F(TowneJourney, SecondCallerRobsTheFirst) {

@@ -17,7 +17,7 @@ TEST(Dice, SeedFromTheClockBeforeTheyDraw) {
     }
 }
 
-TEST(Dice, GoldDieDoesNotSeedAndIsAtLeastOne) {
+TEST(Dice, GoldDieDoesNotSeed) {
     chance.script({35, 7});
     game.encounter.goldDie = 12;
     rollGoldDie();

@@ -47,7 +47,7 @@ TEST(Shrine, HealsAllAlsoForNothingTyped) {
     EXPECT_EQ(atTheShrine(25, 40, 3, "a r"), noneRecovered);
 }
 
-TEST(Shrine, GuessCostsOneOrTwoAndGrantsNothing) {
+TEST(Shrine, GuessCostsOneOrTwo) {
     for (const std::string guess : {"5", "6", "7", "8", "9"}) {
         const std::string line = "{`r`You guessed`R`: `W`" + guess + "`r`.|}";
         EXPECT_EQ(atTheShrine(3, 40, 1, "g" + guess + " g r", "[menu command 123456789]"),

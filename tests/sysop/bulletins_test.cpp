@@ -32,7 +32,7 @@ TEST_F(Sysop, BoardHasNoColourCodesOrLostMessages) {
               json::parse(R"([{"author": "Arwen", "message": "R&D"}])"));
 }
 
-TEST_F(Sysop, NewsAreOfTodayOrTheDayAskedFor) {
+TEST_F(Sysop, NewsAreOfTodayOrAnotherDay) {
     writeFile("111526.txt", "It's a new day!\n\rAl\033ice joined the game.\n\r");
     EXPECT_EQ(told("news"),
               "Morvek: News of 2026-11-15:\n\nIt's a new day!\nAlice joined the game.\n");

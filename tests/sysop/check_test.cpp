@@ -75,7 +75,7 @@ TEST_F(Check, ReadsEveryOtherFileAsTheGameDoes) {
     }
 }
 
-TEST_F(Check, NamesWhatIsNotThereOrCannotBeWritten) {
+TEST_F(Check, NamesMissingAndUnwritableFiles) {
     for (const char* menu : {"heal.asc", "drink.asc", "drink.ans"}) {
         fs::remove(menu);
     }

@@ -35,15 +35,6 @@ TEST_F(ScoresOfTheBoard, FullTableDropsItsLastOrStays) {
     EXPECT_EQ(enter(doubles, "Z", 999), doubles) << "doubles and all";
 }
 
-TEST_F(ScoresOfTheBoard, UnwritableFileIsReportedInTwoLines) {
-    fs::create_directory("scores.dat");
-    testing::internal::CaptureStderr();
-    enter("", "Arwen", 500);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Could not open scores.dat for output!\n"
-              "Output file opened insuccessfully.  Score not saved.\n");
-}
-
 TEST_F(ScoresOfTheBoard, FileIsReadUpToABrokenEntry) {
     const std::string one = "A#-7Rogue\n";
     const std::string own = "Z#-9Rogue\n"; // goes to the end

@@ -53,15 +53,3 @@ TEST_F(Board, DeclinedMessageWipesTheBoard) {
     EXPECT_EQ(readFile("scroll.dat").substr(0, 480), std::string(480, '\0'));
     EXPECT_EQ(entries("c"), "");
 }
-
-TEST_F(Board, UnusableFileLeavesTheBoardInMemory) {
-    fs::create_directory("scroll.dat");
-    EXPECT_EQ(entries("wTo a directory\ryc"), shown("Arwen", "To a directory", "{||}"));
-    fs::remove("scroll.dat");
-    ::chmod(".", 0555);
-    const AsNobody nobody;
-    game.player.name = std::string(50, 'x'); // cut for the screen; and no text is a format
-    EXPECT_EQ(entries("w100%s`blue`%n\ryc"),
-              shown("Arwen", "To a directory") +
-                  shown(std::string(49, 'x'), "100%s`blue`%n", "{||}"));
-}

@@ -25,7 +25,7 @@ TEST(Shops, SellWhatTheCallerConfirms) {
     EXPECT_EQ(buying(buyWeapon, 12499, "4"), "{|}{You don't have enough gold.||}[any key]");
 }
 
-TEST(Shops, OfferSomeArmourForLessThanItCosts) {
+TEST(Shops, OfferSomeArmourBelowItsPrice) {
     EXPECT_THAT(buying(buyArmour, 10000, "6y"), HasSubstr("Starleather for `W`110000`r` gold"));
     EXPECT_EQ(game.player.gold, -100000);
     EXPECT_THAT(buying(buyArmour, 1250, "1y"), EndsWith("{Thank you!||}[any key]"));
@@ -58,7 +58,7 @@ TEST(Shops, BuyBackAndLeaveBareHands) {
     EXPECT_EQ(game.player.weapon, "Fists");
 }
 
-TEST(Shops, CallSomeArmourByAnotherNameInTheSale) {
+TEST(Shops, CallSoldArmourByAnotherName) {
     newCall();
     game.player.armourNumber = 3;
     EXPECT_THAT(caller.visit(sellArmour, "y "), HasSubstr("sell your `W`Hide`r`"));

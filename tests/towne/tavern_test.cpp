@@ -21,7 +21,7 @@ struct Tavern : InTemporaryDirectory {
     }
 };
 
-TEST_F(Tavern, DrinkGivesATurnUpToADaysTurns) {
+TEST_F(Tavern, DrinkGivesATurn) {
     const std::string question = "{||}{`r`Brew for `W`25`r` gold" + yesNo;
     for (const int turns : {19, 20}) {
         EXPECT_EQ(order(25, turns, "2y"), question + "{You are feeling a little lightheaded!||}");

@@ -28,7 +28,7 @@ TEST_F(Towne, QuittingSavesAndEmptiesThePlayer) {
     EXPECT_EQ(game.player.maxHitPoints, 20) << "not among what is emptied";
 }
 
-TEST_F(Towne, NewExperienceIsAScoreAndDatesTheCallersSlot) {
+TEST_F(Towne, NewExperienceIsAScore) {
     slot(0).ownerName.assign("Other");
     slot(1).ownerName.assign("Alice");
     game.session.sessionStartExperience = 39;
@@ -60,12 +60,12 @@ TEST_F(Towne, EveryKeyLeadsToItsPlaceAndBack) {
     EXPECT_TRUE(caller.saw("{|`r`Enter player # to attack"));
 }
 
-TEST_F(Towne, WhoHasARoomStaysOutOfTheTavern) {
+TEST_F(Towne, RentedRoomClosesTheTavern) {
     game.session.roomRented = 1;
     EXPECT_THAT(caller.visit(towneMenu, "tqk"), StartsWith(hub + "{|}" + hub));
 }
 
-TEST_F(Towne, WayOutResumesOnlyForWhoWasSentBack) {
+TEST_F(Towne, WayOutResumesAfterAFlight) {
     game.player.turnsLeft = 5;
     game.world.words.fill(1);
     game.world.previousLocation = 3;

@@ -45,7 +45,7 @@ TEST(Room, StatusInALevelsFightIsFlight) {
     EXPECT_EQ(game.world.position(Level::castle1), 1);
 }
 
-TEST(Room, DrawsAGroupThenTheKindThenTheMonster) {
+TEST(Room, DrawsGroupThenKindThenMonster) {
     beginCall();
     chance.script({5, 3, 149, 7}); // group, kind, experience, damage
     walk(castle, "f");
@@ -54,12 +54,6 @@ TEST(Room, DrawsAGroupThenTheKindThenTheMonster) {
     EXPECT_EQ(game.encounter.monster.experience, 150);
     EXPECT_THAT(chance.seededBefore, ElementsAre(0, 1, 3));
     EXPECT_EQ(game.encounter.groupActive, 0) << "only a location's roll sets it";
-}
-
-TEST(Room, DrawsNoKindWhereItIsCleared) {
-    beginCall(true);
-    walk(castle, "f");
-    EXPECT_EQ(chance.drawn, 1);
 }
 
 TEST(Room, DrawsNoGroupWhereTheCountIsKept) {
@@ -153,7 +147,7 @@ TEST(CastleGate, HiddenKeyIsForAVisitsFirstMenu) {
     EXPECT_EQ(game.encounter.groupActive, 1);
 }
 
-TEST(CastleGate, DeathBehindTheHiddenKeyIsNoWayHome) {
+TEST(CastleGate, DeathBehindTheHiddenKey) {
     beginCall();
     game.session.characterFileName = testing::TempDir() + "no/such/place";
     game.player.hitPoints = 1;
