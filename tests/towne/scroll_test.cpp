@@ -53,3 +53,8 @@ TEST_F(Board, DeclinedMessageWipesTheBoard) {
     EXPECT_EQ(readFile("scroll.dat").substr(0, 480), std::string(480, '\0'));
     EXPECT_EQ(entries("c"), "");
 }
+
+TEST_F(Board, TextsAreNoFormats) {
+    game.player.name = std::string(50, 'x'); // cut for the screen
+    EXPECT_EQ(entries("w100%s`blue`%n\ryc"), shown(std::string(49, 'x'), "100%s`blue`%n", "{||}"));
+}
