@@ -175,6 +175,18 @@ Files afterNextCall(const Stage& stage, const Files& files) {
 
 } // namespace
 
+TEST(Disk, ShortAndInterruptedCallsAreContinued) {
+    const Stage stage;
+    for (const Play& play : plays) {
+        const Files undisturbed = stage.states(play).back();
+        for (const char* fault : {"short 0", "interrupt 0"}) {
+            stage.prepare(play.files);
+            EXPECT_EQ(runWithKeys(stage.program(fault), play.keys).status, 0);
+            EXPECT_TRUE(stage.data() == undisturbed) << fault;
+        }
+    }
+}
+
 // At each file call of each play in turn.
 TEST(Disk, FaultLeavesWhatWasStored) {
     const Stage stage;

@@ -2,9 +2,11 @@
 // program's calls that touch a file fail as MORVEK_FAULT says. They are counted from the chdir into
 // the game directory on.
 //
-//   error N   call N fails
-//   full N    call N, when it writes, does half; whatever needs room afterwards fails
-//   kill N    the program is killed at call N
+//   error N      call N fails
+//   full N       call N, when it writes, does half; whatever needs room afterwards fails
+//   short 0      each read and write does half
+//   interrupt 0  every second read and write is interrupted
+//   kill N       the program is killed at call N
 //
 // Into the pipe MORVEK_WAITS goes a '.' before each wait for a key, and an 'x' when the program
 // ends before call N.
@@ -26,6 +28,7 @@ namespace {
 char kind = 0; // the first letter of the fault; 0 before the program is in its directory
 int struckCall = 0;
 int calls = 0;
+bool interrupted = false;
 
 // Where a file offset is meant, the name is that of the routine with one of 64 bits.
 template <typename Result, typename... Arguments>
@@ -39,14 +42,18 @@ void tell(const char* byte) {
     close(waits);
 }
 
-enum Nature { plain, needsRoom };
+enum Nature { plain, needsRoom, slow };
 
 bool fails(Nature nature) {
     calls += kind != 0 ? 1 : 0;
     if (kind == 'k' && calls == struckCall) {
         raise(SIGKILL);
     }
-    errno = kind == 'f' ? ENOSPC : EIO;
+    errno = kind == 'f' ? ENOSPC : kind == 'i' ? EINTR : EIO;
+    if (kind == 'i' && nature == slow) {
+        interrupted = !interrupted;
+        return interrupted;
+    }
     return (kind == 'e' && calls == struckCall) ||
            (kind == 'f' && calls > struckCall && nature == needsRoom);
 }
@@ -60,10 +67,10 @@ template <typename Bytes, typename... Position>
 ssize_t transfer(const char* name, Nature nature, int descriptor, Bytes* bytes, std::size_t size,
                  Position... position) {
     if (isFile(descriptor)) {
-        if (fails(nature)) {
+        if (fails(kind == 'i' ? slow : nature)) {
             return -1;
         }
-        if (kind == 'f' && nature == needsRoom && calls == struckCall) {
+        if (kind == 's' || (kind == 'f' && nature == needsRoom && calls == struckCall)) {
             size = (size + 1) / 2;
         }
     }
@@ -122,7 +129,7 @@ ssize_t pwrite(int descriptor, const void* bytes, std::size_t size, off_t positi
 }
 
 int flock(int descriptor, int operation) noexcept {
-    return fails(plain) ? -1 : real<int>("flock", descriptor, operation);
+    return fails(slow) ? -1 : real<int>("flock", descriptor, operation);
 }
 
 int fchmod(int descriptor, mode_t mode) noexcept {
