@@ -33,10 +33,9 @@ def check(good, *complaint):
 
 
 def here(text):
-    for path, ours in (("/usr/share/morvek/boards", BOARDS), ("/usr/bin/morvek", PROGRAM),
-                       ("/home/bbs", HOME)):
-        text = text.replace(path, ours)
-    return text
+    # In one pass: the tree itself may be below /home/bbs.
+    paths = {"/usr/share/morvek/boards": BOARDS, "/usr/bin/morvek": PROGRAM, "/home/bbs": HOME}
+    return re.sub("|".join(paths), lambda path: paths[path[0]], text)
 
 
 def words(line, **codes):
