@@ -1,4 +1,4 @@
-// Whole calls of the library in a process of their own: what a door does, and the caller's end.
+// Calls of the library: what it reads before one begins, and whole ones in a process of their own.
 #pragma once
 
 #include "support/process.h"
@@ -7,8 +7,29 @@
 
 #include "OpenDoor.h"
 #include "clock.h"
+#include "options.h"
+#include "startup_error.h"
 
 using Door = std::function<void()>;
+
+const Arguments plain{"-LOCAL", "-ASCII"};
+const Arguments coloured{"-LOCAL", "-GRAPHICS"};
+
+inline odoors::Options optionsOf(const Arguments& arguments) {
+    odoors::Options options;
+    odoors::readOptions({commandLine(arguments).data() + 1, arguments.size()}, options);
+    return options;
+}
+
+// Why the call cannot start.
+inline std::string reasonOf(const std::function<void()>& start) {
+    try {
+        start();
+    } catch (const odoors::StartupError& error) {
+        return error.reason;
+    }
+    return "it starts";
+}
 
 // How far the clock of the library is ahead of the system's.
 inline long secondsAhead = 0;
@@ -18,9 +39,6 @@ inline int readClockAhead(clockid_t clock, timespec* now) {
     now->tv_sec += secondsAhead;
     return result;
 }
-
-const Arguments plain{"-LOCAL", "-ASCII"};
-const Arguments coloured{"-LOCAL", "-GRAPHICS"};
 
 // A child that opens a session with these arguments and runs the door. A door that comes to its
 // end leaves with status 0.
@@ -40,3 +58,14 @@ inline Child doorChild(const Arguments& arguments, const Door& door) {
 inline Outcome callWithKeys(const Arguments& arguments, const std::string& keys, const Door& door) {
     return runWithKeys(doorChild(arguments, door), keys);
 }
+
+// A door that shows each key until a q.
+inline const Door tellKeys = [] {
+    od_printf("ready");
+    while (const int key = static_cast<unsigned char>(od_get_key(1))) {
+        if (key == 'q') {
+            break;
+        }
+        od_printf("<%d>", key);
+    }
+};

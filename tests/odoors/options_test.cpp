@@ -2,10 +2,8 @@
 #include "options.h"
 
 #include "call.h"
-#include "reading.h"
 
 #include <cstring>
-#include <sstream>
 
 using namespace odoors;
 
@@ -37,33 +35,23 @@ TEST(OptionsTest, TheLastOneCounts) {
 TEST(OptionsTest, WrongOnesAreRefusedByName) {
     const std::vector<std::pair<Arguments, std::string>> wrong{
         {{"local"}, "unknown option local"},
-        {{"-"}, "unknown option -"},
         {{"-locals"}, "unknown option -locals"},
         {{"-LOCAL=1"}, "unknown option -LOCAL=1"},
         {{"-DROPFILE"}, "option -DROPFILE needs a value"},
         {{"-N2x"}, "option -N2x: \"2x\" is not a whole number from 0 to 2147483647"},
-        {{"-NODE="}, "option -NODE: \"\" is not a whole number from 0 to 2147483647"},
         {{"-H", "-2"}, "option -H: \"-2\" is not a whole number from -1 to 2147483647"},
-        {{"-TIMELEFT", "-1"}, "option -TIMELEFT: \"-1\" is not a whole number of 0 or more"},
-        {{"-INACTIVITY=1.5"}, "option -INACTIVITY: \"1.5\" is not a whole number of 0 or more"},
+        {{"-TIMELEFT="}, "option -TIMELEFT: \"\" is not a whole number of 0 or more"},
+        {{"-INACTIVITY=-1"}, "option -INACTIVITY: \"-1\" is not a whole number of 0 or more"},
         {{"-CHARSET", "latin1"}, "option -CHARSET: \"latin1\" is not cp437, utf8 or auto"}};
     for (const auto& [arguments, reason] : wrong) {
         EXPECT_EQ(reasonOf([words = arguments] { optionsOf(words); }), reason);
     }
 }
 
-TEST(OptionsTest, HelpIsShownWithin80Columns) {
-    EXPECT_TRUE(optionsOf({"-?", "-nonsense"}).help);
-    const Outcome help = callWithKeys({"-HELP"}, "", [] {});
+TEST(OptionsTest, HelpAndVersionGoToStandardOutput) {
+    const Outcome help = callWithKeys({"-?", "-nonsense"}, "", [] {});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.shown, usage);
-    std::istringstream lines(help.shown);
-    for (std::string line; std::getline(lines, line);) {
-        EXPECT_LT(line.size(), 80U) << line;
-    }
-}
-
-TEST(OptionsTest, VersionIsTheProgramsOwn) {
     const Child door = [] {
         std::strcpy(od_control.od_prog_name, "Chess");
         std::strcpy(od_control.od_prog_version, "2.5");

@@ -1,0 +1,190 @@
+// How calls end: what the caller sees, the status, and the line in the operator's log.
+#include "board.h"
+#include "call.h"
+
+#include <chrono>
+#include <csignal>
+
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+namespace {
+
+const std::string noSuchFile = "No such file or directory";
+
+const Door spin = [] {
+    od_printf("ready");
+    od_get_key(0);
+    for (volatile bool stuck = true; stuck;) {
+    }
+};
+const Door flood = [] {
+    od_printf("ready%*s", 1000000, "x");
+    od_get_key(0);
+};
+
+struct EndingTest : testing::Test {
+    Folder folder;
+    std::string log = folder.path("calls");
+    std::string lock = folder.path("lock");
+    std::string dropFile = folder.write(door32.name, door32.with());
+
+    // A call that a board has started, with these options besides.
+    Child byBoard(const Arguments& options, const Door& door = tellKeys) const {
+        Arguments all{"-LOG", log, "-ASCII", "-D", dropFile};
+        all.insert(all.end(), options.begin(), options.end());
+        return doorChild(all, door);
+    }
+
+    // How the last call ended, as the log has it.
+    std::string logged() const {
+        const std::string text = readFile(log);
+        const std::size_t tab = text.rfind('\t') + 1;
+        return text.substr(tab, text.size() - 1 - tab);
+    }
+};
+
+struct Ending {
+    Arguments options;
+    std::string line;
+    int status;
+    std::string logged;
+};
+
+} // namespace
+
+TEST_F(EndingTest, WaitsForAKeyOfABoardsCaller) {
+    const Call inside(byBoard({"-ONECALLER", lock}));
+    inside.until("ready");
+    const std::string none = folder.path("none/lock");
+    const std::string reason = "could not start (1): " + none + ": cannot be ";
+    const std::vector<Ending> endings{
+        {{"-TIMELEFT=0"}, "Your time is used up.", 3, "time used up (3)"},
+        {{"-INACTIVITY=1"}, "No key was pressed for too long.", 4, "no key pressed (4)"},
+        {{"-ONECALLER", lock}, "Another caller is inside.", 5, "another caller inside (5)"},
+        {{"-ONECALLER", none}, "cannot be started.", 1, reason + "locked: " + noSuchFile},
+        {{"-D", none}, "", 1, reason + "read: " + noSuchFile},
+        {{"-BOGUS\xff\n"}, "", 1, "could not start (1): unknown option -BOGUS\u00a0"}};
+    for (const Ending& ending : endings) {
+        const Call call(byBoard(ending.options));
+        EXPECT_THAT(call.until(ending.line), HasSubstr(ending.line));
+        usleep(200'000);
+        EXPECT_EQ(waitpid(call.child, nullptr, WNOHANG), 0) << ending.logged;
+        call.type("x");
+        EXPECT_EQ(call.status(), ending.status);
+        EXPECT_EQ(logged(), ending.logged);
+        EXPECT_TRUE(call.isRestored());
+    }
+}
+
+TEST_F(EndingTest, WaitsThreeSecondsWhateverWasTypedAhead) {
+    const Call call(byBoard({"-TIMELEFT=0"}));
+    const auto start = std::chrono::steady_clock::now();
+    call.type("abc");
+    EXPECT_EQ(call.until("nothing more"), "ready\n\rYour time is used up.\n\r");
+    const auto waited = std::chrono::steady_clock::now() - start;
+    EXPECT_GT(waited, std::chrono::milliseconds(2900));
+    EXPECT_LT(waited, std::chrono::milliseconds(3900));
+}
+
+TEST_F(EndingTest, WaitsForNobodyWhoIsGoneOrAtHome) {
+    Call hungUp(byBoard({"-TIMELEFT=0"}));
+    hungUp.until("up.\n\r");
+    hungUp.hangUp();
+    EXPECT_EQ(hungUp.status(), 3);
+    const Call signalled(byBoard({"-TIMELEFT=0"}));
+    signalled.until("up.\n\r");
+    kill(signalled.child, SIGTERM);
+    EXPECT_EQ(signalled.status(), 3);
+    const Call atHome(doorChild({"-LOCAL", "-TIMELEFT=0"}, tellKeys));
+    EXPECT_EQ(atHome.status(), 3);
+}
+
+TEST_F(EndingTest, ByTheProgramIsLogged) {
+    for (const auto& [door, words] : std::vector<std::pair<Door, std::string>>{
+             {[] {}, "quit (0)"},
+             {[] { od_exit(7, 0); }, "ended by the program (7)"},
+             {[] { std::exit(0); }, "ended by the program"},
+             {std::abort, "crashed"}}) {
+        runWithKeys(byBoard({}, door), "");
+        EXPECT_EQ(logged(), words);
+    }
+}
+
+TEST_F(EndingTest, IsLoggedWithDateNodeCallerAndMinutes) {
+    runWithKeys(byBoard({}, [] { secondsAhead += 125; }), "");
+    runWithKeys(byBoard({"-USERNAME", "\x1b[2J\tJ\x94", "-NODE=12"}), "q");
+    runWithKeys(byBoard({"-USERNAME="}), "q");
+    runWithKeys(byBoard({"-BOGUS"}), "");
+    EXPECT_THAT(readFile(log),
+                MatchesRegex("20..-..-..T..:..:..\tnode 3\tJörg Ace\t2 min\tquit .0.\n"
+                             "20.*\tnode 12\t.2JJö\t0 min\tquit .0.\n"
+                             "20.*\tnode 3\t-\t0 min\tquit .0.\n"
+                             "20.*\tnode -\t-\t0 min\tcould not start .*\n"));
+}
+
+TEST_F(EndingTest, NeedsNoLogThatCanBeWritten) {
+    log = folder.path("none/calls");
+    const Outcome outcome = runWithKeys(byBoard({}), "");
+    EXPECT_EQ(outcome.shown, "ready");
+    EXPECT_EQ(outcome.complaints, log + ": cannot be written: " + noSuchFile + '\n');
+}
+
+TEST_F(EndingTest, OfALostCallerIsSilent) {
+    const Door look = [] {
+        od_printf("ready");
+        while (od_get_key(0) == 0) {
+        }
+    };
+    EXPECT_EQ(runWithKeys(byBoard({}, look), "").shown, "ready");
+    EXPECT_EQ(runWithKeys(byBoard({"-GRAPHICS"}), "").shown, "\033[0;37mready\033[0m");
+    EXPECT_EQ(logged(), "connection lost (2)");
+}
+
+TEST_F(EndingTest, BySignalIsThatOfALostCaller) {
+    for (const Door& door : {Door(tellKeys), spin, flood}) {
+        for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGQUIT}) {
+            const Call call(byBoard({}, door));
+            call.until("ready");
+            kill(call.child, signal);
+            EXPECT_EQ(call.status(), 2) << signal;
+            EXPECT_EQ(logged(), "connection lost (2)") << signal;
+            EXPECT_TRUE(call.isRestored()) << signal;
+        }
+    }
+}
+
+TEST_F(EndingTest, BySignalHeldBackIsThatOfALostCaller) {
+    const Child child = [&] {
+        sigset_t held;
+        sigemptyset(&held);
+        sigaddset(&held, SIGHUP);
+        sigprocmask(SIG_BLOCK, &held, nullptr);
+        raise(SIGHUP);
+        byBoard({}, std::abort)();
+    };
+    EXPECT_EQ(Call(child).status(), 2);
+    EXPECT_EQ(logged(), "connection lost (2)");
+}
+
+TEST_F(EndingTest, ComesInTimeForStuckPrograms) {
+    EXPECT_EQ(Call(byBoard({"-TIMELEFT=0"}, [] { pause(); })).status(), 3);
+    EXPECT_EQ(logged(), "time used up (3)");
+    EXPECT_EQ(Call(byBoard({"-TIMELEFT=0"}, flood)).status(), 3) << "he takes no output";
+}
+
+// The caller takes no more output while his input stays open.
+TEST_F(EndingTest, OfOutputAloneIsNoticed) {
+    std::array<int, 2> input{};
+    std::array<int, 2> output{};
+    ASSERT_TRUE(pipe(input.data()) == 0 && pipe(output.data()) == 0);
+    const pid_t child = startChild(doorChild(plain, tellKeys), input[0], output[1]);
+    close(output[1]);
+    char byte = 0;
+    EXPECT_EQ(read(output[0], &byte, 1), 1);
+    close(output[0]);
+    EXPECT_EQ(waitForEnd(child), 2);
+}
