@@ -2,7 +2,7 @@
 # own, which is newer than that of an older commit: 0.6.9+git20261122.154500.0f1714d, with the
 # commit's date and time (UTC). Elsewhere it is the project's version.
 #
-# It is defined for the few sources that show it, so that a commit makes nothing else compile anew.
+# It is defined for the few sources that show it, so that a commit recompiles nothing else.
 set(MORVEK_VERSION "${PROJECT_VERSION}")
 
 find_program(MORVEK_GIT git)

@@ -21,7 +21,7 @@ constexpr std::size_t wholeFile = slotCount * sizeof(PlayerRecord);
 class RecordFindings {
 public:
     RecordFindings(Findings& all, const PlayerRecord& slot, std::size_t index) : findings(all) {
-        place = "slot " + std::to_string(index + 1);
+        place = "player " + std::to_string(index + 1);
         if (!isFree(slot)) {
             place += " (" + toUtf8(slot.ownerName.view()) + ")";
         }
@@ -40,7 +40,7 @@ void checkLength(std::size_t size, Findings& findings) {
     if (size < wholeFile) {
         findings.push_back({Severity::error, characterFileName, "", "",
                             "has " + std::to_string(size) +
-                                " bytes; must be 75000: it ends in slot " +
+                                " bytes; must be 75000: it ends in player " +
                                 std::to_string(size / sizeof(PlayerRecord) + 1)});
     } else if (size > wholeFile) {
         findings.push_back(
@@ -149,12 +149,12 @@ void checkOwners(const Characters& characters, Findings& findings) {
         const auto [first, isNew] = firstOf.try_emplace(characters[i].ownerName.view(), i);
         if (!isNew) {
             about.add(Severity::error, "ownerName",
-                      "owns slot " + std::to_string(first->second + 1) +
+                      "owns player " + std::to_string(first->second + 1) +
                           " too, which the game finds first: `remove` this one");
         }
         if (gap < i) {
             about.add(Severity::error, "",
-                      "is behind slot " + std::to_string(gap + 1) +
+                      "is behind player " + std::to_string(gap + 1) +
                           ", which is free: the next save makes a second character; `remove " +
                           std::to_string(gap + 1) + "` closes the gap");
             gap = characters.size();

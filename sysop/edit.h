@@ -23,9 +23,8 @@ struct Change {
 
 void setPlayer(const GameDirectory& home, const Change& change, std::ostream& out);
 
-// Removes the player. The last one of the file takes his place and number: a save goes into the
-// first slot that is free or the caller's own, so a gap would make a second character of whoever
-// comes behind it. A slot that is such a gap already is filled likewise.
+// Removes the player. The last one of the file takes his place and number, since a gap would give
+// every later caller a second record at his next save. A slot that is already free is filled too.
 void removePlayer(const GameDirectory& home, std::size_t number, std::ostream& out);
 
 // Takes the on-line mark off that player, or off all.

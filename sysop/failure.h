@@ -1,4 +1,4 @@
-// How a verb ends that cannot be done: with one line on standard error and a status.
+// Errors that end a verb with one line on standard error and a status.
 #pragma once
 
 #include <stdexcept>

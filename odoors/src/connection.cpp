@@ -16,7 +16,7 @@ namespace odoors {
 namespace {
 
 constexpr std::size_t chunk = 4096;
-constexpr int noTimeout = -1; // to poll: no clock to be set, for weeks all the same
+constexpr int noTimeout = -1; // to poll
 constexpr int unwatched = -1; // to poll: not to be watched
 
 // Whether a failed read or write is worth another try.

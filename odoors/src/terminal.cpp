@@ -16,7 +16,7 @@ constexpr std::array endingSignals{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
 constexpr std::array crashSignals{SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV};
 
 // A signal that comes just before a blocking call would not break it, so it is repeated a few
-// times; whoever has not ended then is stuck.
+// times; a process that has not ended then is stuck.
 constexpr suseconds_t repeatMicroseconds = 100'000;
 constexpr int repeats = 5;
 

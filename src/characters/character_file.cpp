@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::int32_t turnsOfADay = 30;
 
-// What a save leaves in `exhaustedShown`: to a place in the world this is not yet shown.
+// What a save leaves in `exhaustedShown`: any value but 1 counts as not shown.
 constexpr std::int32_t exhaustedShownBySave = 50;
 
 constexpr std::size_t rosterSize = sizeof(Roster::Slots);

@@ -26,7 +26,7 @@ void savePlayer();
 // of slots 0 to 49 that is the caller's own or free.
 void savePlayerHealed();
 
-// Saves the player's possessions into slot 0, whoever plays and whoever owns that slot.
+// Saves the player's possessions into slot 0, even if another caller owns it.
 void saveQuick();
 
 // The caller's own slot among 0 to 48, or null when he has none.

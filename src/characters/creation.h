@@ -6,7 +6,7 @@
 
 namespace morvek {
 
-// Asks for the character's name; the caller begins with `nameChecked` at 0.
+// Asks for the character's name. Set `nameChecked` to 0 before calling.
 void enterName();
 
 // Asks for the class, rolls the abilities and hands out the kit.

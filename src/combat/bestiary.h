@@ -32,7 +32,7 @@ enum class MonsterKind : std::uint8_t {
 
 constexpr std::size_t monsterKindCount = 19;
 
-// The kind's name as the caller reads it: 1 to 29 characters.
+// The kind's name as the caller reads it: 1 to 23 characters.
 std::string_view monsterName(MonsterKind kind);
 
 // Makes a fresh monster of the kind the opponent at hand, with its own experience, gold and
@@ -46,7 +46,7 @@ void setUp() {
 
 using SetUp = void (*)();
 
-// One set-up operation for each kind, as values that a table of rooms can hold.
+// One set-up operation for each kind.
 constexpr SetUp setUpKoboldMinion = setUp<MonsterKind::koboldMinion>;
 constexpr SetUp setUpKoboldSkirmisher = setUp<MonsterKind::koboldSkirmisher>;
 constexpr SetUp setUpGoblinCutter = setUp<MonsterKind::goblinCutter>;

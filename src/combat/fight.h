@@ -7,8 +7,8 @@ namespace morvek {
 // T-shirt roll nothing and keep the values of the round before.
 void rollPlayerCombatValues();
 
-// Plays one round: both hit points, the first strike, the blows. What came of it stands in the hit
-// points of both, `playerDead` and `leavingWorld`.
+// Plays one round: both hit points, the first strike, the blows. The result is in both hit
+// points, `playerDead` and `leavingWorld`.
 void fightRound();
 
 // Decides who strikes first this round, sets `attackOrder` and says so.
@@ -17,7 +17,7 @@ void decideFirstStrike();
 // The player's blow, with all that a kill brings.
 void playerAttack();
 
-// The monster's blow against the player's armour; it may kill him, and is then saved at once.
+// The monster's blow against the player's armour. If the player dies, he is saved at once.
 void monsterAttack();
 
 } // namespace morvek

@@ -15,9 +15,9 @@ std::int32_t experienceToRise(std::int32_t level);
 // Whether the player's level has a trainer: levels 1 to 29 do.
 bool levelHasTrainer();
 
-// Whether the player has the experience that his level needs to rise. One who has not is told what
-// he lacks, or that there is nothing above level 30; one whose level is no level reads nothing.
-// Only who lacks experience has his `inTraining` cleared.
+// Whether the player has the experience that his level needs to rise. If not, says what he lacks
+// and clears `inTraining`; at level 30, says that there is no higher one; at other levels that the
+// table does not know, says nothing.
 bool admittedToTraining();
 
 // Raises the player by a level, with his gains, and shows them. From level 7 on nobody rises; a

@@ -7,7 +7,7 @@
 // A trainer gives no experience and no gold, and costs no turn. Above level 1 chance is seeded
 // from the clock before he is drawn, and the first draw is thrown away.
 //
-// Whoever is the opponent at hand when the fight begins is fought, be it a trainer or a monster
+// The opponent at hand when the fight begins is fought, be it a trainer or a monster
 // left behind in the world. Asking for the status ends the fight.
 
 #include "combat/trainer_fight.h"

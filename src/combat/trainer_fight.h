@@ -3,8 +3,8 @@
 
 namespace morvek {
 
-// The fight's screens, from "Time to Train!" to the way out. The trainer lives in the opponent at
-// hand from the "T" of one run to the next run, which fights him.
+// The fight's screens, from "Time to Train!" to the way out. One call sets up the trainer (`T`) and
+// returns; the next call fights him.
 void trainingFight();
 
 // Takes away the opponent at hand, and sets up the trainer for a player who may have one.

@@ -27,7 +27,7 @@ void setDateStamp() {
     game.session.dateStamp = stamp.data();
 }
 
-// A directory that is not there is no reason to stop: the game then lives where it was started.
+// If the directory cannot be entered, the game stays in the start directory.
 void enterGameDirectory() {
     if (::chdir(game.session.gameDirectory.c_str()) != 0) {
         return;
@@ -44,7 +44,7 @@ int runDoor(int argc, char* argv[]) {
         return 1;
     }
     openSession();
-    // A record holds no longer a name; whoever has one is known by its beginning everywhere.
+    // A record stores at most 15 bytes of a name, so cut it here for the whole call.
     sanitizeUserName(TextSlot::capacity);
     setColour(brightWhite, black);
     setDateStamp();

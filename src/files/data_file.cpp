@@ -101,8 +101,8 @@ std::string followLinks(std::string path) {
     return path;
 }
 
-// Whether it is the place that admits no temporary file, or no renaming: a directory that is
-// closed or sticky, something else of that name, a file that is mounted by itself. With any other
+// Whether the error means that this directory or file does not allow a temporary file or a rename:
+// a directory without write permission or with the sticky bit, a mounted file. With any other
 // error, such as a full disk, writing in place would fail as well, and halfway.
 bool needsWritingInPlace(int error) {
     constexpr std::array forbidden{EACCES, EPERM, EBUSY, ELOOP, EISDIR, ENXIO, ENAMETOOLONG};

@@ -45,8 +45,7 @@ public:
     // Opens the file that there is.
     static ScrollFile existing();
 
-    // Opens the file and empties it, or creates it; opens nothing while the board in memory is not
-    // what the file holds, because that could not be read.
+    // Opens the file and empties it, or creates it. Opens nothing if the last read failed.
     static ScrollFile emptied();
 
     ~ScrollFile();

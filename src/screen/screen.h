@@ -78,7 +78,7 @@ std::string askLine(int longest, unsigned char lowest, unsigned char highest,
 // A typed number as strtol reads it in base 10, held within the limits of an int.
 std::int32_t typedNumber(const std::string& text);
 
-// The session's two ends and its colour, for the way in alone.
+// Session start, colour and end. Only `door` calls these.
 void readCommandLine(int argc, char* argv[]);
 void openSession();
 void detectTerminal();

@@ -1,5 +1,5 @@
-// A text that stands in the row of a table itself. A pointer to it would have to be set right in
-// every row whenever the program starts, and callers could not share the table's memory.
+// A fixed-size string stored in a table row. Unlike a pointer it needs no relocation at the start
+// of the program, so processes share the memory of the table.
 #pragma once
 
 #include <algorithm>

@@ -5,8 +5,8 @@
 
 namespace morvek {
 
-// What a save puts into the slot: everything, or what the healed save keeps of it (hit points
-// shown whole, and of the world only W233 to W158).
+// What a save puts into the slot. healed: `hitPoints` is stored as `maxHitPoints`, and of the world
+// only the `searched` flags are stored.
 enum class StoreKind { whole, healed };
 
 // Copies the player in `game` into the slot; version, slotIndex, lastPlayedDay and the record's

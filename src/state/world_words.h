@@ -1,5 +1,5 @@
-// The 311 world words, W0 to W310: all that a character has done to the world. The numbers run
-// downwards where places run upwards, because they follow the order of the character record.
+// The 311 world words, W0 to W310: all that a character has done to the world. Within a run the
+// numbers go down as the places go up; store_player.cpp maps them to the character record.
 #pragma once
 
 #include <array>

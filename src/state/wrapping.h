@@ -1,5 +1,5 @@
-// Arithmetic on the 32-bit numbers of a character, who may come from a forged file: it wraps
-// around, as the machine's own does, and is never undefined.
+// Arithmetic on the 32-bit numbers of a character. Records may be forged, so overflow must wrap and
+// not be undefined.
 #pragma once
 
 #include <cstdint>

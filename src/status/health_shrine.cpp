@@ -1,7 +1,6 @@
 // The rules of the shrine. A hit point costs 5 gold. "Heal" takes a number of points; a number
-// below 1 means all that are missing, unless even that is more than are missing. A request that is
-// refused for its price or its size, and every game played, leads back to the shrine, as does
-// everything else; but where no guesses are left, such a refusal says so.
+// below 1 means all that are missing, unless even that is more than are missing. Every choice
+// except "r" returns to the shrine. A refused amount also reports that no guesses are left.
 //
 // The guessing game grants nothing. It draws a number and shows it beside the guess, and takes one
 // of the guesses left, or two for a guess of 7 or 8.

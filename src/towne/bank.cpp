@@ -1,7 +1,6 @@
-// The rules of the bank. An amount of at least 1 that its source holds is moved. What it says to
-// everybody else is the reverse of what one expects, and is how this bank is: who asks for more
-// than there is gets no word at all, and who asks for nothing, less than nothing or no number
-// reads that the funds do not suffice, as long as there are any.
+// The rules of the bank. An amount of at least 1 that its source holds is moved. The refusals are
+// inverted on purpose: an amount above the balance is refused silently; an amount below 1, or no
+// number, gets "insufficient funds" if the balance exceeds it.
 //
 // The two fields for the amount are kept apart. Each starts a visit as "0" and offers what was
 // typed into it last.

@@ -1,6 +1,5 @@
-// Whom a player may attack: any character that the list can number but himself, which means one
-// whose name is not his, whoever owns it. A free slot is refused only to a player without a name;
-// to others it is an opponent who is nobody.
+// Any listed number is a valid target unless its character has the player's own name. A free slot
+// has an empty name, so only a player without a name is refused it.
 //
 // An opponent of this kind always has initiative 4 and a damage die of 1 to 8, drawn after one
 // draw that decides nothing.

@@ -1,13 +1,11 @@
 // The rules of buying. A player has one weapon and one armour; what he buys takes its place, and
 // what he sells leaves him with bare fists or a T-shirt.
 //
-// The buying screen has a section for each ware, in their order, and runs them from the one of the
-// key on. A ware is offered in its own section only, to a caller with the gold that its offer
-// needs; what it takes is not compared with what he has. The first section whose shortage limit
-// his gold does not exceed says that he has not enough. A bargain ends the run; a declined offer
-// ends it at the armourer's, while in the weapon shop the sections go on, so that a caller who
-// declines a Club is mostly told that he cannot afford something dearer. Where no section has
-// anything to say, nothing is said: a Spear for 20000 gold just shows the screen again.
+// The chosen ware is offered if the gold reaches `offeredFrom`; what it takes is not compared with
+// the gold. If it is not offered, or a weapon is declined, the first ware from there on whose
+// `shortageUpTo` is at least the gold reports a shortage: a caller who declines a Club is mostly
+// told that he cannot afford something dearer. If there is no such ware, nothing is said: a Spear
+// for 20000 gold just shows the screen again.
 
 #include "towne/shop.h"
 

@@ -1,4 +1,4 @@
-// The two shops: what they sell, and what they say. The prices are what they are: Cloth costs a
+// The two shops: what they sell, and what they say. The odd prices are intended: Cloth costs a
 // fifth of the price on its line, Starweave and Starleather are offered to callers who cannot pay
 // for them, two wares buy back for far less than the others, and two garments change their name
 // when they are sold.

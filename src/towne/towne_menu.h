@@ -2,7 +2,7 @@
 
 namespace morvek {
 
-// Towne, the hub: runs until the caller quits or the player has no hit points left.
+// Towne, the main menu: runs until the caller quits or the player has no hit points left.
 void towneMenu();
 
 } // namespace morvek

@@ -35,8 +35,8 @@ static_assert(roomOf(Level::cavern1, 13) == roomCount);
 // What comes of an exit's key.
 enum class Passage : std::uint8_t {
     open,       // leads to a room
-    painted,    // stands among the directions, and the menu takes its key, but it leads nowhere
-    sealed,     // would lead to a room, but stands nowhere and the menu refuses its key
+    painted,    // listed and accepted, but leads nowhere
+    sealed,     // leads to a room, but is not listed, and its key is refused
     unfinished, // is under development, says so, and shows the room again
 };
 

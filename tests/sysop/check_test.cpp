@@ -25,8 +25,8 @@ TEST_F(Check, NamesSlotAndFieldOfAForgedWord) {
         PlayerRecord wrong = character("Bob", "Bjorn");
         std::memcpy(reinterpret_cast<char*>(&wrong) + offset, &word, sizeof word);
         save({character("Alice", "Arwen"), wrong});
-        expectFault(std::string("morchars.dat: slot 2 (Bob): ") + fault);
-        EXPECT_THAT(told("check"), Not(HasSubstr("slot 1 "))) << fault;
+        expectFault(std::string("morchars.dat: player 2 (Bob): ") + fault);
+        EXPECT_THAT(told("check"), Not(HasSubstr("player 1 "))) << fault;
     }
 }
 
@@ -34,21 +34,21 @@ TEST_F(Check, NotesAreNoFaults) {
     PlayerRecord online = character("Bob", "Bjorn");
     online.onlineFlag = 1;
     save({online, character("Carol", "")}); // as the game makes them
-    EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: slot 1 (Bob): onlineFlag is 1"));
-    EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: slot 2 (Carol): name is empty"));
+    EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: player 1 (Bob): onlineFlag is 1"));
+    EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: player 2 (Carol): name is empty"));
     EXPECT_THAT(told("check"), EndsWith("No errors or warnings.\n"));
 }
 
 TEST_F(Check, SeesSeveralRecordsTogether) {
     const PlayerRecord alice = character("Alice", "Arwen");
     save({alice, alice});
-    expectFault("slot 2 (Alice): ownerName owns slot 1 too");
+    expectFault("player 2 (Alice): ownerName owns player 1 too");
     save({emptySlot(), alice});
-    expectFault("slot 2 (Alice) is behind slot 1, which is free");
+    expectFault("player 2 (Alice) is behind player 1, which is free");
     std::vector<PlayerRecord> last(slotCount, emptySlot());
     last[49] = alice;
     save(last);
-    expectFault("slot 50 (Alice) is never searched");
+    expectFault("player 50 (Alice) is never searched");
 }
 
 TEST_F(Check, ReadsEveryOtherFileAsTheGameDoes) {
