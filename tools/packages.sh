@@ -1,11 +1,9 @@
 # shellcheck shell=bash
-# Sourced by the scripts that build: finds out what is missing on this machine, says so, and
-# installs it where there is apt. What is there already is found by what it does, not by a package's
-# name, so that any system will do.
+# Sourced by the scripts that build: finds missing packages, prints them, and installs them with apt
+# if possible. It looks for commands and libraries, not for packages, so it works on any system.
 
-# What the scripts need: how it is looked for (a command, or a library that pkg-config knows), what
-# is looked for, Debian's package, and the scripts that need it. The compiler's runtime for fuzzing
-# is that of the clang that is there.
+# The needs of the scripts: kind (a command, a library of pkg-config, or clang's runtime for
+# fuzzing), name, Debian's package, and the scripts that need it.
 needs='
 command  c++             build-essential      play check fuzz
 command  cmake           cmake                play check fuzz
@@ -41,14 +39,14 @@ is_there() {
     esac
 }
 
-# The package of clang's runtime: that of its version, or of the clang that is to be installed.
+# The package of clang's runtime, for the installed version or for the default one.
 runtime_package() {
     local version
     version=$(clang -dumpversion 2>/dev/null) || true
     echo "libclang-rt-${version:+${version%%.*}-}dev"
 }
 
-# Prints the packages that a script needs and that are missing.
+# missing_packages SCRIPT: prints the missing packages.
 missing_packages() {
     local kind name package scripts
     while read -r kind name package scripts; do
@@ -59,37 +57,37 @@ missing_packages() {
     done <<<"$needs"
 }
 
-# need SCRIPT: installs what it misses, or says which packages to install and ends with status 1.
+# need SCRIPT: installs its missing packages, or prints them and exits with status 1.
 need() {
     local missing as_root=()
     mapfile -t missing < <(missing_packages "$1")
     [ ${#missing[@]} -gt 0 ] || return 0
     echo "Missing on this machine: ${missing[*]}"
     if ! command -v apt-get >/dev/null 2>&1; then
-        echo "Please install them (these are Debian's names for the packages), then try again." >&2
+        echo "Install them (the names are Debian's), then try again." >&2
         exit 1
     fi
     if [ "$(id -u)" -ne 0 ]; then
         if ! command -v sudo >/dev/null 2>&1; then
-            echo "Please run as root: apt-get install ${missing[*]}" >&2
+            echo "Run as root: apt-get install ${missing[*]}" >&2
             exit 1
         fi
         as_root=(sudo)
     fi
     echo "Installing them with apt-get${as_root[0]:+ and sudo}."
-    "${as_root[@]}" apt-get -qq update || echo "apt-get update failed; trying with the old list." >&2
+    "${as_root[@]}" apt-get -qq update || echo "apt-get update failed; using the old list." >&2
     if ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -y \
         --no-install-recommends install "${missing[@]}" </dev/null | progress; then
-        echo "That failed. Please install by hand: ${missing[*]}" >&2
+        echo "apt-get failed. Install by hand: ${missing[*]}" >&2
         exit 1
     fi
-    # A test starts a server of its own; the system's is not wanted because of it.
+    # The test starts its own sshd; do not leave the system's one running.
     if [[ " ${missing[*]} " == *" openssh-server "* ]] && [ -d /run/systemd/system ]; then
         "${as_root[@]}" systemctl disable --now ssh.service ssh.socket >/dev/null 2>&1 || true
     fi
 }
 
-# Shows of the lines at standard input the newest: on a terminal in place, elsewhere now and then.
+# Shows the latest line of standard input: in place on a terminal, else every 15 seconds.
 progress() {
     local line shown=$SECONDS
     while IFS= read -r line; do
@@ -103,8 +101,8 @@ progress() {
     [ ! -t 1 ] || printf '\r\033[K'
 }
 
-# need_writable PATH...: ends with status 1 and one line when something at or below these cannot be
-# written by the one who runs this.
+# need_writable PATH...: exits with status 1 and one line if the user cannot write something at or
+# below a path.
 need_writable() {
     local path found
     for path; do
@@ -117,8 +115,8 @@ need_writable() {
     done
 }
 
-# build_preset PRESET TEXT: says the text, configures and builds; the whole output is shown only when
-# something is wrong.
+# build_preset PRESET TEXT: prints TEXT, configures and builds; shows the whole output only if that
+# fails.
 build_preset() {
     local log="build/$1.log"
     mkdir -p build/"$1" || exit 1
@@ -127,7 +125,7 @@ build_preset() {
     if ! { cmake --preset "$1" && cmake --build --preset "$1"; } </dev/null 2>&1 |
         tee "$log" | progress; then
         cat "$log" >&2
-        echo "The build failed; its output stands above and in $log." >&2
+        echo "The build failed; the output is above and in $log." >&2
         exit 1
     fi
 }

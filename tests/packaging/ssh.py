@@ -10,7 +10,7 @@ import grp, json, os, pty, re, select, shutil, signal, subprocess, sys, tempfile
 
 PROGRAM, SYSOP, SOURCE = map(os.path.abspath, sys.argv[1:4])
 SSH = f"{SOURCE}/packaging/ssh"
-PATIENCE = 60  # A slow machine is no fault.
+TIMEOUT = 60  # in seconds, for slow machines
 ACCOUNT, GROUP = (subprocess.check_output(["id", f"-{what}n"], text=True).strip() for what in "ug")
 
 
@@ -32,7 +32,7 @@ def check(good, *complaint):
 
 
 def wait_until(condition, *complaint):
-    latest = time.monotonic() + PATIENCE
+    latest = time.monotonic() + TIMEOUT
     while not condition():
         check(time.monotonic() < latest, *complaint)
         time.sleep(.02)
@@ -121,10 +121,10 @@ class Player:
         if self.pid == 0:
             os.execvp(CLIENT, server.command(key, "-t"))
 
-    def look(self, patience):
+    def look(self, timeout):
         """Reads what comes; false when nothing more can come."""
         try:
-            if select.select([self.terminal], [], [], patience)[0]:
+            if select.select([self.terminal], [], [], timeout)[0]:
                 shown = os.read(self.terminal, 65536).decode(errors="replace")
                 self.screen += shown
                 if "\x1b[6n" in shown:  # Where is the cursor?
@@ -134,7 +134,7 @@ class Player:
         return True
 
     def sees(self, text):
-        latest = time.monotonic() + PATIENCE
+        latest = time.monotonic() + TIMEOUT
         while text not in self.screen:
             check(self.look(.1) and time.monotonic() < latest, f"{text!r} is not in {self.screen!r}")
 
@@ -147,7 +147,7 @@ class Player:
         self.types(f"S{character}\ry2x" if character else "Sx")
 
     def ends(self, status):
-        latest = time.monotonic() + PATIENCE
+        latest = time.monotonic() + TIMEOUT
         while self.look(.1):
             check(time.monotonic() < latest, "the call does not end:", self.screen)
         found = os.waitstatus_to_exitcode(os.waitpid(self.pid, 0)[1])
@@ -191,7 +191,7 @@ def gets_nothing_else(server, key):
     """Neither a command of his own, nor a line to anywhere."""
     def asks(*more):
         return subprocess.run(server.command(key, *more), stdin=subprocess.DEVNULL, text=True,
-                              capture_output=True, timeout=PATIENCE)
+                              capture_output=True, timeout=TIMEOUT)
     done = asks("touch", f"{HOME}/shell")
     check(done.returncode == 1 and "played in a terminal" in done.stderr, done)
     check(not os.path.exists(f"{HOME}/shell"), "a command was run")
