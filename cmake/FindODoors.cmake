@@ -1,5 +1,5 @@
-# An installed door toolkit of the interface of OpenDoor.h: the target ODoors. ODOORS_ROOT, as a
-# variable of CMake or of the environment, names the prefix that it is installed in.
+# An installed door toolkit with the interface of OpenDoor.h: the target ODoors. ODOORS_ROOT, a
+# variable of CMake or of the environment, is the prefix of its installation.
 find_path(ODOORS_INCLUDE_DIR OpenDoor.h
   HINTS "${ODOORS_ROOT}" ENV ODOORS_ROOT PATH_SUFFIXES include)
 find_library(ODOORS_LIBRARY NAMES ODoors odoors
@@ -15,7 +15,7 @@ if(ODoors_FOUND AND NOT TARGET ODoors)
   set_target_properties(ODoors PROPERTIES
     IMPORTED_LOCATION "${ODOORS_LIBRARY}"
     INTERFACE_INCLUDE_DIRECTORIES "${ODOORS_INCLUDE_DIR}")
-  # An archive brings no libraries of its own along; ours needs libtelnet.
+  # A static library does not name the libraries that it needs; ours needs libtelnet.
   if(ODOORS_LIBRARY MATCHES "\\.a$")
     find_package(Telnet)
     if(Telnet_FOUND)

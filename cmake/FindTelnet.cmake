@@ -1,9 +1,8 @@
-# libtelnet, which speaks the telnet protocol for the door toolkit: the target Telnet::Telnet.
+# libtelnet, the telnet protocol of the door toolkit: the target Telnet::Telnet.
 #
-# The archive is taken where there is one, since every shared library costs each caller's start a
-# little, and only callers on a socket need this one; so programs run where libtelnet is not
-# installed. It brings no libraries of its own along, and needs zlib's archive. The shared library is
-# taken where there is no archive, and with BUILD_SHARED_LIBS.
+# The static library is preferred: a shared one slows down every start, only callers on a socket
+# need it, and programs run where libtelnet is not installed. It also needs zlib's static library.
+# The shared library is used if there is no static one, and with BUILD_SHARED_LIBS.
 find_path(TELNET_INCLUDE_DIR libtelnet.h)
 find_library(TELNET_SHARED_LIBRARY telnet)
 set(telnet_found_by TELNET_SHARED_LIBRARY)

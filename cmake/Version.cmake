@@ -1,16 +1,16 @@
-# MORVEK_VERSION: what the programs and packages call this build. A build from git has a version of its
-# own, which is newer than that of an older commit: 0.6.9+git20261122.154500.0f1714d, with the
-# commit's date and time (UTC). Elsewhere it is the project's version.
+# MORVEK_VERSION: the version of the programs and packages. A build from git has a version of its
+# own, which sorts after those of older commits: 0.6.9+git20261122.154500.0f1714d, with the commit's
+# date and time (UTC). Without git it is the project's version.
 #
-# It is defined for the few sources that show it, so that a commit recompiles nothing else.
+# Only the sources that print it get the definition, so a commit does not recompile the others.
 set(MORVEK_VERSION "${PROJECT_VERSION}")
 
 find_program(MORVEK_GIT git)
 mark_as_advanced(MORVEK_GIT)
-# Also where another user builds than the one who owns the files.
+# Works also if the files belong to another user.
 set(git "${MORVEK_GIT}" -c "safe.directory=${PROJECT_SOURCE_DIR}" -C "${PROJECT_SOURCE_DIR}")
 
-# Only a repository of this project's own: not one that its folder happens to lie in.
+# Only the project's own repository, not one that contains its folder.
 if(MORVEK_GIT AND EXISTS "${PROJECT_SOURCE_DIR}/.git")
   execute_process(
     COMMAND "${CMAKE_COMMAND}" -E env TZ=UTC0

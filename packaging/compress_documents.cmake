@@ -1,5 +1,5 @@
-# Run by CPack in the tree that is about to be packed. Debian wants man pages and the list of changes
-# compressed, and without the time of the packing in them.
+# Run by CPack in the tree to be packed. Debian requires man pages and the changelog to be
+# compressed, without a timestamp.
 if(CPACK_GENERATOR STREQUAL "DEB")
   file(GLOB_RECURSE documents "${CPACK_TEMPORARY_DIRECTORY}/*.[1-8]"
        "${CPACK_TEMPORARY_DIRECTORY}/CHANGELOG.md")

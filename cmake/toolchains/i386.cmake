@@ -1,5 +1,5 @@
-# g++-i686-linux-gnu. An amd64 processor runs the programs, but its system has no loader for them:
-# they name the compiler's own.
+# g++-i686-linux-gnu. An amd64 processor runs the programs, but its system has no loader for them,
+# so they name the compiler's one.
 set(architecture i386)
 set(triplet i686-linux-gnu)
 set(CMAKE_SYSTEM_PROCESSOR i686)

@@ -1,5 +1,5 @@
-# Installs our own toolkit out of BUILD into a prefix, builds the program of SOURCE against what is
-# installed there, and plays it. The work is done, and kept for the next time, in BUILD.
+# Installs the toolkit of BUILD into a prefix, builds the program of SOURCE with the installed
+# toolkit, and plays it. The build stays in BUILD for the next run.
 #   cmake -DSOURCE=... -DBUILD=... [-DGENERATOR=... -DCOMPILER=... -DFLAGS=...] -P THIS
 set(prefix "${BUILD}/system-toolkit/prefix")
 set(game "${BUILD}/system-toolkit/build")
