@@ -34,19 +34,16 @@ inline std::string reasonOf(const std::function<void()>& start) {
 // How far the clock of the library is ahead of the system's.
 inline long secondsAhead = 0;
 
-inline int readClockAhead(clockid_t clock, timespec* now) {
-    const int result = clock_gettime(clock, now);
-    now->tv_sec += secondsAhead;
-    return result;
-}
-
 // A child that opens a session with these arguments and runs the door. A door that comes to its
 // end leaves with status 0.
 inline Child doorChild(const Arguments& arguments, const Door& door) {
     return [=] {
-        odoors::readClock = readClockAhead;
+        odoors::readClock = [](clockid_t clock, timespec* now) {
+            const int result = clock_gettime(clock, now);
+            now->tv_sec += secondsAhead;
+            return result;
+        };
         setenv("LC_ALL", "C", 1);
-        setenv("LOGNAME", "newcomer", 1);
         std::vector<char*> argv = commandLine(arguments);
         od_parse_cmd_line(static_cast<int>(argv.size()) - 1, argv.data());
         od_init();

@@ -58,15 +58,14 @@ struct DropFileSearch : testing::Test {
 };
 
 TEST_F(DropFileSearch, TakesTheFirstKindInAnyLetterCase) {
-    // From the last to the first, so that each new one comes before those that are there.
+    // From the last to the first.
     folder.write("chain.txt", chain.with({{2, "chain"}}));
     EXPECT_EQ(nameFor({"-D", path}), "chain");
     folder.write("Dorinfo1.Def", dorinfo.with({{7, "dorinfo"}, {8, "one"}}));
     EXPECT_EQ(nameFor({"-D", path, "-N3"}), "dorinfo one");
     folder.write("dorinfo3.def", dorinfo.with({{7, "dorinfo"}, {8, "three"}}));
-    EXPECT_EQ(nameFor({"-D", path}), "dorinfo one");
     EXPECT_EQ(nameFor({"-D", path, "-N3"}), "dorinfo three");
-    EXPECT_EQ(nameFor({"-D", folder.path("DORINFO3.DEF")}), "dorinfo three");
+    EXPECT_EQ(nameFor({"-D", folder.path("DORINFO1.DEF")}), "dorinfo one");
     folder.write("DOOR.sys", doorSys.with({{36, "door.sys"}}));
     EXPECT_EQ(nameFor({"-D", path}), "door.sys");
     folder.write("door32.Sys", door32.with({{7, "door32"}}));
@@ -75,13 +74,10 @@ TEST_F(DropFileSearch, TakesTheFirstKindInAnyLetterCase) {
 
 TEST_F(DropFileSearch, TellsWhatItDidNotFind) {
     folder.write(bbsdev.name, bbsdev.with());
-    const std::string none = folder.path("none");
-    for (const auto& [where, reason] : std::vector<std::pair<std::string, std::string>>{
-             {path, ": no drop file in this directory"},
-             {none, ": cannot be read: No such file or directory"},
-             {"/dev/null", ": is not the name of a known drop file"}}) {
-        EXPECT_EQ(reasonOf([&, given = where] { nameFor({"-D", given}); }), where + reason);
-    }
+    EXPECT_EQ(reasonOf([&] { nameFor({"-D", path}); }), path + ": no drop file in this directory");
+    const Arguments device{"-D", "/dev/null"};
+    EXPECT_EQ(reasonOf([&] { nameFor(device); }),
+              "/dev/null: is not the name of a known drop file");
 }
 
 TEST_F(DropFileSearch, BeginsWithTheEnvironmentThenTheStartDirectory) {

@@ -29,7 +29,6 @@ const Door flood = [] {
 struct EndingTest : testing::Test {
     Folder folder;
     std::string log = folder.path("calls");
-    std::string lock = folder.path("lock");
     std::string dropFile = folder.write(door32.name, door32.with());
 
     // A call that a board has started, with these options besides.
@@ -45,39 +44,35 @@ struct EndingTest : testing::Test {
         const std::size_t tab = text.rfind('\t') + 1;
         return text.substr(tab, text.size() - 1 - tab);
     }
-};
 
-struct Ending {
-    Arguments options;
-    std::string line;
-    int status;
-    std::string logged;
+    // Expects that a call shows the line, waits for a key and ends so.
+    void expect(const Arguments& options, const std::string& line, int status,
+                const std::string& words) const {
+        const Call call(byBoard(options));
+        EXPECT_THAT(call.until(line), HasSubstr(line));
+        usleep(200'000);
+        EXPECT_EQ(waitpid(call.child, nullptr, WNOHANG), 0) << words;
+        call.type("x");
+        EXPECT_EQ(call.status(), status);
+        EXPECT_EQ(logged(), words);
+        EXPECT_TRUE(call.isRestored());
+    }
 };
 
 } // namespace
 
 TEST_F(EndingTest, WaitsForAKeyOfABoardsCaller) {
-    const Call inside(byBoard({"-ONECALLER", lock}));
-    inside.until("ready");
+    const std::string lock = folder.path("lock");
     const std::string none = folder.path("none/lock");
     const std::string reason = "could not start (1): " + none + ": cannot be ";
-    const std::vector<Ending> endings{
-        {{"-TIMELEFT=0"}, "Your time is used up.", 3, "time used up (3)"},
-        {{"-INACTIVITY=1"}, "No key was pressed for too long.", 4, "no key pressed (4)"},
-        {{"-ONECALLER", lock}, "Another caller is inside.", 5, "another caller inside (5)"},
-        {{"-ONECALLER", none}, "cannot be started.", 1, reason + "locked: " + noSuchFile},
-        {{"-D", none}, "", 1, reason + "read: " + noSuchFile},
-        {{"-BOGUS\xff\n"}, "", 1, "could not start (1): unknown option -BOGUS\u00a0"}};
-    for (const Ending& ending : endings) {
-        const Call call(byBoard(ending.options));
-        EXPECT_THAT(call.until(ending.line), HasSubstr(ending.line));
-        usleep(200'000);
-        EXPECT_EQ(waitpid(call.child, nullptr, WNOHANG), 0) << ending.logged;
-        call.type("x");
-        EXPECT_EQ(call.status(), ending.status);
-        EXPECT_EQ(logged(), ending.logged);
-        EXPECT_TRUE(call.isRestored());
-    }
+    const Call inside(byBoard({"-ONECALLER", lock}));
+    inside.until("ready");
+    expect({"-TIMELEFT=0"}, "Your time is used up.", 3, "time used up (3)");
+    expect({"-INACTIVITY=1"}, "No key was pressed for too long.", 4, "no key pressed (4)");
+    expect({"-ONECALLER", lock}, "Another caller is inside.", 5, "another caller inside (5)");
+    expect({"-ONECALLER", none}, "cannot be started.", 1, reason + "locked: " + noSuchFile);
+    expect({"-D", none}, "", 1, reason + "read: " + noSuchFile);
+    expect({"-BOGUS\xff\n"}, "", 1, "could not start (1): unknown option -BOGUS\u00a0");
 }
 
 TEST_F(EndingTest, WaitsThreeSecondsWhateverWasTypedAhead) {
@@ -91,16 +86,11 @@ TEST_F(EndingTest, WaitsThreeSecondsWhateverWasTypedAhead) {
 }
 
 TEST_F(EndingTest, WaitsForNobodyWhoIsGoneOrAtHome) {
-    Call hungUp(byBoard({"-TIMELEFT=0"}));
-    hungUp.until("up.\n\r");
-    hungUp.hangUp();
-    EXPECT_EQ(hungUp.status(), 3);
-    const Call signalled(byBoard({"-TIMELEFT=0"}));
-    signalled.until("up.\n\r");
-    kill(signalled.child, SIGTERM);
-    EXPECT_EQ(signalled.status(), 3);
-    const Call atHome(doorChild({"-LOCAL", "-TIMELEFT=0"}, tellKeys));
-    EXPECT_EQ(atHome.status(), 3);
+    Call onBoard(byBoard({"-TIMELEFT=0"}));
+    onBoard.until("up.\n\r");
+    onBoard.hangUp();
+    EXPECT_EQ(onBoard.status(), 3);
+    EXPECT_EQ(Call(doorChild({"-LOCAL", "-TIMELEFT=0"}, tellKeys)).status(), 3);
 }
 
 TEST_F(EndingTest, ByTheProgramIsLogged) {
@@ -171,12 +161,10 @@ TEST_F(EndingTest, BySignalHeldBackIsThatOfALostCaller) {
 }
 
 TEST_F(EndingTest, ComesInTimeForStuckPrograms) {
-    EXPECT_EQ(Call(byBoard({"-TIMELEFT=0"}, [] { pause(); })).status(), 3);
+    EXPECT_EQ(Call(byBoard({"-TIMELEFT=0"}, flood)).status(), 3);
     EXPECT_EQ(logged(), "time used up (3)");
-    EXPECT_EQ(Call(byBoard({"-TIMELEFT=0"}, flood)).status(), 3) << "he takes no output";
 }
 
-// The caller takes no more output while his input stays open.
 TEST_F(EndingTest, OfOutputAloneIsNoticed) {
     std::array<int, 2> input{};
     std::array<int, 2> output{};

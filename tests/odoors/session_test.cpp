@@ -19,10 +19,10 @@ const Door askForAnsi = [] {
 } // namespace
 
 TEST(Terminal, IsRawDuringTheCallAndRestoredAfterItOrItsCrash) {
-    for (const Door& end : {Door([] {}), Door(std::abort), Door([] { std::exit(7); })}) {
-        const Door door = [&] {
+    for (const bool crashes : {false, true}) {
+        const Door door = [crashes] {
             tellKeys();
-            end();
+            crashes ? std::abort() : std::exit(7);
         };
         const Call call(doorChild(plain, door), Line::terminal, false);
         EXPECT_EQ(call.until("ready"), "ready");
@@ -48,8 +48,7 @@ TEST(Terminal, HasASecondToAnswer) {
     const Call call(doorChild({"-LOCAL"}, askForAnsi));
     const auto start = std::chrono::steady_clock::now();
     call.until("\033[6n");
-    call.type("a");
-    EXPECT_EQ(call.until("<97>"), "0ready<97>");
+    EXPECT_EQ(call.until("ready"), "0ready");
     EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(900));
     call.type("\033[1;6Rb");
     EXPECT_EQ(call.until(">"), "<98>") << "an answer that comes too late is no key either";
@@ -58,11 +57,10 @@ TEST(Terminal, HasASecondToAnswer) {
 TEST(Terminal, SendsAnEscapeAloneAsAKey) {
     const Call call(doorChild(plain, tellKeys));
     call.until("ready");
-    for (const auto& [bytes, keys] : std::vector<std::pair<std::string, std::string>>{
-             {"\033[A", "<127>"}, {"\033", "<27>"}, {"[A", "<91><65>"}, {"\033OP!", "<127><33>"}}) {
-        call.type(bytes);
-        EXPECT_EQ(call.until(keys), keys);
-    }
+    call.type("\033");
+    EXPECT_EQ(call.until(">"), "<27>");
+    call.type("[A");
+    EXPECT_EQ(call.until("<65>"), "<91><65>");
 }
 
 // What telnet programs send: agreement and proposals, a window's size with 255 in it, commands, and
@@ -86,8 +84,8 @@ TEST(Sockets, CarryAWholeCall) {
         call.until("<255>"),
         "\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03\xff\xfb\0\xff\xfd\0\033[6n\xff\xfe\x1f\033[0;37m"
         "\xff\xff\n\rready<127><97><127><98><127><99><100><127><13><255>"s);
-    call.type("\xff\0\x19\xff\xf0\r\n\xff\xf1\xff\xfb\x18\xff\xfd\x06\033[Aq"s);
-    EXPECT_EQ(call.until("\033[0m"), "\xff\xfe\x18\xff\xfc\x06<13><127>\033[0m");
+    call.type("\xff\0\x19\xff\xf0\r\n\xff\xf1q"s);
+    EXPECT_EQ(call.until("\033[0m"), "<13>\033[0m");
     EXPECT_EQ(call.status(), 0);
 }
 
