@@ -81,7 +81,6 @@ inline const std::vector<BoardCaller> boardCallers{
     {dorinfo, {}},
     {dorinfo, {{7, "J\x94rg Ace"}, {8, "NLN"}}},
     {dorinfo, {{8, ""}, {10, "0"}}, "J\x94rg", 45, false},
-    {chain, {}},
     {chain, {{2, ""}, {14, "0"}, {15, "0"}, {16, "59.9"}}, "Alice Doe", 0, false},
     {chain, {{16, "2700"}}},
     {bbsdev, {}},

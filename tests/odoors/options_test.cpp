@@ -19,10 +19,9 @@ TEST(OptionsTest, AreReadInEveryForm) {
 }
 
 TEST(OptionsTest, ValuesMayBeGluedToOneLetter) {
-    EXPECT_EQ(optionsOf({"-N2"}).node, 2);
     EXPECT_EQ(optionsOf({"-h-1"}).handle, -1);
     EXPECT_EQ(optionsOf({"-D/path=x"}).dropFile, "/path=x");
-    EXPECT_EQ(optionsOf({"-d=here"}).dropFile, "here");
+    EXPECT_EQ(optionsOf({"-n=2"}).node, 2);
 }
 
 TEST(OptionsTest, TheLastOneCounts) {
@@ -35,14 +34,13 @@ TEST(OptionsTest, TheLastOneCounts) {
 TEST(OptionsTest, WrongOnesAreRefusedByName) {
     const std::vector<std::pair<Arguments, std::string>> wrong{
         {{"local"}, "unknown option local"},
-        {{"-LOCAL=1"}, "unknown option -LOCAL=1"},
         {{"-DROPFILE"}, "option -DROPFILE needs a value"},
         {{"-N2x"}, "option -N2x: \"2x\" is not a whole number from 0 to 2147483647"},
         {{"-H", "-2"}, "option -H: \"-2\" is not a whole number from -1 to 2147483647"},
         {{"-TIMELEFT="}, "option -TIMELEFT: \"\" is not a whole number of 0 or more"},
         {{"-CHARSET", "latin1"}, "option -CHARSET: \"latin1\" is not cp437, utf8 or auto"}};
     for (const auto& [arguments, reason] : wrong) {
-        EXPECT_EQ(reasonOf([words = arguments] { optionsOf(words); }), reason);
+        EXPECT_THAT([words = arguments] { optionsOf(words); }, failsWith(reason));
     }
 }
 
