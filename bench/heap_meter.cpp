@@ -30,13 +30,20 @@ void resetHeapMeter() {
 using morvek::bench::held;
 using morvek::bench::mostHeld;
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     void* memory = std::malloc(size);
+    if (memory != nullptr) {
+        held += malloc_usable_size(memory);
+        mostHeld = std::max(mostHeld, held);
+    }
+    return memory;
+}
+
+void* operator new(std::size_t size) {
+    void* memory = operator new(size, std::nothrow);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
-    held += malloc_usable_size(memory);
-    mostHeld = std::max(mostHeld, held);
     return memory;
 }
 
