@@ -13,17 +13,11 @@ std::size_t mostHeld = 0;
 
 } // namespace
 
-std::size_t heldBytes() {
-    return held;
-}
+std::size_t heldBytes() { return held; }
 
-std::size_t mostHeldBytes() {
-    return mostHeld;
-}
+std::size_t mostHeldBytes() { return mostHeld; }
 
-void resetHeapMeter() {
-    mostHeld = held;
-}
+void resetHeapMeter() { mostHeld = held; }
 
 } // namespace morvek::bench
 
@@ -54,6 +48,4 @@ void operator delete(void* memory) noexcept {
     }
 }
 
-void operator delete(void* memory, std::size_t) noexcept {
-    operator delete(memory);
-}
+void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }

@@ -1,5 +1,3 @@
 #include "door/door_session.h"
 
-int main(int argc, char* argv[]) {
-    return morvek::runDoor(argc, argv);
-}
+int main(int argc, char* argv[]) { return morvek::runDoor(argc, argv); }

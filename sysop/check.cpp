@@ -92,9 +92,7 @@ void checkScoreEntry(const ScoreEntry& entry, const std::string& place, Findings
     }
 }
 
-std::string lineOf(std::size_t index) {
-    return "line " + std::to_string(index + 1);
-}
+std::string lineOf(std::size_t index) { return "line " + std::to_string(index + 1); }
 
 // What was not read, or would be written otherwise than it stands.
 void checkScoreText(std::string_view text, std::span<const ScoreEntry> entries,

@@ -173,15 +173,11 @@ void setNumber(const Field& field, PlayerRecord& slot, std::string_view typed) {
     }
 }
 
-char lower(char one) {
-    return one >= 'A' && one <= 'Z' ? static_cast<char>(one - 'A' + 'a') : one;
-}
+char lower(char one) { return one >= 'A' && one <= 'Z' ? static_cast<char>(one - 'A' + 'a') : one; }
 
 } // namespace
 
-std::span<const Field> allFields() {
-    return fields;
-}
+std::span<const Field> allFields() { return fields; }
 
 bool sameWord(std::string_view one, std::string_view other) {
     return std::equal(one.begin(), one.end(), other.begin(), other.end(),

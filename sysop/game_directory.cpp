@@ -157,9 +157,7 @@ bool sameBytes(const PlayerRecord& one, const PlayerRecord& other) {
     return std::bit_cast<Bytes>(one) == std::bit_cast<Bytes>(other);
 }
 
-bool isFree(const PlayerRecord& slot) {
-    return slot.ownerName.view().empty();
-}
+bool isFree(const PlayerRecord& slot) { return slot.ownerName.view().empty(); }
 
 std::string namesOnline(const Characters& characters) {
     std::string names;

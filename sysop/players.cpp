@@ -16,9 +16,7 @@ using Json = nlohmann::ordered_json;
 constexpr std::size_t nameWidth = 16;
 constexpr std::size_t fieldWidth = 18;
 
-const Field& field(std::string_view name) {
-    return *findField(name);
-}
+const Field& field(std::string_view name) { return *findField(name); }
 
 void writeRow(const PlayerRecord& slot, std::size_t number, std::ostream& out) {
     const std::string day = dayOf(slot.lastPlayedDay);

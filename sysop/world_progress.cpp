@@ -64,9 +64,7 @@ std::vector<WorldFlag> findWorldFlags() {
 
 } // namespace
 
-const LevelName& nameOf(Level level) {
-    return levelNames[static_cast<std::size_t>(level)];
-}
+const LevelName& nameOf(Level level) { return levelNames[static_cast<std::size_t>(level)]; }
 
 Progress progressOf(const PlayerRecord& slot) {
     resetGame();

@@ -42,14 +42,10 @@ std::string plainUtf8(std::string_view cp437) {
     return text::withoutControls(utf8);
 }
 
-iovec part(std::string_view text) {
-    return {const_cast<char*>(text.data()), text.size()};
-}
+iovec part(std::string_view text) { return {const_cast<char*>(text.data()), text.size()}; }
 
 // The program may end without a word to the library.
-void logUntoldEnd() {
-    logEnd(callerKnown ? "ended by the program" : startupFailed.words);
-}
+void logUntoldEnd() { logEnd(callerKnown ? "ended by the program" : startupFailed.words); }
 
 } // namespace
 

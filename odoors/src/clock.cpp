@@ -35,9 +35,7 @@ int TimeLimit::minutesLeft(Milliseconds now) const {
     return static_cast<int>(std::clamp<std::int64_t>(left, 0, mostMinutesShown));
 }
 
-Milliseconds TimeLimit::end() const {
-    return enforced_ ? start_ + seconds_ * perSecond : never;
-}
+Milliseconds TimeLimit::end() const { return enforced_ ? start_ + seconds_ * perSecond : never; }
 
 int TimeLimit::popWarning(Milliseconds now) {
     for (const int minutes : warnings) {

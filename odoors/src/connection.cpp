@@ -20,9 +20,7 @@ constexpr int noTimeout = -1; // to poll
 constexpr int unwatched = -1; // to poll: not to be watched
 
 // Whether a failed read or write is worth another try.
-bool isTransient(int error) {
-    return error == EINTR || error == EAGAIN || error == EWOULDBLOCK;
-}
+bool isTransient(int error) { return error == EINTR || error == EAGAIN || error == EWOULDBLOCK; }
 
 } // namespace
 

@@ -286,8 +286,6 @@ std::optional<DropFile> readDropFile(const std::string& path, int node) {
     return std::nullopt;
 }
 
-DropFile readBbsdevFile(const std::string& path) {
-    return bbsdev.parse(path, readBytes(path));
-}
+DropFile readBbsdevFile(const std::string& path) { return bbsdev.parse(path, readBytes(path)); }
 
 } // namespace odoors

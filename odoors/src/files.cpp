@@ -65,8 +65,6 @@ bool isDirectory(const std::string& path) {
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-std::string lastPart(const std::string& path) {
-    return path.substr(path.rfind('/') + 1);
-}
+std::string lastPart(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 } // namespace odoors

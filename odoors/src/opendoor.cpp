@@ -76,9 +76,7 @@ void openSession() {
     od_control.user_timelimit = session().minutesLeft();
 }
 
-std::string_view orEmpty(const char* text) {
-    return text != nullptr ? text : "";
-}
+std::string_view orEmpty(const char* text) { return text != nullptr ? text : ""; }
 
 // The key as it stands among the keys, in either case; 0 when it is none of them.
 char choose(std::string_view keys, char key) {
@@ -146,21 +144,15 @@ void od_init() {
     }
 }
 
-void od_exit(int errorlevel, int) {
-    session().finish(errorlevel);
-}
+void od_exit(int errorlevel, int) { session().finish(errorlevel); }
 
 void od_set_color(int foreground, int background) {
     session().output.setAttribute({foreground & 15, background & 7, false});
 }
 
-void od_autodetect(int) {
-    session().detectAnsi();
-}
+void od_autodetect(int) { session().detectAnsi(); }
 
-void od_clr_scr() {
-    session().output.clear();
-}
+void od_clr_scr() { session().output.clear(); }
 
 void od_printf(const char* format, ...) {
     va_list arguments;
@@ -184,21 +176,13 @@ void od_disp(const char* text, int size, int) {
     }
 }
 
-void od_disp_str(const char* text) {
-    session().output.show(orEmpty(text));
-}
+void od_disp_str(const char* text) { session().output.show(orEmpty(text)); }
 
-void od_set_cursor(int row, int column) {
-    session().output.moveTo(row, column);
-}
+void od_set_cursor(int row, int column) { session().output.moveTo(row, column); }
 
-char od_get_key(int wait) {
-    return nextKey(wait != 0);
-}
+char od_get_key(int wait) { return nextKey(wait != 0); }
 
-char od_get_answer(const char* answers) {
-    return nextChoice(orEmpty(answers), true);
-}
+char od_get_answer(const char* answers) { return nextChoice(orEmpty(answers), true); }
 
 void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max) {
     const auto longest = static_cast<std::size_t>(std::max(maxLength, 0));

@@ -41,13 +41,9 @@ struct Value {
     throw StartupError{"option " + value.option + ": \"" + value.text + "\" is not " + allowed};
 }
 
-void assign(bool& field, const Value&, int) {
-    field = true;
-}
+void assign(bool& field, const Value&, int) { field = true; }
 
-void assign(std::optional<std::string>& field, const Value& value, int) {
-    field = value.text;
-}
+void assign(std::optional<std::string>& field, const Value& value, int) { field = value.text; }
 
 void assign(std::optional<std::int64_t>& field, const Value& value, int least) {
     field = readNumber(value.text);

@@ -93,9 +93,7 @@ void Output::resetColour() {
     }
 }
 
-std::string Output::drain() {
-    return std::exchange(bytes_, {});
-}
+std::string Output::drain() { return std::exchange(bytes_, {}); }
 
 void Output::sendAttribute() {
     if (ansi() && terminalAttribute_ != attribute_) {

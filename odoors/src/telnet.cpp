@@ -43,12 +43,8 @@ void Telnet::receive(std::string_view fromLine, std::string& keys) {
     keys += std::exchange(pending_.keys, {});
 }
 
-void Telnet::send(std::string_view text) {
-    telnet_send(protocol_.get(), text.data(), text.size());
-}
+void Telnet::send(std::string_view text) { telnet_send(protocol_.get(), text.data(), text.size()); }
 
-std::string Telnet::drainOutgoing() {
-    return std::exchange(pending_.outgoing, {});
-}
+std::string Telnet::drainOutgoing() { return std::exchange(pending_.outgoing, {}); }
 
 } // namespace odoors

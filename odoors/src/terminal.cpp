@@ -110,9 +110,7 @@ void watchSignals() {
     handle(SIGPIPE, SIG_IGN, 0);
 }
 
-bool sessionSignalled() {
-    return signalsSeen > 0;
-}
+bool sessionSignalled() { return signalsSeen > 0; }
 
 void endAfter(Milliseconds span, const Ending& ending) {
     if (signalsSeen > 0) {

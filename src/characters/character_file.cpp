@@ -23,9 +23,7 @@ constexpr std::size_t rosterSize = sizeof(Roster::Slots);
 
 // A file that could not be read when the game began is not written either: the roster in memory is
 // not what it holds.
-bool canSave(const Replacement& file) {
-    return file.isOpen() && game.session.rosterUnread == 0;
-}
+bool canSave(const Replacement& file) { return file.isOpen() && game.session.rosterUnread == 0; }
 
 void writeRoster(Replacement& file) {
     file.replace({reinterpret_cast<const char*>(game.roster.slots().data()), rosterSize});

@@ -19,9 +19,7 @@
 namespace morvek {
 namespace {
 
-std::string_view name() {
-    return opponentName(maxNameInArena);
-}
+std::string_view name() { return opponentName(maxNameInArena); }
 
 Blow drawPlayerBlow() {
     const std::int32_t skill = draw(25);

@@ -23,9 +23,7 @@ struct DamageDie {
     std::int32_t plus;
 };
 
-constexpr DamageDie fixed(std::int32_t sides) {
-    return {nullptr, sides};
-}
+constexpr DamageDie fixed(std::int32_t sides) { return {nullptr, sides}; }
 
 // Leaves the last roll as it stands.
 void lastRoll() {}
@@ -124,9 +122,7 @@ static_assert(rowsAreInOrder());
 static_assert(std::ranges::all_of(bestiary,
                                   [](const KindRow& row) { return *row.name.text() != '\0'; }));
 
-const KindRow& rowOf(MonsterKind kind) {
-    return bestiary[static_cast<std::size_t>(kind)];
-}
+const KindRow& rowOf(MonsterKind kind) { return bestiary[static_cast<std::size_t>(kind)]; }
 
 void setDamage(Monster& monster, const DamageDie& die) {
     monster.damage = die.plus;
@@ -158,9 +154,7 @@ void setStats(Monster& monster, const std::array<std::int32_t, 9>& stats) {
 
 } // namespace
 
-std::string_view monsterName(MonsterKind kind) {
-    return rowOf(kind).name.text();
-}
+std::string_view monsterName(MonsterKind kind) { return rowOf(kind).name.text(); }
 
 // The draws come in this order: experience, then damage, then gold.
 void setUpMonster(MonsterKind kind) {

@@ -70,9 +70,7 @@ PlayerBlow drawPlayerBlow() {
     return {{skill >= luck, critical ? damage + damage / 2 : damage}, critical};
 }
 
-std::string_view name() {
-    return opponentName(maxNameInFight);
-}
+std::string_view name() { return opponentName(maxNameInFight); }
 
 void sayHitPoints() {
     const Monster& monster = game.encounter.monster;

@@ -133,20 +133,12 @@ void levelUp() {
     }
 }
 
-void rollHitPointGain() {
-    rollGain(game.player.hitPointGain);
-}
+void rollHitPointGain() { rollGain(game.player.hitPointGain); }
 
-void rollStrengthGain() {
-    rollGain(game.player.strengthGain);
-}
+void rollStrengthGain() { rollGain(game.player.strengthGain); }
 
-void rollDexterityGain() {
-    rollGain(game.player.dexterityGain);
-}
+void rollDexterityGain() { rollGain(game.player.dexterityGain); }
 
-void rollIntelligenceGain() {
-    rollGain(game.player.intelligenceGain);
-}
+void rollIntelligenceGain() { rollGain(game.player.intelligenceGain); }
 
 } // namespace morvek

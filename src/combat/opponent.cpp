@@ -32,9 +32,7 @@ void sayOpponentHits(std::string_view name, std::int32_t damage) {
     say(" `red`points!\n\r\n\r");
 }
 
-void sayOpponentMissed(std::string_view name) {
-    sayOf(name, " `red`Missed!\n\r\n\r");
-}
+void sayOpponentMissed(std::string_view name) { sayOf(name, " `red`Missed!\n\r\n\r"); }
 
 void setAttackOrder() {
     game.encounter.attackOrder = game.encounter.monster.initiative <= game.player.dexterity

@@ -45,9 +45,7 @@ void winAgainstPlayer() {
     waitForKey();
 }
 
-void attackPlayer() {
-    arenaAttack(winAgainstPlayer);
-}
+void attackPlayer() { arenaAttack(winAgainstPlayer); }
 
 } // namespace
 

@@ -30,9 +30,7 @@ namespace {
 
 constexpr std::int32_t highestInitiative = 20;
 
-bool opponentStands() {
-    return game.encounter.monster.hitPoints > 0;
-}
+bool opponentStands() { return game.encounter.monster.hitPoints > 0; }
 
 void sayEncounter() {
     const Monster& monster = game.encounter.monster;
@@ -139,8 +137,6 @@ void setUpTrainer() {
     monster.damage = draw(2 * level + 4) + 1;
 }
 
-void trainerAttack() {
-    arenaAttack(winAgainstTrainer);
-}
+void trainerAttack() { arenaAttack(winAgainstTrainer); }
 
 } // namespace morvek

@@ -140,9 +140,7 @@ std::optional<std::string> readWhole(const std::string& path) {
     return got ? std::optional(content) : std::nullopt;
 }
 
-bool canRead(const std::string& path) {
-    return File(openToRead(path)).isOpen();
-}
+bool canRead(const std::string& path) { return File(openToRead(path)).isOpen(); }
 
 bool isMissing(const std::string& path) {
     return ::access(path.c_str(), F_OK) != 0 && errno == ENOENT;

@@ -68,9 +68,7 @@ std::string field(std::string_view text, std::size_t width) {
     return padded;
 }
 
-std::string_view afterRank(std::size_t rank) {
-    return rank < topTenSize ? ".    " : ".   ";
-}
+std::string_view afterRank(std::size_t rank) { return rank < topTenSize ? ".    " : ".   "; }
 
 } // namespace
 

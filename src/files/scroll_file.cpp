@@ -68,9 +68,7 @@ void overlayScroll(std::span<const char> bytes, Scroll& board) {
     }
 }
 
-ScrollFile ScrollFile::existing() {
-    return ScrollFile(::open(scrollFileName, openFlags));
-}
+ScrollFile ScrollFile::existing() { return ScrollFile(::open(scrollFileName, openFlags)); }
 
 ScrollFile ScrollFile::emptied() {
     constexpr int flags = openFlags | O_CREAT | O_TRUNC;
@@ -78,9 +76,7 @@ ScrollFile ScrollFile::emptied() {
     return ScrollFile(mayBeEmptied ? ::open(scrollFileName, flags, newFileMode) : -1);
 }
 
-ScrollFile::~ScrollFile() {
-    close();
-}
+ScrollFile::~ScrollFile() { close(); }
 
 void ScrollFile::close() {
     if (isOpen()) {
@@ -112,13 +108,9 @@ void ScrollFile::read(Scroll& board) {
     overlayScroll(std::span(bytes).first(total), board);
 }
 
-void ScrollFile::writeAtStart(const Scroll& board) const {
-    writeAt(0, board);
-}
+void ScrollFile::writeAtStart(const Scroll& board) const { writeAt(0, board); }
 
-void ScrollFile::writeWhereReadingEnded(const Scroll& board) const {
-    writeAt(readingEnded, board);
-}
+void ScrollFile::writeWhereReadingEnded(const Scroll& board) const { writeAt(readingEnded, board); }
 
 void ScrollFile::writeAt(off_t position, const Scroll& board) const {
     const ScrollBytes bytes = scrollBytes(board);

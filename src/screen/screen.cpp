@@ -14,32 +14,22 @@
 namespace morvek {
 namespace {
 
-void display(std::string_view text) {
-    od_disp(text.data(), static_cast<int>(text.size()), 1);
-}
+void display(std::string_view text) { od_disp(text.data(), static_cast<int>(text.size()), 1); }
 
 } // namespace
 
-bool hasAnsi() {
-    return od_control.user_ansi == 1;
-}
+bool hasAnsi() { return od_control.user_ansi == 1; }
 
-void turnAnsiOn() {
-    od_control.user_ansi = 1;
-}
+void turnAnsiOn() { od_control.user_ansi = 1; }
 
-std::string_view userName() {
-    return od_control.user_name;
-}
+std::string_view userName() { return od_control.user_name; }
 
 void sanitizeUserName(std::size_t longest) {
     const std::string tidy = text::withoutControls(userName()).substr(0, longest);
     od_control.user_name[tidy.copy(od_control.user_name, sizeof od_control.user_name - 1)] = '\0';
 }
 
-int remainingMinutes() {
-    return od_control.user_timelimit;
-}
+int remainingMinutes() { return od_control.user_timelimit; }
 
 void say(const char* format, ...) {
     if (std::strchr(format, '%') == nullptr) {
@@ -62,13 +52,9 @@ void say(const char* format, ...) {
     od_printf("%s", whole.c_str());
 }
 
-void show(std::string_view value) {
-    display(text::withoutControls(value));
-}
+void show(std::string_view value) { display(text::withoutControls(value)); }
 
-void show(std::int32_t value) {
-    show(std::to_string(value));
-}
+void show(std::int32_t value) { show(std::to_string(value)); }
 
 void showPair(std::int32_t value, const char* separator, std::int32_t limit) {
     show(value);
@@ -88,9 +74,7 @@ std::string moneyText(double amount) {
     return {text.data(), static_cast<std::size_t>(length)};
 }
 
-void showMoney(double amount) {
-    show(moneyText(amount));
-}
+void showMoney(double amount) { show(moneyText(amount)); }
 
 void clearScreen() {
     if (hasAnsi()) {
@@ -106,26 +90,18 @@ void clearAnsiOnly() {
     }
 }
 
-void moveCursor(int row, int column) {
-    od_set_cursor(row, column);
-}
+void moveCursor(int row, int column) { od_set_cursor(row, column); }
 
-char waitForKey() {
-    return od_get_key(1);
-}
+char waitForKey() { return od_get_key(1); }
 
 void pressAnyKey() {
     od_printf("`red`Press any key!");
     waitForKey();
 }
 
-char menu(const char* name, const char* keys) {
-    return od_hotkey_menu(name, keys, 1);
-}
+char menu(const char* name, const char* keys) { return od_hotkey_menu(name, keys, 1); }
 
-char answer(const char* options) {
-    return od_get_answer(options);
-}
+char answer(const char* options) { return od_get_answer(options); }
 
 std::string askLine(int longest, unsigned char lowest, unsigned char highest,
                     std::string_view initial) {
@@ -148,20 +124,12 @@ void readCommandLine(int argc, char* argv[]) {
     od_parse_cmd_line(argc, argv);
 }
 
-void openSession() {
-    od_init();
-}
+void openSession() { od_init(); }
 
-void detectTerminal() {
-    od_autodetect(1);
-}
+void detectTerminal() { od_autodetect(1); }
 
-void setColour(int foreground, int background) {
-    od_set_color(foreground, background);
-}
+void setColour(int foreground, int background) { od_set_color(foreground, background); }
 
-void leave(int status) {
-    od_exit(status, 0);
-}
+void leave(int status) { od_exit(status, 0); }
 
 } // namespace morvek

@@ -23,9 +23,7 @@ void rollPairSeeded(std::int32_t sides) {
 
 } // namespace
 
-void seedFromClock() {
-    std::srand(static_cast<unsigned>(std::time(nullptr)));
-}
+void seedFromClock() { std::srand(static_cast<unsigned>(std::time(nullptr))); }
 
 std::int32_t draw(std::int32_t sides) {
     const int drawn = std::rand();
@@ -39,44 +37,24 @@ std::int32_t roll3d6() {
     return first + second + 2 + third + 1;
 }
 
-void rollD2() {
-    rollSeeded(2);
-}
+void rollD2() { rollSeeded(2); }
 
-void rollD3() {
-    rollSeeded(3);
-}
+void rollD3() { rollSeeded(3); }
 
-void rollD4() {
-    rollSeeded(4);
-}
+void rollD4() { rollSeeded(4); }
 
-void rollD6() {
-    rollSeeded(6);
-}
+void rollD6() { rollSeeded(6); }
 
-void rollD8() {
-    rollSeeded(8);
-}
+void rollD8() { rollSeeded(8); }
 
-void rollD10() {
-    rollSeeded(10);
-}
+void rollD10() { rollSeeded(10); }
 
-void rollD12() {
-    rollSeeded(12);
-}
+void rollD12() { rollSeeded(12); }
 
-void roll2D4() {
-    rollPairSeeded(4);
-}
+void roll2D4() { rollPairSeeded(4); }
 
-void roll2D6() {
-    rollPairSeeded(6);
-}
+void roll2D6() { rollPairSeeded(6); }
 
-void rollGoldDie() {
-    game.encounter.lastRoll = draw(game.encounter.goldDie) + 1;
-}
+void rollGoldDie() { game.encounter.lastRoll = draw(game.encounter.goldDie) + 1; }
 
 } // namespace morvek

@@ -25,9 +25,7 @@ std::int32_t missingPoints() {
     return wrappingSubtract(game.player.maxHitPoints, game.player.hitPoints);
 }
 
-double priceOf(std::int32_t points) {
-    return static_cast<double>(points) * goldPerPoint;
-}
+double priceOf(std::int32_t points) { return static_cast<double>(points) * goldPerPoint; }
 
 void drawShrine() {
     clearScreen();

@@ -11,13 +11,9 @@ namespace {
 
 constexpr std::size_t maxValueLength = 49;
 
-void showValue(std::string_view value) {
-    show(value.substr(0, maxValueLength));
-}
+void showValue(std::string_view value) { show(value.substr(0, maxValueLength)); }
 
-void showValue(std::int32_t value) {
-    showValue(std::to_string(value));
-}
+void showValue(std::int32_t value) { showValue(std::to_string(value)); }
 
 void line(const char* label, std::string_view value) {
     say("%s", label);
@@ -25,9 +21,7 @@ void line(const char* label, std::string_view value) {
     say("\n\r");
 }
 
-void line(const char* label, std::int32_t value) {
-    line(label, std::to_string(value));
-}
+void line(const char* label, std::int32_t value) { line(label, std::to_string(value)); }
 
 // A line of two values with a separator between them.
 void line(const char* label, std::int32_t value, const char* separator, std::int32_t limit) {

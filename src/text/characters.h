@@ -19,18 +19,14 @@ inline std::string withoutControls(std::string_view text) {
     return kept;
 }
 
-constexpr bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 constexpr char toLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 // Whether both are the same but for the case of a letter A to Z.
-constexpr bool sameLetter(char one, char other) {
-    return toLower(one) == toLower(other);
-}
+constexpr bool sameLetter(char one, char other) { return toLower(one) == toLower(other); }
 
 constexpr bool sameLetters(std::string_view one, std::string_view other) {
     return one.size() == other.size() &&

@@ -14,9 +14,7 @@ namespace {
 constexpr std::size_t maxPieceLength = 49;
 constexpr std::string_view firstLine = "It's a new day!\n\r";
 
-std::string newsFileName() {
-    return game.session.dateStamp + ".txt";
-}
+std::string newsFileName() { return game.session.dateStamp + ".txt"; }
 
 // A file that is there but cannot be read keeps what it holds.
 void createNewsFile(const std::string& path) {

@@ -162,8 +162,6 @@ void drawTopTen(std::int32_t count) {
     replaceFile(ansiBulletinName, ansiBulletin(entries));
 }
 
-void clearScores() {
-    game.scores.table.fill(ScoreEntry{});
-}
+void clearScores() { game.scores.table.fill(ScoreEntry{}); }
 
 } // namespace morvek

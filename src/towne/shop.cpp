@@ -188,28 +188,16 @@ void visit(const Shop& shop) {
 
 } // namespace
 
-void weaponShop() {
-    visit(weapons);
-}
+void weaponShop() { visit(weapons); }
 
-void armourShop() {
-    visit(armours);
-}
+void armourShop() { visit(armours); }
 
-void buyWeapon() {
-    buy(weapons);
-}
+void buyWeapon() { buy(weapons); }
 
-void buyArmour() {
-    buy(armours);
-}
+void buyArmour() { buy(armours); }
 
-void sellWeapon() {
-    trade(weapons);
-}
+void sellWeapon() { trade(weapons); }
 
-void sellArmour() {
-    trade(armours);
-}
+void sellArmour() { trade(armours); }
 
 } // namespace morvek

@@ -24,9 +24,7 @@ MonsterKind kindThatComes(const Inhabitants& inhabitants) {
 
 } // namespace
 
-bool monsterAlive() {
-    return game.encounter.monster.hitPoints > 0;
-}
+bool monsterAlive() { return game.encounter.monster.hitPoints > 0; }
 
 void rollGroup() {
     seedFromClock();

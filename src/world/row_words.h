@@ -81,9 +81,7 @@ constexpr Room place(int number, std::string_view title, std::string_view keys, 
     return room;
 }
 
-constexpr bool isCompassKey(char key) {
-    return key >= '1' && key <= '9';
-}
+constexpr bool isCompassKey(char key) { return key >= '1' && key <= '9'; }
 
 // A level's room; its compass exits lead to positions in the same level, and no exit of it leaves
 // a trail.

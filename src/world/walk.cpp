@@ -60,17 +60,11 @@ struct Visit {
 // bytes a step at the most.
 static_assert(sizeof(Visit) == 3);
 
-bool isOutOfTurns() {
-    return game.player.turnsLeft < 1;
-}
+bool isOutOfTurns() { return game.player.turnsLeft < 1; }
 
-bool isLeavingWorld() {
-    return game.world.leavingWorld == 1;
-}
+bool isLeavingWorld() { return game.world.leavingWorld == 1; }
 
-bool isDead() {
-    return game.world.playerDead == 1;
-}
+bool isDead() { return game.world.playerDead == 1; }
 
 // The routines below do a part of a visit and set its next stage. They return the room of a visit
 // to begin inside it, or `nowhere`.
@@ -103,9 +97,7 @@ void rollGroupOf(const Room& room) {
 }
 
 // A room without inhabitants always offers the movement menu.
-bool canMove(const Room& room) {
-    return !monsterAlive() || !room.inhabitants.kind;
-}
+bool canMove(const Room& room) { return !monsterAlive() || !room.inhabitants.kind; }
 
 RoomNumber arrive(Visit& visit, const Room& room) {
     const bool ready = game.encounter.monster.monsterReady == 1;

@@ -317,16 +317,10 @@ static_assert(kindsButBlackbladeHaveRooms());
 
 } // namespace
 
-const char* lineOf(Sign sign) {
-    return signLines.at(static_cast<std::size_t>(sign));
-}
+const char* lineOf(Sign sign) { return signLines.at(static_cast<std::size_t>(sign)); }
 
-std::span<const Room, roomCount> allRooms() {
-    return rooms;
-}
+std::span<const Room, roomCount> allRooms() { return rooms; }
 
-const Room& roomAt(RoomNumber number) {
-    return rooms[number - 1U];
-}
+const Room& roomAt(RoomNumber number) { return rooms[number - 1U]; }
 
 } // namespace morvek

@@ -116,9 +116,7 @@ constexpr std::size_t rosterSize = 50 * recordSize;
 constexpr const char* news = "011527.txt";
 
 // These are written where they stand, not replaced.
-bool isGrowing(const std::string& name) {
-    return name == "scroll.dat" || name == news;
-}
+bool isGrowing(const std::string& name) { return name == "scroll.dat" || name == news; }
 
 const std::vector<Play> plays{
     // A new character.

@@ -88,9 +88,7 @@ time_t time(time_t* now) noexcept {
 
 void srand(unsigned) noexcept {}
 
-int rand() noexcept {
-    return 0;
-}
+int rand() noexcept { return 0; }
 
 int chdir(const char* path) noexcept {
     const int result = real<int>("chdir", path);
@@ -141,9 +139,7 @@ int ftruncate(int descriptor, off_t size) noexcept {
 }
 
 // Saves time: what a killed program wrote is there without it.
-int fsync(int) {
-    return fails(needsRoom) ? -1 : 0;
-}
+int fsync(int) { return fails(needsRoom) ? -1 : 0; }
 
 int rename(const char* from, const char* to) noexcept {
     return fails(needsRoom) ? -1 : real<int>("rename", from, to);

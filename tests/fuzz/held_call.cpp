@@ -77,12 +77,8 @@ void hold(const Call& next, const std::function<void()>& door) {
 using fuzz::call;
 
 // Both are linked in the place of the real ones.
-extern "C" void __wrap_od_exit(int, int) {
-    throw fuzz::CallEnded();
-}
-extern "C" void __wrap__exit(int) {
-    throw fuzz::CallEnded();
-}
+extern "C" void __wrap_od_exit(int, int) { throw fuzz::CallEnded(); }
+extern "C" void __wrap__exit(int) { throw fuzz::CallEnded(); }
 
 namespace odoors {
 
@@ -90,9 +86,7 @@ void makeTerminalRaw(int) {}
 void restoreTerminal() {}
 void watchSignals() {}
 void endAfter(Milliseconds, const Ending&) {}
-bool sessionSignalled() {
-    return false;
-}
+bool sessionSignalled() { return false; }
 
 Connection::Event Connection::read(std::string& bytes, Milliseconds timeout) {
     if (call.keys.empty()) {
@@ -122,12 +116,8 @@ bool Connection::write(std::string_view bytes) {
     return true;
 }
 
-void Connection::writeAtParting(std::string_view bytes) {
-    write(bytes);
-}
+void Connection::writeAtParting(std::string_view bytes) { write(bytes); }
 
-bool Connection::isInteractive() const {
-    return true;
-}
+bool Connection::isInteractive() const { return true; }
 
 } // namespace odoors

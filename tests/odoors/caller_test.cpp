@@ -31,9 +31,7 @@ std::optional<int> reached(Route route, int handle, const Streams& streams,
     return resolveCaller(optionsOf(options), file, streams).socket;
 }
 
-std::string nameFor(const Arguments& options) {
-    return findCaller(optionsOf(options), {}).name;
-}
+std::string nameFor(const Arguments& options) { return findCaller(optionsOf(options), {}).name; }
 
 } // namespace
 

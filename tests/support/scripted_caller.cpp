@@ -49,9 +49,7 @@ void newCall(bool ansi, std::string_view name) {
 
 namespace {
 
-void note(const std::string& event) {
-    caller.screen += '[' + event + ']';
-}
+void note(const std::string& event) { caller.screen += '[' + event + ']'; }
 
 void noteText(std::string text) {
     static const std::map<std::string, const char*> briefly{
@@ -96,9 +94,7 @@ int rand() noexcept {
     return before < chance.draws.size() ? chance.draws[before] : 0;
 }
 
-void srand(unsigned) noexcept {
-    chance.seededBefore.push_back(chance.drawn);
-}
+void srand(unsigned) noexcept { chance.seededBefore.push_back(chance.drawn); }
 
 std::time_t time(std::time_t* result) noexcept {
     const std::time_t now = 1794744000;
@@ -109,25 +105,17 @@ void od_parse_cmd_line(int argc, char* argv[]) {
     note("options " + std::string(argc > 0 ? argv[argc - 1] : ""));
 }
 
-void od_init(void) {
-    note("init");
-}
+void od_init(void) { note("init"); }
 
-void od_exit(int errorlevel, int) {
-    throw CallEnded{errorlevel};
-}
+void od_exit(int errorlevel, int) { throw CallEnded{errorlevel}; }
 
 void od_set_color(int foreground, int background) {
     note("colour " + std::to_string(foreground) + " " + std::to_string(background));
 }
 
-void od_autodetect(int flags) {
-    note("autodetect " + std::to_string(flags));
-}
+void od_autodetect(int flags) { note("autodetect " + std::to_string(flags)); }
 
-void od_clr_scr(void) {
-    note("clear");
-}
+void od_clr_scr(void) { note("clear"); }
 
 void od_printf(const char* format, ...) {
     std::array<char, 4096> text{};
