@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <functional>
 
+#include <unistd.h>
+
 namespace fuzz {
 
 // Takes any bytes; FUZZED names the one that an executable is built for.
@@ -33,7 +35,11 @@ inline unsigned takeNumber(std::string_view& input) {
 
 // The directory of this process's own in which it works from now on, in memory where there is such
 // a place.
-const Folder& workFolder();
+inline const Folder& workFolder() {
+    static const Folder folder(access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp");
+    require(chdir(folder.self.c_str()) == 0);
+    return folder;
+}
 
 // A caller whose every byte comes from the input, at the door toolkit's own session: the bits of
 // the input's first byte, and what he types.

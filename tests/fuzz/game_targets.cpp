@@ -58,12 +58,11 @@ void beginGame() {
 std::string characterFile() {
     Roster::Slots slots;
     slots.fill(emptySlot());
-    constexpr std::array owners{"Bob", "Alice", "Carol"};
-    constexpr std::array names{"Bjorn", "Arwen", "Cirdan"};
-    for (std::size_t number = 0; number < owners.size(); ++number) {
-        PlayerRecord& slot = slots[number];
-        slot.ownerName.assign(owners[number]);
-        slot.name.assign(names[number]);
+    std::size_t number = 0;
+    for (const char* owner : {"Bob", "Alice", "Carol"}) {
+        PlayerRecord& slot = slots[number++];
+        slot.ownerName.assign(owner);
+        slot.name.assign(owner);
         slot.className.assign("Ranger");
         slot.weapon.assign("Club");
         slot.armour.assign("Cloth");
@@ -114,8 +113,6 @@ extern const Target configuration = [](std::string_view input) {
     workFolder().write(configurationFileName, input);
     hold({1, "Q"}, [] {
         if (readConfiguration()) {
-            require(game.session.hostName.size() <= longestConfigurationLine);
-            require(game.session.gameDirectory.size() <= longestConfigurationLine);
             titleMenu();
         }
     });

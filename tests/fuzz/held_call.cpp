@@ -13,24 +13,13 @@
 
 #include "OpenDoor.h"
 
-namespace {
-
-constexpr std::time_t begin = 1794744000; // 15 November 2026, 12:00 UTC
-long milliseconds = 0;                    // since then
-
-// The clock goes on only while the caller is waited for.
-int waitingClock(clockid_t, timespec* now) {
-    *now = {begin + milliseconds / 1000, milliseconds % 1000 * 1'000'000};
-    return 0;
-}
-
-} // namespace
-
 namespace fuzz {
 namespace {
 
 struct CallEnded {};
 
+constexpr std::time_t begin = 1794744000; // 15 November 2026, 12:00 UTC
+long milliseconds = 0; // since then; they go by only while the caller is waited for
 Call call{};
 
 // Of control bytes the toolkit sends line ends, backspaces, form feeds, and the sequences that
@@ -51,7 +40,10 @@ void inspect(std::string_view shown) {
 void hold(const Call& next, const std::function<void()>& door) {
     call = next;
     milliseconds = 0;
-    odoors::readClock = waitingClock;
+    odoors::readClock = [](clockid_t, timespec* now) {
+        *now = {begin + milliseconds / 1000, milliseconds % 1000 * 1'000'000};
+        return 0;
+    };
     odoors::Options options;
     options.local = !call.telnet;
     options.userName = call.name;
@@ -94,7 +86,7 @@ Connection::Event Connection::read(std::string& bytes, Milliseconds timeout) {
     }
     if (call.slow && (timeout == 0 || call.keys.front() == 0)) {
         fuzz::take(call.keys, timeout == 0 ? 0 : 1);
-        milliseconds += std::clamp<Milliseconds>(timeout, 0, 60'000);
+        fuzz::milliseconds += std::clamp<Milliseconds>(timeout, 0, 60'000);
         return Event::nothing;
     }
     const std::string_view typed = fuzz::take(call.keys, call.slow ? 1 : 4096);

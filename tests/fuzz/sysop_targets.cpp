@@ -1,4 +1,4 @@
-// What the operator's tool reads: the game's files, as a check looks at them, and backups.
+// What the operator's tool reads: the game's files, as a check looks at them.
 #include "fuzz.h"
 #include "text.h"
 

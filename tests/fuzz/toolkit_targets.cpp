@@ -1,13 +1,13 @@
 // What the door toolkit reads: drop files, options, display files, the caller's bytes.
 #include "caller.h"
 #include "clock.h"
-#include "display_file.h"
 #include "drop_file.h"
 #include "fuzz.h"
 #include "startup_error.h"
 #include "text.h"
 
 #include <array>
+#include <sstream>
 #include <vector>
 
 #include "OpenDoor.h"
@@ -19,19 +19,16 @@ void resolve(const odoors::Options& options, const std::optional<odoors::DropFil
     const odoors::Caller caller = odoors::resolveCaller(options, file, odoors::Streams{});
     require(caller.name.size() < sizeof od_control.user_name);
     odoors::TimeLimit limit(0, caller.secondsLeft, caller.timed);
-    require(limit.end() >= 0 && limit.popWarning(0) == 0);
-    require(limit.minutesLeft(0) >= 0 && limit.minutesLeft(limit.end()) <= 32767);
+    require(limit.end() >= 0 && limit.minutesLeft(0) >= 0 && limit.popWarning(0) == 0);
     require(caller.inactivitySeconds >= 0 && caller.inactivitySeconds < odoors::never / 1000);
 }
 
-// The caller of a drop file under both names, or one line that says why there is none.
+// The caller of a drop file, or one line that says why there is none.
 void dropFile(const std::string& name, std::string_view input) {
     try {
         const odoors::DropFile file = odoors::parseDropFile(name, input);
         odoors::Options options;
         options.standardStreams = true;
-        resolve(options, file);
-        options.realName = true;
         resolve(options, file);
     } catch (const odoors::StartupError& error) {
         require(error.reason.starts_with(name + ": line "));
@@ -49,13 +46,14 @@ extern const Target bbsdevDrp = [](std::string_view input) { dropFile("BBSDEV.DR
 
 // The command line, a line of the input a word.
 extern const Target options = [](std::string_view input) {
-    std::string words(input);
+    std::istringstream lines{std::string(input)};
+    std::vector<std::string> words;
+    for (std::string line; std::getline(lines, line);) {
+        words.push_back(line);
+    }
     std::vector<const char*> arguments;
-    for (std::size_t begin = 0; begin < words.size();) {
-        const std::size_t end = std::min(words.find('\n', begin), words.size() - 1);
-        arguments.push_back(words.data() + begin);
-        words[end] = words[end] == '\n' ? '\0' : words[end];
-        begin = end + 1;
+    for (const std::string& word : words) {
+        arguments.push_back(word.c_str());
     }
     try {
         odoors::Options read;
