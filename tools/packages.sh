@@ -16,7 +16,6 @@ library  nlohmann_json   nlohmann-json3-dev   check fuzz
 library  gtest           libgtest-dev         check
 library  gmock           libgmock-dev         check
 command  python3         python3              check
-command  telnet          inetutils-telnet     check
 command  file            file                 check
 command  dpkg-shlibdeps  dpkg-dev             check
 command  unzip           unzip                check

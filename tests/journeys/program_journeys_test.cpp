@@ -2,17 +2,15 @@
 #include "odoors/board.h"
 #include "support/program.h"
 
-#include <arpa/inet.h>
 #include <gmock/gmock.h>
-#include <sys/socket.h>
 
 using namespace testing;
 
-namespace {
-
-// A caller's first game, to its last words: he waits for each text, or the end of a display file,
-// and then types what is next to it.
-void playFirstGame(const Game& game, const Call& call, const std::string& lastWords) {
+// He waits for each text, or the end of a display file, and then types what is next to it.
+TEST(ProgramJourney, FirstGameAndReturn) {
+    Game game;
+    game.write(door32.name, door32.with());
+    const Call call(game.program({"-D", "."}));
     std::string shown;
     for (const std::string step :
          {"intmenu.ans=s", "Character Name=Alx\bdur\r", "correct? =y", "clasmenu.ans=2",
@@ -28,7 +26,7 @@ void playFirstGame(const Game& game, const Call& call, const std::string& lastWo
         EXPECT_THAT(shown, HasSubstr(awaited));
         call.type(step.substr(middle + 1));
     }
-    EXPECT_THAT(call.until(lastWords), HasSubstr("Quit Game"));
+    EXPECT_THAT(call.until("\033[0m\r\n"), HasSubstr("Quit Game"));
     for (const char* text :
          {"\033[2J", "The Test Board", "Alx\b \bdur\n\r", "Fighter", "45 minutes",
           "Users currently on-line", "Top 10 Scores List is empty."}) {
@@ -38,15 +36,6 @@ void playFirstGame(const Game& game, const Call& call, const std::string& lastWo
                 UnorderedElementsAre(
                     Pair("morchars.dat", SizeIs(50 * recordSize)),
                     Pair(EndsWith(".txt"), "It's a new day!\n\rJ\x94rg Ace joined the game.\n\r")));
-}
-
-} // namespace
-
-TEST(ProgramJourney, FirstGameAndReturn) {
-    Game game;
-    game.write(door32.name, door32.with());
-    const Call call(game.program({"-D", "."}));
-    playFirstGame(game, call, "\033[0m\r\n");
     EXPECT_EQ(call.status(), 0);
     EXPECT_TRUE(call.isRestored());
 
@@ -79,29 +68,4 @@ TEST(ProgramJourney, ServesCallersOfEveryBoard) {
             EXPECT_THAT(game.data().begin()->second, HasSubstr('\r' + name + " joined")) << bytes;
         }
     }
-}
-
-// A caller with a telnet program, whose connection the board hands to the door.
-TEST(ProgramJourney, ServesATelnetProgram) {
-    if (std::system("command -v telnet >/dev/null") != 0) {
-        GTEST_SKIP() << "telnet is not installed";
-    }
-    Game game;
-    game.write("DOOR32.SYS", door32.with({{2, std::to_string(handedSocket)}}));
-    sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}}; // the system chooses the port
-    socklen_t size = sizeof address;
-    const int listener = socket(AF_INET, SOCK_STREAM, 0);
-    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
-    ASSERT_EQ(listen(listener, 1), 0);
-    ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size), 0);
-    const std::string port = std::to_string(ntohs(address.sin_port));
-    const Call telnet(
-        [port] { execlp("telnet", "telnet", "-E", "127.0.0.1", port.c_str(), nullptr); });
-    const int connection = accept(listener, nullptr, nullptr);
-    const pid_t program = startChild(game.program({"-D", "."}), -1, -1, connection);
-    close(listener);
-    close(connection);
-    playFirstGame(game, telnet, "closed by foreign host");
-    EXPECT_EQ(waitForEnd(program), 0);
-    EXPECT_GE(telnet.status(), 0);
 }
