@@ -32,7 +32,7 @@ TEST_F(Check, NotesAreNoFaults) {
     PlayerRecord online = character("Bob", "Bjorn");
     online.onlineFlag = 1;
     save({online});
-    EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: slot 1 (Bob): onlineFlag is 1"));
+    EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: player 1 (Bob): onlineFlag is 1"));
     EXPECT_THAT(told("check"), EndsWith("No errors or warnings.\n"));
 }
 
