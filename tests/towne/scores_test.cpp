@@ -51,8 +51,6 @@ TEST_F(ScoresOfTheBoard, TopTenPlacesColumnsByTheCursor) {
     }
     writeFile("scores.dat", ten);
     caller.visit(showTopTen);
-    EXPECT_TRUE(caller.saw("{`r`}<1>{`R`. `W`   }<A>{   }[cursor 5 29]<9>[cursor 5 47]"
-                           "{`bright magenta`}<Wizard>{|}"));
     EXPECT_THAT(caller.screen, EndsWith("{`r`}<10>{`R`. `W`  }<" + name.substr(1) +
                                         ">{   }[cursor 14 29]<-10>[cursor 14 47]{}<Hobbit>{|}"));
     EXPECT_THAT(readFile("scores.asc"),

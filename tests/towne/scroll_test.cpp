@@ -55,6 +55,5 @@ TEST_F(Board, DeclinedMessageWipesTheBoard) {
 }
 
 TEST_F(Board, TextsAreNoFormats) {
-    game.player.name = std::string(50, 'x'); // cut for the screen
-    EXPECT_EQ(entries("w100%s`blue`%n\ryc"), shown(std::string(49, 'x'), "100%s`blue`%n", "{||}"));
+    EXPECT_EQ(entries("w100%s`blue`%n\ryc"), shown("Arwen", "100%s`blue`%n", "{||}"));
 }
