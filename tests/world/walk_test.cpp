@@ -50,7 +50,6 @@ TEST(Room, DrawsGroupThenKindThenMonster) {
     EXPECT_EQ(game.encounter.monsterCount, 3);
     EXPECT_EQ(game.encounter.monster.name, "Human Bandit");
     EXPECT_THAT(chance.seededBefore, ElementsAre(0, 1, 3));
-    EXPECT_EQ(game.encounter.groupActive, 0) << "only a location's roll sets it";
 }
 
 TEST(Room, DeadAndTiredSeeNothing) {
@@ -123,17 +122,6 @@ TEST(CastleGate, HiddenKeyGivesTheGroupUp) {
     EXPECT_FALSE(caller.saw("Your Status")) << "he is on his way home";
 }
 
-TEST(CastleGate, DeathBehindTheHiddenKey) {
-    beginCall();
-    game.session.characterFileName = testing::TempDir() + "no/such/place";
-    game.player.hitPoints = 1;
-    game.player.dexterity = 0;
-    walk(56, "ca");
-    EXPECT_EQ(game.world.playerDead, 1);
-    EXPECT_EQ(game.world.leavingWorld, 0);
-    EXPECT_EQ(game.player.hitPoints, 0);
-}
-
 // An ambush, which wins ties and pays silently, finds its monster inside.
 TEST(MortuaryEntrance, ShowsDirectionsWhoeverIsAlive) {
     beginCall();
@@ -144,6 +132,5 @@ TEST(MortuaryEntrance, ShowsDirectionsWhoeverIsAlive) {
                           "{`r`Press any key!|}[key][clear]{||}{`r`Underground Mortuary 26|}"));
     EXPECT_EQ(caller.times("{`r`E`R`)`W`nter Mortuary|}"), 2);
     EXPECT_EQ(game.encounter.monster.name, "Zombie Rotter");
-    EXPECT_EQ(game.encounter.ambushPending, 1);
     EXPECT_EQ(game.player.gold, 125);
 }
