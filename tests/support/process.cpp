@@ -129,9 +129,7 @@ std::string Call::until(const std::string& text) const {
 }
 
 void Call::hangUp() {
-    if (end >= 0) {
-        close(end);
-    }
+    close(end);
     end = -1;
 }
 

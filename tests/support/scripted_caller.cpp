@@ -155,11 +155,9 @@ void od_input_str(char* text, int max_length, unsigned char min, unsigned char m
          std::to_string(max) + " " + text);
     std::string line; // what is typed replaces what stood there
     for (char key = nextKey(); key != '\r'; key = nextKey()) {
-        const auto code = static_cast<unsigned char>(key);
-        if (code >= min && code <= max && line.size() < static_cast<std::size_t>(max_length)) {
-            line += key;
-        }
+        line += key;
     }
+    line.resize(std::min(line.size(), static_cast<std::size_t>(max_length)));
     if (!line.empty()) {
         std::strcpy(text, line.c_str());
     }
