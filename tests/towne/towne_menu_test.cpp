@@ -58,15 +58,3 @@ TEST_F(Towne, RentedRoomClosesTheTavern) {
     game.session.roomRented = 1;
     EXPECT_THAT(caller.visit(towneMenu, "tqk"), StartsWith(hub + "{|}" + hub));
 }
-
-TEST_F(Towne, WayOutResumesAfterAFlight) {
-    game.player.turnsLeft = 5;
-    game.world.words.fill(1);
-    game.world.previousLocation = 3;
-    caller.visit(towneMenu, "ffqk");
-    EXPECT_EQ(caller.times("{`r`Forest 1|}"), 1);
-    game.player.hitPoints = 10;
-    game.world.previousLocation = 3;
-    game.world.leavingWorld = 1;
-    EXPECT_THAT(caller.visit(towneMenu, "ffqk"), StartsWith(hub + "[clear]{||}{`r`Forest 3|}"));
-}
