@@ -40,13 +40,6 @@ TEST_F(Title, BeginsOnANewLineWithoutAnsi) {
     EXPECT_TRUE(fs::equivalent(fs::current_path(), folder.self)) << "where it was";
 }
 
-TEST_F(Title, ConfigurationLinesAreTakenAsTheyAre) {
-    writeFile("morvek.cfg", "free\n The Board \r\n" + std::string(253, 'x'));
-    EXPECT_EQ(play("q"), 0);
-    EXPECT_EQ(game.session.hostName, " The Board \r");
-    EXPECT_EQ(game.session.gameDirectory, std::string(253, 'x'));
-}
-
 TEST_F(Title, TooLongALineIsRefused) {
     writeFile("morvek.cfg", "a\nb\n" + std::string(254, 'x'));
     testing::internal::CaptureStderr();
