@@ -4,6 +4,7 @@
 
 #include "OpenDoor.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstdarg>
