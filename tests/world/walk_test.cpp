@@ -14,6 +14,7 @@ TEST(RoomScreen, ShowsAnEncounterWithItsMenu) {
                            "{`W`}<Kobold Minion>{'s `r`HP`R`: `W`}<1>{`r`/`W`}<1>{|\n}"
                            "{`r`A`R`)`W`ttack|}{`r`Y`R`)`W`our Status|`r`}"
                            "{`r`F`R`)`W`lee to Towne|`r`}[menu areaone acyf]"));
+    EXPECT_EQ(caller.times("Your Status"), 1);
     EXPECT_EQ(game.world.previousLocation, 99) << "flight from a fight notes nothing";
 }
 
@@ -40,6 +41,7 @@ TEST(Room, StatusInALevelsFightIsFlight) {
     beginCall();
     game.world.position(Level::castle1) = 9;
     EXPECT_THAT(walk(castle, "y"), EndsWith("lee to Towne||`r`}[menu areaone ayf]"));
+    EXPECT_TRUE(caller.saw("<1>{ `W`}<Human Rabble>{|}{`r`Your HP"));
     EXPECT_EQ(game.world.position(Level::castle1), 1);
 }
 
@@ -49,7 +51,19 @@ TEST(Room, DrawsGroupThenKindThenMonster) {
     walk(castle, "f");
     EXPECT_EQ(game.encounter.monsterCount, 3);
     EXPECT_EQ(game.encounter.monster.name, "Human Bandit");
+    EXPECT_EQ(game.encounter.monster.experience, 150);
     EXPECT_THAT(chance.seededBefore, ElementsAre(0, 1, 3));
+    EXPECT_EQ(game.encounter.groupActive, 0) << "only a location's roll sets it";
+}
+
+TEST(Room, DrawsNoGroupWhereTheCountIsKept) {
+    beginCall(true);
+    game.encounter.ambushPending = 1; // needs no count
+    chance.script({9});
+    walk(roomOf(Level::mortuary1, 29), "f");
+    EXPECT_EQ(game.encounter.monster.name, "Zombie");
+    EXPECT_EQ(game.encounter.monster.experience, 10);
+    EXPECT_FALSE(caller.saw("encountered"));
 }
 
 TEST(Room, DeadAndTiredSeeNothing) {
@@ -58,6 +72,7 @@ TEST(Room, DeadAndTiredSeeNothing) {
         *end = *end == 0 ? 1 : 0;
         EXPECT_EQ(walk(7, ""), "");
         EXPECT_EQ(game.world.currentLocation, 7);
+        EXPECT_EQ(game.encounter.groupActive, 1);
     }
 }
 
@@ -66,6 +81,7 @@ TEST(Room, StatusInAFightKeepsTheWoundedMonster) {
     EXPECT_THAT(walk(30, "axyxf"), HasSubstr("<Kobold Skirmisher>{'s `r`HP`R`: `W`}"
                                              "<26>{`r`/`W`}<27>{|\n}"));
     EXPECT_EQ(chance.drawn, 1 + 3 + 4 + 3) << "one group, one monster, one round, no more";
+    EXPECT_EQ(game.encounter.monster.hitPoints, 0);
 }
 
 TEST(Room, SearchFindsAChestOnce) {
@@ -110,8 +126,10 @@ TEST(Exits, SomeLeadNowhere) {
 
 TEST(Exits, ForestOneAnnouncesAFlight) {
     beginCall(true);
+    game.encounter.monster.monsterReady = 1;
     EXPECT_THAT(walk(1, "f"),
                 EndsWith("[menu areaone 846shyf]{||}{`r`Returning to Towne`R`...||}"));
+    EXPECT_EQ(game.encounter.monster.monsterReady, 0);
 }
 
 TEST(CastleGate, HiddenKeyGivesTheGroupUp) {
@@ -120,6 +138,24 @@ TEST(CastleGate, HiddenKeyGivesTheGroupUp) {
     EXPECT_EQ(game.encounter.groupActive, 0);
     EXPECT_EQ(caller.times("Cedar River 56|"), 2);
     EXPECT_FALSE(caller.saw("Your Status")) << "he is on his way home";
+}
+
+TEST(CastleGate, HiddenKeyIsForAVisitsFirstMenu) {
+    beginCall();
+    chance.script({0, 0, 0, 0, 1}); // the first blow misses
+    EXPECT_THAT(walk(56, "axcf"), HasSubstr("[menu areaone acyf]"));
+    EXPECT_EQ(game.encounter.groupActive, 1);
+}
+
+TEST(CastleGate, DeathBehindTheHiddenKey) {
+    beginCall();
+    game.session.characterFileName = testing::TempDir() + "no/such/place";
+    game.player.hitPoints = 1;
+    game.player.dexterity = 0;
+    walk(56, "ca");
+    EXPECT_EQ(game.world.playerDead, 1);
+    EXPECT_EQ(game.world.leavingWorld, 0);
+    EXPECT_EQ(game.player.hitPoints, 0);
 }
 
 // An ambush, which wins ties and pays silently, finds its monster inside.
@@ -132,5 +168,6 @@ TEST(MortuaryEntrance, ShowsDirectionsWhoeverIsAlive) {
                           "{`r`Press any key!|}[key][clear]{||}{`r`Underground Mortuary 26|}"));
     EXPECT_EQ(caller.times("{`r`E`R`)`W`nter Mortuary|}"), 2);
     EXPECT_EQ(game.encounter.monster.name, "Zombie Rotter");
+    EXPECT_EQ(game.encounter.ambushPending, 1);
     EXPECT_EQ(game.player.gold, 125);
 }
