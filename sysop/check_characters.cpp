@@ -20,20 +20,20 @@ constexpr std::size_t wholeFile = slotCount * sizeof(PlayerRecord);
 // The findings about one record.
 class RecordFindings {
 public:
-    RecordFindings(Findings& all, const PlayerRecord& slot, std::size_t index) : findings(all) {
-        place = "player " + std::to_string(index + 1);
+    RecordFindings(Findings& all, const PlayerRecord& slot, std::size_t index) : findings_(all) {
+        place_ = "player " + std::to_string(index + 1);
         if (!isFree(slot)) {
-            place += " (" + toUtf8(slot.ownerName.view()) + ")";
+            place_ += " (" + toUtf8(slot.ownerName.view()) + ")";
         }
     }
 
     void add(Severity severity, std::string_view field, const std::string& text) {
-        findings.push_back({severity, characterFileName, place, std::string(field), text});
+        findings_.push_back({severity, characterFileName, place_, std::string(field), text});
     }
 
 private:
-    Findings& findings;
-    std::string place;
+    Findings& findings_;
+    std::string place_;
 };
 
 void checkLength(std::size_t size, Findings& findings) {

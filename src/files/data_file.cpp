@@ -24,19 +24,19 @@ constexpr int maxLinks = 40;
 
 class File {
 public:
-    explicit File(int opened) : descriptor(opened) {}
+    explicit File(int descriptor) : descriptor_(descriptor) {}
     ~File() {
-        if (descriptor >= 0) {
-            ::close(descriptor);
+        if (descriptor_ >= 0) {
+            ::close(descriptor_);
         }
     }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
-    [[nodiscard]] bool isOpen() const { return descriptor >= 0; }
-    [[nodiscard]] int get() const { return descriptor; }
+    [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
+    [[nodiscard]] int get() const { return descriptor_; }
 
 private:
-    int descriptor;
+    int descriptor_;
 };
 
 // A directory can be opened but holds nothing to read: it counts as a file that cannot be opened.
@@ -159,32 +159,32 @@ bool appendTo(const std::string& path, std::string_view text) {
 }
 
 Replacement::Replacement(const std::string& path)
-    : target(followLinks(path)), temporaryName(target + ".new") {
-    inPlace = ::open(target.c_str(), writeFlags);
-    if (inPlace < 0 && errno != ENOENT) {
-        openError = errno; // not ours to write
+    : target_(followLinks(path)), temporaryName_(target_ + ".new") {
+    inPlace_ = ::open(target_.c_str(), writeFlags);
+    if (inPlace_ < 0 && errno != ENOENT) {
+        openError_ = errno; // not ours to write
         return;
     }
     struct stat status {};
-    if (inPlace >= 0 && (::fstat(inPlace, &status) != 0 || !S_ISREG(status.st_mode))) {
+    if (inPlace_ >= 0 && (::fstat(inPlace_, &status) != 0 || !S_ISREG(status.st_mode))) {
         return; // a device is written as it stands
     }
     openTemporary();
 }
 
 Replacement::~Replacement() {
-    if (temporary >= 0) {
-        ::unlink(temporaryName.c_str());
-        ::close(temporary);
+    if (temporary_ >= 0) {
+        ::unlink(temporaryName_.c_str());
+        ::close(temporary_);
     }
     closeInPlace();
 }
 
 void Replacement::closeInPlace() {
-    if (inPlace >= 0) {
-        ::close(inPlace);
+    if (inPlace_ >= 0) {
+        ::close(inPlace_);
     }
-    inPlace = -1;
+    inPlace_ = -1;
 }
 
 // A call that was killed leaves its temporary file behind, and the next save takes it over. The
@@ -192,66 +192,66 @@ void Replacement::closeInPlace() {
 // its file renamed away, and begins again.
 void Replacement::openTemporary() {
     while (true) {
-        temporary = ::open(temporaryName.c_str(), writeFlags | O_CREAT | O_NOFOLLOW, newFileMode);
-        if (temporary < 0) {
+        temporary_ = ::open(temporaryName_.c_str(), writeFlags | O_CREAT | O_NOFOLLOW, newFileMode);
+        if (temporary_ < 0) {
             const int error = errno;
             if (!needsWritingInPlace(error)) {
                 closeInPlace();
             }
-            openError = inPlace < 0 ? error : 0;
+            openError_ = inPlace_ < 0 ? error : 0;
             return;
         }
-        while (::flock(temporary, LOCK_EX) != 0 && errno == EINTR) {
+        while (::flock(temporary_, LOCK_EX) != 0 && errno == EINTR) {
         }
-        if (isStillThere(temporary, temporaryName)) {
+        if (isStillThere(temporary_, temporaryName_)) {
             return;
         }
-        ::close(temporary);
+        ::close(temporary_);
     }
 }
 
 int Replacement::finishTemporary(std::string_view content) {
     struct stat status {};
-    if (inPlace >= 0 && ::fstat(inPlace, &status) == 0) {
+    if (inPlace_ >= 0 && ::fstat(inPlace_, &status) == 0) {
         // The owner is kept where that is allowed; the mode comes second, as chown clears bits.
-        const bool owned = ::fchown(temporary, status.st_uid, status.st_gid) == 0 ||
-                           ::fchown(temporary, static_cast<uid_t>(-1), status.st_gid) == 0;
+        const bool owned = ::fchown(temporary_, status.st_uid, status.st_gid) == 0 ||
+                           ::fchown(temporary_, static_cast<uid_t>(-1), status.st_gid) == 0;
         static_cast<void>(owned);
-        if (::fchmod(temporary, status.st_mode & 07777U) != 0) {
+        if (::fchmod(temporary_, status.st_mode & 07777U) != 0) {
             return errno;
         }
     }
-    if (::ftruncate(temporary, 0) != 0) {
+    if (::ftruncate(temporary_, 0) != 0) {
         return errno;
     }
-    const int error = writeAll(temporary, content);
-    return error == 0 && ::fsync(temporary) != 0 ? errno : error;
+    const int error = writeAll(temporary_, content);
+    return error == 0 && ::fsync(temporary_) != 0 ? errno : error;
 }
 
 int Replacement::writeInPlace(std::string_view content) {
-    if (const int error = writeAll(inPlace, content)) {
+    if (const int error = writeAll(inPlace_, content)) {
         return error;
     }
-    const bool cut = ::ftruncate(inPlace, static_cast<off_t>(content.size())) == 0;
-    const bool flushed = ::fsync(inPlace) == 0;
+    const bool cut = ::ftruncate(inPlace_, static_cast<off_t>(content.size())) == 0;
+    const bool flushed = ::fsync(inPlace_) == 0;
     // A device can be neither cut nor flushed.
     return (cut && flushed) || errno == EINVAL ? 0 : errno;
 }
 
 int Replacement::replace(std::string_view content) {
-    if (temporary < 0) {
-        return inPlace >= 0 ? writeInPlace(content) : openError;
+    if (temporary_ < 0) {
+        return inPlace_ >= 0 ? writeInPlace(content) : openError_;
     }
     if (const int error = finishTemporary(content)) {
         return error;
     }
-    if (::rename(temporaryName.c_str(), target.c_str()) == 0) {
-        ::close(temporary);
-        temporary = -1;
+    if (::rename(temporaryName_.c_str(), target_.c_str()) == 0) {
+        ::close(temporary_);
+        temporary_ = -1;
         return 0;
     }
     const int error = errno;
-    return needsWritingInPlace(error) && inPlace >= 0 ? writeInPlace(content) : error;
+    return needsWritingInPlace(error) && inPlace_ >= 0 ? writeInPlace(content) : error;
 }
 
 int replaceFile(const std::string& path, std::string_view content) {

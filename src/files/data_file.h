@@ -44,18 +44,18 @@ public:
     Replacement& operator=(const Replacement&) = delete;
 
     // Whether the file can be written.
-    [[nodiscard]] bool isOpen() const { return temporary >= 0 || inPlace >= 0; }
+    [[nodiscard]] bool isOpen() const { return temporary_ >= 0 || inPlace_ >= 0; }
 
     // Replaces the content. Returns 0, or the errno of what failed: then the old content stands as
     // it was, unless it had to be written in place.
     int replace(std::string_view content);
 
 private:
-    std::string target;        // what the path leads to, links followed
-    std::string temporaryName; // beside it
-    int temporary = -1;        // the temporary file, once it is open
-    int inPlace = -1;          // the file itself, if there is one
-    int openError = 0;
+    std::string target_;        // what the path leads to, links followed
+    std::string temporaryName_; // beside it
+    int temporary_ = -1;        // the temporary file, once it is open
+    int inPlace_ = -1;          // the file itself, if there is one
+    int openError_ = 0;
 
     void openTemporary();
     void closeInPlace();

@@ -80,16 +80,16 @@ ScrollFile::~ScrollFile() { close(); }
 
 void ScrollFile::close() {
     if (isOpen()) {
-        ::close(descriptor);
+        ::close(descriptor_);
     }
-    descriptor = -1;
+    descriptor_ = -1;
 }
 
 void ScrollFile::read(Scroll& board) {
     ScrollBytes bytes{};
     std::size_t total = 0;
     while (isOpen() && total < bytes.size()) {
-        const ssize_t got = ::pread(descriptor, bytes.data() + total, bytes.size() - total,
+        const ssize_t got = ::pread(descriptor_, bytes.data() + total, bytes.size() - total,
                                     static_cast<off_t>(total));
         if (got == 0) {
             break;
@@ -104,19 +104,21 @@ void ScrollFile::read(Scroll& board) {
     if (!isOpen()) {
         return;
     }
-    readingEnded = static_cast<off_t>(total);
+    readingEnded_ = static_cast<off_t>(total);
     overlayScroll(std::span(bytes).first(total), board);
 }
 
 void ScrollFile::writeAtStart(const Scroll& board) const { writeAt(0, board); }
 
-void ScrollFile::writeWhereReadingEnded(const Scroll& board) const { writeAt(readingEnded, board); }
+void ScrollFile::writeWhereReadingEnded(const Scroll& board) const {
+    writeAt(readingEnded_, board);
+}
 
 void ScrollFile::writeAt(off_t position, const Scroll& board) const {
     const ScrollBytes bytes = scrollBytes(board);
     std::size_t total = 0;
     while (isOpen() && total < bytes.size()) {
-        const ssize_t put = ::pwrite(descriptor, bytes.data() + total, bytes.size() - total,
+        const ssize_t put = ::pwrite(descriptor_, bytes.data() + total, bytes.size() - total,
                                      position + static_cast<off_t>(total));
         if (put < 0 && errno == EINTR) {
             continue;

@@ -52,7 +52,7 @@ public:
     ScrollFile(const ScrollFile&) = delete;
     ScrollFile& operator=(const ScrollFile&) = delete;
 
-    [[nodiscard]] bool isOpen() const { return descriptor >= 0; }
+    [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
 
     // Reads the file's first 480 bytes over the board, as far as there are so many. When that
     // fails the board stays as it was, and the file is closed.
@@ -66,13 +66,13 @@ public:
     void writeWhereReadingEnded(const Scroll& board) const;
 
 private:
-    explicit ScrollFile(int opened) : descriptor(opened) {}
+    explicit ScrollFile(int opened) : descriptor_(opened) {}
     void writeAt(off_t position, const Scroll& board) const;
 
     void close();
 
-    int descriptor;
-    off_t readingEnded = 0;
+    int descriptor_;
+    off_t readingEnded_ = 0;
 };
 
 } // namespace morvek

@@ -35,8 +35,8 @@ public:
     using Slots = std::array<PlayerRecord, slotCount>;
     using List = std::array<PlayerListEntry, slotCount>;
 
-    Slots& slots() { return madeOf(slotTable, slotVersion); }
-    List& list() { return madeOf(listTable, listVersion); }
+    Slots& slots() { return madeOf(slotTable_, slotVersion); }
+    List& list() { return madeOf(listTable_, listVersion); }
 
     // The slot of that number; null when there is none.
     PlayerRecord* slotAt(std::int32_t number) {
@@ -56,8 +56,8 @@ private:
         return *table;
     }
 
-    std::unique_ptr<Slots> slotTable;
-    std::unique_ptr<List> listTable;
+    std::unique_ptr<Slots> slotTable_;
+    std::unique_ptr<List> listTable_;
 };
 
 static_assert(sizeof(Roster::Slots) == 75000);

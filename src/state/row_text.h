@@ -14,16 +14,16 @@ template <std::size_t size>
 class RowText {
 public:
     constexpr RowText(std::string_view text) {
-        bytes.at(text.size()) = '\0';
-        std::copy(text.begin(), text.end(), bytes.begin());
+        bytes_.at(text.size()) = '\0';
+        std::copy(text.begin(), text.end(), bytes_.begin());
     }
 
     constexpr RowText(const char* text) : RowText(std::string_view(text)) {}
 
-    [[nodiscard]] constexpr const char* text() const { return bytes.data(); }
+    [[nodiscard]] constexpr const char* text() const { return bytes_.data(); }
 
 private:
-    std::array<char, size> bytes{};
+    std::array<char, size> bytes_{};
 };
 
 } // namespace morvek
