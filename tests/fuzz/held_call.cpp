@@ -19,7 +19,7 @@ namespace {
 struct CallEnded {};
 
 constexpr std::time_t begin = 1794744000; // 15 November 2026, 12:00 UTC
-long milliseconds = 0; // since then; they go by only while the caller is waited for
+odoors::Milliseconds milliseconds = 0; // since then; they go by only while the caller is waited for
 Call call{};
 
 // Of control bytes the toolkit sends line ends, backspaces, form feeds, and the sequences that
@@ -41,7 +41,8 @@ void hold(const Call& next, const std::function<void()>& door) {
     call = next;
     milliseconds = 0;
     odoors::readClock = [](clockid_t, timespec* now) {
-        *now = {begin + milliseconds / 1000, milliseconds % 1000 * 1'000'000};
+        *now = {static_cast<std::time_t>(begin + milliseconds / 1000),
+                static_cast<long>(milliseconds % 1000 * 1'000'000)};
         return 0;
     };
     odoors::Options options;

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int timeout = 1400; // milliseconds
+constexpr int timeout = 2500; // milliseconds; a last line would stay for 3000
 
 void require(bool condition) {
     if (!condition) {
@@ -121,7 +121,7 @@ std::string Call::until(const std::string& text) const {
     std::array<char, 4096> buffer;
     pollfd line{end, POLLIN, 0};
     ssize_t count = 1;
-    while (shown.find(text) == std::string::npos && count > 0 && poll(&line, 1, 5 * timeout) == 1) {
+    while (shown.find(text) == std::string::npos && count > 0 && poll(&line, 1, 4 * timeout) == 1) {
         count = read(end, buffer.data(), buffer.size());
         shown.append(buffer.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
     }

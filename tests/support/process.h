@@ -32,7 +32,7 @@ Outcome runWithKeys(const Child& child, const std::string& keys);
 pid_t startChild(const Child& child, int input, int output, int errors = -1,
                  bool controlling = false);
 
-// The exit status of a child; -1 when it does not end within about a second and has to be killed.
+// The exit status of a child; -1 when it does not end within 2.5 seconds and has to be killed.
 int waitForEnd(pid_t child);
 
 // How a board lets a caller reach the door: what he types comes through a pipe, he sits at a
