@@ -1,12 +1,14 @@
 #include "files/data_file.h"
 
+#include "files/game_lock.h"
+#include "files/open_file.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -14,34 +16,12 @@
 namespace morvek {
 namespace {
 
-// O_NONBLOCK keeps a pipe that stands in a file's place from holding up the game.
-constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
-constexpr int writeFlags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
-constexpr mode_t newFileMode = 0666;
-
 // Links followed before a chain of them counts as a circle.
 constexpr int maxLinks = 40;
 
-class File {
-public:
-    explicit File(int descriptor) : descriptor_(descriptor) {}
-    ~File() {
-        if (descriptor_ >= 0) {
-            ::close(descriptor_);
-        }
-    }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
-    [[nodiscard]] int get() const { return descriptor_; }
-
-private:
-    int descriptor_;
-};
-
 // A directory can be opened but holds nothing to read: it counts as a file that cannot be opened.
 int openToRead(const std::string& path) {
-    const int descriptor = ::open(path.c_str(), readFlags);
+    const int descriptor = openFile(path, O_RDONLY);
     struct stat status {};
     if (descriptor >= 0 && (::fstat(descriptor, &status) != 0 || S_ISDIR(status.st_mode))) {
         ::close(descriptor);
@@ -82,11 +62,6 @@ int writeAll(int descriptor, std::string_view content) {
     return 0;
 }
 
-std::string directoryOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
-}
-
 // Where the path leads when every link at its end is followed, also to a file not there yet.
 std::string followLinks(std::string path) {
     for (int link = 0; link < maxLinks; ++link) {
@@ -109,17 +84,10 @@ bool needsWritingInPlace(int error) {
     return std::find(forbidden.begin(), forbidden.end(), error) != forbidden.end();
 }
 
-bool isStillThere(int descriptor, const std::string& name) {
-    struct stat opened {};
-    struct stat named {};
-    return ::fstat(descriptor, &opened) == 0 && ::lstat(name.c_str(), &named) == 0 &&
-           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
-}
-
 } // namespace
 
 std::optional<std::size_t> readInto(const std::string& path, std::span<char> buffer) {
-    const File file(openToRead(path));
+    const OpenFile file(openToRead(path));
     if (!file.isOpen()) {
         return std::nullopt;
     }
@@ -127,7 +95,7 @@ std::optional<std::size_t> readInto(const std::string& path, std::span<char> buf
 }
 
 std::optional<std::string> readWhole(const std::string& path) {
-    const File file(openToRead(path));
+    const OpenFile file(openToRead(path));
     if (!file.isOpen()) {
         return std::nullopt;
     }
@@ -140,27 +108,45 @@ std::optional<std::string> readWhole(const std::string& path) {
     return got ? std::optional(content) : std::nullopt;
 }
 
-bool canRead(const std::string& path) { return File(openToRead(path)).isOpen(); }
+bool canRead(const std::string& path) { return OpenFile(openToRead(path)).isOpen(); }
 
 bool isMissing(const std::string& path) {
     return ::access(path.c_str(), F_OK) != 0 && errno == ENOENT;
 }
 
 void createWith(const std::string& path, std::string_view content) {
-    const File file(::open(path.c_str(), writeFlags | O_CREAT | O_EXCL, newFileMode));
+    const OpenFile file(openFile(path, O_WRONLY | O_CREAT | O_EXCL | O_APPEND));
     if (file.isOpen()) {
         writeAll(file.get(), content);
     }
 }
 
 bool appendTo(const std::string& path, std::string_view text) {
-    const File file(::open(path.c_str(), writeFlags | O_CREAT | O_APPEND, newFileMode));
-    return file.isOpen() && writeAll(file.get(), text) == 0;
+    const OpenFile file(openFile(path, O_WRONLY | O_CREAT | O_APPEND));
+    struct stat before {};
+    if (!file.isOpen() || ::fstat(file.get(), &before) != 0) {
+        return false;
+    }
+    const bool isWritten = writeAll(file.get(), text) == 0;
+    const bool isUndone = !isWritten && ::ftruncate(file.get(), before.st_size) == 0;
+    static_cast<void>(isUndone);
+    return isWritten;
 }
 
-Replacement::Replacement(const std::string& path)
-    : target_(followLinks(path)), temporaryName_(target_ + ".new") {
-    inPlace_ = ::open(target_.c_str(), writeFlags);
+Replacement::Replacement(const Transaction& transaction, const std::string& path) {
+    if (transaction.mayWrite()) {
+        open(path);
+    } else {
+        openError_ = EAGAIN;
+    }
+}
+
+Replacement::Replacement(const std::string& path) { open(path); }
+
+void Replacement::open(const std::string& path) {
+    target_ = followLinks(path);
+    temporaryName_ = target_ + ".new";
+    inPlace_ = openFile(target_, O_WRONLY);
     if (inPlace_ < 0 && errno != ENOENT) {
         openError_ = errno; // not ours to write
         return;
@@ -187,34 +173,26 @@ void Replacement::closeInPlace() {
     inPlace_ = -1;
 }
 
-// A call that was killed leaves its temporary file behind, and the next save takes it over. The
-// lock makes two calls that save at once wait for each other: the one that comes second may find
-// its file renamed away, and begins again.
+// A call that was killed leaves its temporary file behind, and the next one takes it over.
 void Replacement::openTemporary() {
-    while (true) {
-        temporary_ = ::open(temporaryName_.c_str(), writeFlags | O_CREAT | O_NOFOLLOW, newFileMode);
-        if (temporary_ < 0) {
-            const int error = errno;
-            if (!needsWritingInPlace(error)) {
-                closeInPlace();
-            }
-            openError_ = inPlace_ < 0 ? error : 0;
-            return;
-        }
-        while (::flock(temporary_, LOCK_EX) != 0 && errno == EINTR) {
-        }
-        if (isStillThere(temporary_, temporaryName_)) {
-            return;
-        }
-        ::close(temporary_);
+    temporary_ = openFile(temporaryName_, O_WRONLY | O_CREAT | O_NOFOLLOW);
+    if (temporary_ >= 0) {
+        return;
     }
+    const int error = errno;
+    if (!needsWritingInPlace(error)) {
+        closeInPlace();
+    }
+    openError_ = inPlace_ < 0 ? error : 0;
 }
 
 int Replacement::finishTemporary(std::string_view content) {
     struct stat status {};
     if (inPlace_ >= 0 && ::fstat(inPlace_, &status) == 0) {
-        // The owner is kept where that is allowed; the mode comes second, as chown clears bits.
-        const bool owned = ::fchown(temporary_, status.st_uid, status.st_gid) == 0 ||
+        // The owner is kept where that is allowed, but root's file is given to the directory's
+        // owner, as a new one is. The mode comes second, as chown clears bits.
+        const bool owned = (status.st_uid == 0 && ::geteuid() == 0) ||
+                           ::fchown(temporary_, status.st_uid, status.st_gid) == 0 ||
                            ::fchown(temporary_, static_cast<uid_t>(-1), status.st_gid) == 0;
         static_cast<void>(owned);
         if (::fchmod(temporary_, status.st_mode & 07777U) != 0) {
@@ -252,6 +230,10 @@ int Replacement::replace(std::string_view content) {
     }
     const int error = errno;
     return needsWritingInPlace(error) && inPlace_ >= 0 ? writeInPlace(content) : error;
+}
+
+int replaceFile(const Transaction& transaction, const std::string& path, std::string_view content) {
+    return Replacement(transaction, path).replace(content);
 }
 
 int replaceFile(const std::string& path, std::string_view content) {

@@ -13,6 +13,8 @@
 
 namespace morvek {
 
+class Transaction;
+
 // Reads at most buffer.size() bytes from the file's start over the buffer, leaves the rest of the
 // buffer alone, and returns how many were read; nothing when the file cannot be opened, or when
 // reading fails on the way.
@@ -30,14 +32,18 @@ bool isMissing(const std::string& path);
 // Creates the file with this content; does nothing when there is such a file.
 void createWith(const std::string& path, std::string_view content);
 
-// Appends the text in one write, creating the file; false when it cannot be opened.
+// Appends the text in one write, creating the file. Nothing of it stays when not all of it can be
+// written; then, and when the file cannot be opened, returns false.
 bool appendTo(const std::string& path, std::string_view text);
 
 // A file held open for being replaced. Opening tells whether the file can be written at all and
 // changes nothing yet; replace() then puts the new content in the file's place.
 class Replacement {
 public:
-    // Opens the file for writing, or finds that it can be created.
+    // Opens a file that others may replace too; does not when the transaction may not write.
+    Replacement(const Transaction& transaction, const std::string& path);
+
+    // Opens a file that nobody else replaces meanwhile.
     explicit Replacement(const std::string& path);
     ~Replacement();
     Replacement(const Replacement&) = delete;
@@ -57,13 +63,15 @@ private:
     int inPlace_ = -1;          // the file itself, if there is one
     int openError_ = 0;
 
+    void open(const std::string& path);
     void openTemporary();
     void closeInPlace();
     int finishTemporary(std::string_view content);
     int writeInPlace(std::string_view content);
 };
 
-// Opens and replaces in one step. Returns 0, or the errno of what failed.
+// Open and replace in one step. Return 0, or the errno of what failed.
+int replaceFile(const Transaction& transaction, const std::string& path, std::string_view content);
 int replaceFile(const std::string& path, std::string_view content);
 
 } // namespace morvek

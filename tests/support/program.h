@@ -36,12 +36,12 @@ public:
 
     std::string text(const std::string& name) const { return readFile(folder.path(name)); }
 
-    // The files that have come since the operator wrote the last of his.
+    // The files that have come since the operator wrote the last of his, but for the lock.
     Files data() const {
         Files found;
         for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
             const std::string name = entry.path().filename();
-            if (filesBefore.count(name) == 0) {
+            if (filesBefore.count(name) == 0 && name != "morvek.lock") {
                 found[name] = text(name);
             }
         }
