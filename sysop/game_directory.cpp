@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cerrno>
 #include <cstring>
 #include <ctime>
@@ -150,11 +149,6 @@ void writeCharacters(const GameDirectory& home, const Characters& characters) {
     writeData(home, characterFileName,
               {reinterpret_cast<const char*>(characters.data()),
                characters.size() * sizeof(PlayerRecord)});
-}
-
-bool sameBytes(const PlayerRecord& one, const PlayerRecord& other) {
-    using Bytes = std::array<char, sizeof(PlayerRecord)>;
-    return std::bit_cast<Bytes>(one) == std::bit_cast<Bytes>(other);
 }
 
 bool isFree(const PlayerRecord& slot) { return slot.ownerName.view().empty(); }

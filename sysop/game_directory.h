@@ -59,9 +59,6 @@ Characters charactersIn(std::string_view content);
 Characters readCharacters(const GameDirectory& home);
 void writeCharacters(const GameDirectory& home, const Characters& characters);
 
-// Whether the records are the same, byte for byte.
-bool sameBytes(const PlayerRecord& one, const PlayerRecord& other);
-
 // Whether the slot belongs to nobody.
 bool isFree(const PlayerRecord& slot);
 

@@ -2,14 +2,15 @@
 
 #include "characters/creation.h"
 #include "files/data_file.h"
+#include "files/game_lock.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
 #include "state/roster.h"
 #include "state/store_player.h"
 
 #include <algorithm>
+#include <memory>
 #include <span>
-#include <vector>
 
 namespace morvek {
 namespace {
@@ -19,19 +20,68 @@ constexpr std::int32_t turnsOfADay = 30;
 // What a save leaves in `exhaustedShown`: any value but 1 counts as not shown.
 constexpr std::int32_t exhaustedShownBySave = 50;
 
-constexpr std::size_t rosterSize = sizeof(Roster::Slots);
-
-// A file that could not be read when the game began is not written either: the roster in memory is
-// not what it holds.
-bool canSave(const Replacement& file) { return file.isOpen() && game.session.rosterUnread == 0; }
-
-void writeRoster(Replacement& file) {
-    file.replace({reinterpret_cast<const char*>(game.roster.slots().data()), rosterSize});
+std::span<char> bytesOf(Roster::Slots& slots) {
+    return {reinterpret_cast<char*>(slots.data()), sizeof slots};
 }
 
 bool isCallers(const PlayerRecord& slot) {
     return slot.ownerName.view() == game.session.doorUserName;
 }
+
+// Brings a slot up to date with what the file now holds. A slot that this call has changed too is
+// kept if it is the caller's; of another's only the day's stamp is.
+void takeChanges(PlayerRecord& slot, const PlayerRecord& before, const PlayerRecord& now) {
+    const bool isOwn = isCallers(slot) && isCallers(now) && !sameBytes(slot, before);
+    if (isOwn || sameBytes(now, before)) {
+        return;
+    }
+    const std::int32_t day = slot.lastPlayedDay;
+    const bool isStamped =
+        day != before.lastPlayedDay && before.ownerName.view() == now.ownerName.view();
+    slot = now;
+    if (isStamped) {
+        slot.lastPlayedDay = day;
+    }
+}
+
+// Takes what others have saved since this call last read or wrote the file into the roster. False
+// when the file cannot be read. Where there is none, or behind its early end, nothing has changed.
+bool updateRoster() {
+    Roster::Slots& stored = game.roster.stored();
+    const auto now = std::make_unique<Roster::Slots>(stored);
+    const std::string& name = game.session.characterFileName;
+    if (!readInto(name, bytesOf(*now)) && !isMissing(name)) {
+        return false;
+    }
+    for (std::size_t slot = 0; slot < slotCount; ++slot) {
+        takeChanges(game.roster.slots()[slot], stored[slot], (*now)[slot]);
+    }
+    stored = *now;
+    return true;
+}
+
+// One save. It is not possible when the file cannot be read and written, and also after a game that
+// began with a file that could not be read: the roster in memory is not what it holds.
+class Save {
+public:
+    Save()
+        : file_(transaction_, game.session.characterFileName),
+          isPossible_(file_.isOpen() && game.session.rosterUnread == 0 && updateRoster()) {}
+
+    [[nodiscard]] bool isPossible() const { return isPossible_; }
+
+    void write() {
+        const std::span<char> bytes = bytesOf(game.roster.slots());
+        if (file_.replace({bytes.data(), bytes.size()}) == 0) {
+            game.roster.stored() = game.roster.slots();
+        }
+    }
+
+private:
+    Transaction transaction_{gameLock};
+    Replacement file_;
+    bool isPossible_;
+};
 
 // The first slot that is the caller's own or free, so a free one before his own is taken; null
 // when all of them belong to others.
@@ -62,13 +112,26 @@ void createCharacter() {
     savePlayer();
 }
 
+void storeQuick(Save& save) {
+    if (!save.isPossible()) {
+        return;
+    }
+    storePossessions(game.roster.slots().front());
+    game.world.exhaustedShown = exhaustedShownBySave;
+    save.write();
+}
+
 } // namespace
 
 bool readRoster() {
-    std::vector<char> bytes(rosterSize);
-    const std::optional<std::size_t> length = readInto(game.session.characterFileName, bytes);
-    std::copy_n(bytes.begin(), length.value_or(0),
-                reinterpret_cast<char*>(game.roster.slots().data()));
+    const Transaction transaction(gameLock);
+    const auto read = std::make_unique<Roster::Slots>();
+    const std::optional<std::size_t> length =
+        readInto(game.session.characterFileName, bytesOf(*read));
+    const std::span<char> bytes = bytesOf(*read).first(length.value_or(0));
+    for (Roster::Slots* slots : {&game.roster.slots(), &game.roster.stored()}) {
+        std::copy(bytes.begin(), bytes.end(), bytesOf(*slots).begin());
+    }
     return length.has_value();
 }
 
@@ -103,8 +166,8 @@ void loadPlayer() {
 
 void savePlayer() {
     game.session.doorUserName = userName();
-    Replacement file(game.session.characterFileName);
-    if (!canSave(file)) {
+    Save save;
+    if (!save.isPossible()) {
         return;
     }
     if (PlayerRecord* slot = slotToSaveInto(std::span(game.roster.slots()).first(searchedSlots))) {
@@ -114,13 +177,13 @@ void savePlayer() {
         storePlayer(*slot, StoreKind::whole);
         game.world.exhaustedShown = exhaustedShownBySave;
     }
-    writeRoster(file);
+    save.write();
 }
 
 void savePlayerHealed() {
     game.session.doorUserName = userName();
-    Replacement file(game.session.characterFileName);
-    if (!canSave(file)) {
+    Save save;
+    if (!save.isPossible()) {
         return;
     }
     if (PlayerRecord* slot = slotToSaveInto(game.roster.slots())) {
@@ -133,17 +196,35 @@ void savePlayerHealed() {
         storePlayer(*slot, StoreKind::healed);
         game.world.exhaustedShown = exhaustedShownBySave;
     }
-    writeRoster(file);
+    save.write();
 }
 
 void saveQuick() {
-    Replacement file(game.session.characterFileName);
-    if (!canSave(file)) {
-        return;
-    }
-    storePossessions(game.roster.slots().front());
-    game.world.exhaustedShown = exhaustedShownBySave;
-    writeRoster(file);
+    Save save;
+    storeQuick(save);
 }
+
+Robbery robPlayer(std::int32_t number) {
+    PlayerRecord* slot = game.roster.slotAt(number);
+    if (slot == nullptr) {
+        return {};
+    }
+    const TextSlot owner = slot->ownerName;
+    Save save;
+    if (isPlaying(*slot)) {
+        return {0.0, true};
+    }
+    // The operator may have put another character there.
+    if (slot->ownerName.view() != owner.view() || !(slot->gold > 0)) {
+        return {};
+    }
+    const double gold = slot->gold;
+    slot->gold = 0.0;
+    game.player.gold += gold;
+    storeQuick(save);
+    return {gold, false};
+}
+
+bool isPlaying(const PlayerRecord& slot) { return gameLock.isInside(slot.ownerName.view()); }
 
 } // namespace morvek

@@ -1,7 +1,9 @@
 // The rules of a fight against another player: rounds of the arena, until one is beaten. The
-// beaten player's money on hand goes to the attacker, out of the roster in memory; then the quick
-// save writes the attacker into slot 0 of the file, whoever owns that slot. A beaten attacker
-// loses nothing.
+// beaten player's money on hand goes to the attacker; then the quick save writes the attacker into
+// slot 0 of the file, whoever owns that slot. A beaten attacker loses nothing.
+//
+// A player who has come into the game during the fight keeps his gold: his next save would bring
+// it back.
 
 #include "combat/player_fight.h"
 
@@ -12,32 +14,25 @@
 #include "screen/screen.h"
 #include "state/encounter.h"
 #include "state/game_state.h"
-#include "state/roster.h"
 #include "status/status_screen.h"
 
 namespace morvek {
 namespace {
-
-void takeGold(PlayerRecord& beaten) {
-    const double taken = beaten.gold;
-    game.player.gold += taken;
-    beaten.gold = 0.0;
-    say("`red`You took `bright white`");
-    showMoney(taken);
-    say(" `bright red`gold `red`from `bright white`");
-    show(game.encounter.monster.name);
-    say("`red`!");
-    saveQuick();
-}
 
 void winAgainstPlayer() {
     const std::string& name = game.encounter.monster.name;
     say("`red`The player `bright white`");
     show(name);
     say(" `red`has been beaten!\n\r\n\r");
-    PlayerRecord* beaten = game.roster.slotAt(game.session.targetSlot);
-    if (beaten != nullptr && beaten->gold > 0) {
-        takeGold(*beaten);
+    const Robbery robbery = robPlayer(game.session.targetSlot);
+    if (robbery.isPlaying) {
+        sayOf(name, " `red`has come into the game meanwhile and keeps the gold.");
+    } else if (robbery.gold > 0) {
+        say("`red`You took `bright white`");
+        showMoney(robbery.gold);
+        say(" `bright red`gold `red`from `bright white`");
+        show(name);
+        say("`red`!");
     } else {
         sayOf(name, "`red`'s pockets are `bright white`empty`red`.");
     }

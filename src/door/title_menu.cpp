@@ -1,6 +1,7 @@
 #include "door/title_menu.h"
 
 #include "characters/character_file.h"
+#include "files/game_lock.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
 #include "status/status_screen.h"
@@ -13,6 +14,9 @@ namespace {
 
 constexpr std::int32_t guessesOfAGame = 3;
 
+// The exit status also of a call that may not be made beside another one (-ONECALLER).
+constexpr int otherCallStatus = 5;
+
 void showVersion() {
     say("`red`Morvek v`bright red`0`red`.`bright red`6`red`.`bright red`9a\n\r");
     say("`red`By: `bright red`The Morvek developers\n\r");
@@ -22,7 +26,18 @@ void showVersion() {
     say("\n\r\n\r");
 }
 
+// One user in two calls would save over himself.
+void enterOnce() {
+    if (gameLock.enter(userName())) {
+        return;
+    }
+    say("\n\r\n\r`red`You are already in the game on another node. "
+        "Please come back when you have left it.\n\r");
+    leave(otherCallStatus);
+}
+
 void startGame() {
+    enterOnce();
     game.session.entered = 0;
     game.world.playerDead = 0;
     game.world.currentLocation = 0;
@@ -31,6 +46,7 @@ void startGame() {
     game.session.inGame = 1;
     savePlayer();
     towneMenu();
+    gameLock.leave();
 }
 
 void showScores() {

@@ -19,6 +19,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace morvek {
 
@@ -95,5 +96,10 @@ static_assert(offsetof(PlayerRecord, reservedCounter) == 260);
 static_assert(offsetof(PlayerRecord, inUse) == 264);
 static_assert(offsetof(PlayerRecord, currentLocation) == 268);
 static_assert(offsetof(PlayerRecord, worldState) == 272);
+
+// Whether the records are the same, byte for byte.
+inline bool sameBytes(const PlayerRecord& one, const PlayerRecord& other) {
+    return std::memcmp(&one, &other, sizeof one) == 0;
+}
 
 } // namespace morvek

@@ -28,14 +28,16 @@ constexpr PlayerRecord emptySlot(std::string_view version = slotVersion) {
     return slot;
 }
 
-// The character file in memory, and what the player list made of it. Each takes its 75,000 bytes
-// when somebody first asks for it, so a caller who only looks at the title does without.
+// The character file in memory, as this call last read or wrote it and with what the call has
+// changed since, and what the player list made of it. Each takes its 75,000 bytes when somebody
+// first asks for it, so a caller who only looks at the title does without.
 class Roster {
 public:
     using Slots = std::array<PlayerRecord, slotCount>;
     using List = std::array<PlayerListEntry, slotCount>;
 
     Slots& slots() { return madeOf(slotTable_, slotVersion); }
+    Slots& stored() { return madeOf(storedTable_, slotVersion); } // as last read or written
     List& list() { return madeOf(listTable_, listVersion); }
 
     // The slot of that number; null when there is none.
@@ -57,6 +59,7 @@ private:
     }
 
     std::unique_ptr<Slots> slotTable_;
+    std::unique_ptr<Slots> storedTable_;
     std::unique_ptr<List> listTable_;
 };
 

@@ -1,11 +1,13 @@
 // Any listed number is a valid target unless its character has the player's own name. A free slot
-// has an empty name, so only a player without a name is refused it.
+// has an empty name, so only a player without a name is refused it. A player who is in the game
+// right now is refused too: his next save would bring back what was taken.
 //
 // An opponent of this kind always has initiative 4 and a damage die of 1 to 8, drawn after one
 // draw that decides nothing.
 
 #include "towne/player_attack.h"
 
+#include "characters/character_file.h"
 #include "screen/screen.h"
 #include "state/dice.h"
 #include "state/encounter.h"
@@ -32,11 +34,22 @@ const PlayerRecord* findTarget(std::int32_t number) {
     return slot.name.view() == game.player.name ? nullptr : &slot;
 }
 
-void refuse() {
-    say("\n\r");
-    say("`red`Invalid player number!");
+void pause() {
     say("\n\r\n\r`red`Press any key!");
     waitForKey();
+}
+
+void refuseNumber() {
+    say("\n\r");
+    say("`red`Invalid player number!");
+    pause();
+}
+
+void refusePlaying(std::string_view name) {
+    say("\n\r");
+    show(name);
+    say(" `red`is in the game right now and cannot be attacked.");
+    pause();
 }
 
 bool isConfirmed(std::string_view name) {
@@ -64,7 +77,11 @@ bool attackAnotherPlayer() {
     const std::int32_t number = typedNumber(askLine(maxNumberLength, 0, 127));
     const PlayerRecord* target = findTarget(number);
     if (target == nullptr) {
-        refuse();
+        refuseNumber();
+        return false;
+    }
+    if (isPlaying(*target)) {
+        refusePlaying(target->name.view());
         return false;
     }
     game.session.chosenNumber = number;
