@@ -1,10 +1,12 @@
 #include "towne/news.h"
 
 #include "files/data_file.h"
+#include "files/game_lock.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,31 +18,35 @@ constexpr std::string_view firstLine = "It's a new day!\n\r";
 
 std::string newsFileName() { return game.session.dateStamp + ".txt"; }
 
-// A file that is there but cannot be read keeps what it holds.
-void createNewsFile(const std::string& path) {
-    if (!canRead(path)) {
-        createWith(path, firstLine);
-    }
-}
-
 std::size_t pieceLength(std::string_view text) {
     const std::size_t lineEnd = text.find('\n');
     const std::size_t line = lineEnd == std::string_view::npos ? text.size() : lineEnd + 1;
     return std::min(line, maxPieceLength);
 }
 
+std::optional<std::string> readNews() {
+    const Transaction transaction(gameLock);
+    const std::string path = newsFileName();
+    if (transaction.mayWrite()) {
+        createWith(path, firstLine);
+    }
+    return readWhole(path);
+}
+
 } // namespace
 
 void newsJoined() {
+    const Transaction transaction(gameLock);
+    if (!transaction.mayWrite()) {
+        return;
+    }
     const std::string path = newsFileName();
-    createNewsFile(path);
+    createWith(path, firstLine);
     appendTo(path, std::string(userName()) + " joined the game.\n\r");
 }
 
 void showNews() {
-    const std::string path = newsFileName();
-    createNewsFile(path);
-    const std::optional<std::string> news = readWhole(path);
+    const std::optional<std::string> news = readNews();
     if (!news) {
         return;
     }

@@ -5,6 +5,7 @@
 #include "towne/scores.h"
 
 #include "files/data_file.h"
+#include "files/game_lock.h"
 #include "files/score_file.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
@@ -99,6 +100,24 @@ void drawEntry(const ScoreEntry& entry, int index) {
     say("\n\r");
 }
 
+void publish(const Transaction& transaction, const char* name, const std::string& bulletin) {
+    if (readWhole(name) != bulletin) {
+        replaceFile(transaction, name, bulletin);
+    }
+}
+
+// Reads the scores and brings the bulletins up to date with them; false when there are none.
+bool publishScores() {
+    const Transaction transaction(gameLock);
+    if (!readScores()) {
+        return false;
+    }
+    const std::span<const ScoreEntry> entries = entriesRead(game.scores.count);
+    publish(transaction, plainBulletinName, plainBulletin(entries));
+    publish(transaction, ansiBulletinName, ansiBulletin(entries));
+    return true;
+}
+
 } // namespace
 
 bool readScores() {
@@ -116,11 +135,12 @@ void prepareScore() {
 }
 
 void updateScores() {
+    const Transaction transaction(gameLock);
     const bool isRead = readScores();
     if (!isRead) {
         say("\n\r");
     }
-    Replacement file(scoreFileName);
+    Replacement file(transaction, scoreFileName);
     const bool readingFailed = !isRead && canRead(scoreFileName); // others' scores are in it
     if (!file.isOpen() || readingFailed) {
         complain();
@@ -135,7 +155,7 @@ void updateScores() {
 }
 
 void showTopTen() {
-    if (readScores()) {
+    if (publishScores()) {
         drawTopTen(game.scores.count);
     } else {
         say("\n\r\n\r");
@@ -158,8 +178,6 @@ void drawTopTen(std::int32_t count) {
             drawEntry(entries[i], static_cast<int>(i));
         }
     }
-    replaceFile(plainBulletinName, plainBulletin(entries));
-    replaceFile(ansiBulletinName, ansiBulletin(entries));
 }
 
 void clearScores() { game.scores.table.fill(ScoreEntry{}); }

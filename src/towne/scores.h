@@ -13,10 +13,10 @@ bool readScores();
 // cannot be written costs the score, with two lines on standard error.
 void updateScores();
 
-// Shows the list to the caller and writes the board's two bulletins.
+// Shows the list to the caller and writes the board's two bulletins where they have changed.
 void showTopTen();
 
-// Draws so many entries of the table and writes the bulletins.
+// Draws so many entries of the table.
 void drawTopTen(std::int32_t count);
 
 // Takes the player's name and experience for the score about to be entered.
