@@ -1,6 +1,7 @@
 #include "files/scroll_file.h"
 
 #include "files/data_file.h"
+#include "files/open_file.h"
 #include "state/game_state.h"
 #include "state/text_slot.h"
 
@@ -14,11 +15,6 @@
 
 namespace morvek {
 namespace {
-
-// O_NONBLOCK keeps a pipe that stands in the file's place from holding up the game; it can be
-// neither read nor written at a position, so such a board lives in memory.
-constexpr int openFlags = O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-constexpr mode_t newFileMode = 0666;
 
 struct EntryImage {
     TextSlot author;
@@ -68,57 +64,40 @@ void overlayScroll(std::span<const char> bytes, Scroll& board) {
     }
 }
 
-ScrollFile ScrollFile::existing() { return ScrollFile(::open(scrollFileName, openFlags)); }
-
-ScrollFile ScrollFile::emptied() {
-    constexpr int flags = openFlags | O_CREAT | O_TRUNC;
-    const bool mayBeEmptied = game.session.scrollUnread == 0 || isMissing(scrollFileName);
-    return ScrollFile(mayBeEmptied ? ::open(scrollFileName, flags, newFileMode) : -1);
-}
-
-ScrollFile::~ScrollFile() { close(); }
-
-void ScrollFile::close() {
-    if (isOpen()) {
-        ::close(descriptor_);
-    }
-    descriptor_ = -1;
-}
-
-void ScrollFile::read(Scroll& board) {
-    ScrollBytes bytes{};
-    std::size_t total = 0;
-    while (isOpen() && total < bytes.size()) {
-        const ssize_t got = ::pread(descriptor_, bytes.data() + total, bytes.size() - total,
-                                    static_cast<off_t>(total));
+std::optional<ScrollImage> readScrollFile() {
+    ScrollImage image;
+    const OpenFile file(openFile(scrollFileName, O_RDWR));
+    bool isRead = file.isOpen();
+    while (isRead && image.length < scrollSize) {
+        const ssize_t got = ::pread(file.get(), image.bytes.data() + image.length,
+                                    scrollSize - image.length, static_cast<off_t>(image.length));
         if (got == 0) {
             break;
         }
         if (got > 0) {
-            total += static_cast<std::size_t>(got);
+            image.length += static_cast<std::size_t>(got);
         } else if (errno != EINTR) {
-            close();
+            isRead = false;
         }
     }
-    game.session.scrollUnread = isOpen() ? 0 : 1;
-    if (!isOpen()) {
-        return;
+    game.session.scrollUnread = isRead ? 0 : 1;
+    return isRead ? std::optional(image) : std::nullopt;
+}
+
+bool emptyScrollFile() {
+    if (game.session.scrollUnread == 0 || isMissing(scrollFileName)) {
+        const OpenFile file(openFile(scrollFileName, O_RDWR | O_CREAT | O_TRUNC));
+        game.session.scrollUnread = file.isOpen() ? 0 : 1;
+        return file.isOpen();
     }
-    readingEnded_ = static_cast<off_t>(total);
-    overlayScroll(std::span(bytes).first(total), board);
+    return false;
 }
 
-void ScrollFile::writeAtStart(const Scroll& board) const { writeAt(0, board); }
-
-void ScrollFile::writeWhereReadingEnded(const Scroll& board) const {
-    writeAt(readingEnded_, board);
-}
-
-void ScrollFile::writeAt(off_t position, const Scroll& board) const {
-    const ScrollBytes bytes = scrollBytes(board);
+void writeScrollFile(const ScrollBytes& bytes, off_t position) {
+    const OpenFile file(game.session.scrollUnread == 0 ? openFile(scrollFileName, O_RDWR) : -1);
     std::size_t total = 0;
-    while (isOpen() && total < bytes.size()) {
-        const ssize_t put = ::pwrite(descriptor_, bytes.data() + total, bytes.size() - total,
+    while (file.isOpen() && total < bytes.size()) {
+        const ssize_t put = ::pwrite(file.get(), bytes.data() + total, bytes.size() - total,
                                      position + static_cast<off_t>(total));
         if (put < 0 && errno == EINTR) {
             continue;

@@ -12,16 +12,15 @@
 // A file that was ever shown goes on behind byte 479 with a second copy, which is never read.
 // A short file is read over as much of the board as it covers.
 //
-// Unlike the game's other files this one is not replaced whole: it is held open while it is shown,
-// emptied under that open file and written in place.
+// Unlike the game's other files this one is not replaced whole: it is emptied and written in place.
 #pragma once
 
 #include "state/scroll.h"
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
-#include <string>
 
 #include <sys/types.h>
 
@@ -29,8 +28,17 @@ namespace morvek {
 
 inline constexpr const char* scrollFileName = "scroll.dat";
 constexpr std::size_t scrollSize = 480;
+constexpr std::size_t scrollEntrySize = scrollSize / std::tuple_size_v<Scroll>;
 
 using ScrollBytes = std::array<char, scrollSize>;
+
+// What the file holds: the first bytes, with zeros behind its end, and how many they are.
+struct ScrollImage {
+    ScrollBytes bytes{};
+    std::size_t length = 0;
+
+    bool operator==(const ScrollImage&) const = default;
+};
 
 // The board as the file holds it.
 ScrollBytes scrollBytes(const Scroll& board);
@@ -38,41 +46,15 @@ ScrollBytes scrollBytes(const Scroll& board);
 // Reads as many bytes as there are, at most 480, over the board.
 void overlayScroll(std::span<const char> bytes, Scroll& board);
 
-// The board's file, open for reading and writing as long as this lives. On a file that is not open
-// nothing is read or written.
-class ScrollFile {
-public:
-    // Opens the file that there is.
-    static ScrollFile existing();
+// Reads the board's file; nothing when it cannot be opened or read, and then it is neither emptied
+// nor written until it can be.
+std::optional<ScrollImage> readScrollFile();
 
-    // Opens the file and empties it, or creates it. Opens nothing if the last read failed.
-    static ScrollFile emptied();
+// Empties the file, creating it if there is none; false when that fails.
+bool emptyScrollFile();
 
-    ~ScrollFile();
-    ScrollFile(const ScrollFile&) = delete;
-    ScrollFile& operator=(const ScrollFile&) = delete;
-
-    [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
-
-    // Reads the file's first 480 bytes over the board, as far as there are so many. When that
-    // fails the board stays as it was, and the file is closed.
-    void read(Scroll& board);
-
-    // Writes the board over the file's first 480 bytes.
-    void writeAtStart(const Scroll& board) const;
-
-    // Writes the board behind the bytes that were read; if the file has become shorter than that,
-    // zeros fill what lies between.
-    void writeWhereReadingEnded(const Scroll& board) const;
-
-private:
-    explicit ScrollFile(int opened) : descriptor_(opened) {}
-    void writeAt(off_t position, const Scroll& board) const;
-
-    void close();
-
-    int descriptor_;
-    off_t readingEnded_ = 0;
-};
+// Writes over the 480 bytes from that position on; zeros fill what lies before them in a file that
+// is shorter. Does nothing when there is no file.
+void writeScrollFile(const ScrollBytes& bytes, off_t position = 0);
 
 } // namespace morvek

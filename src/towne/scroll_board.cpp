@@ -5,19 +5,29 @@
 // Writing empties the file first. Who then declines to save has wiped the board for everyone: the
 // copy that follows leaves nothing but zeros where the next showing reads.
 //
+// Where others write at the same time, no message is lost. Who begins one takes out of the file
+// what he has been shown, leaves there what others have confirmed since, and puts both together
+// with his own message when he confirms it. His copy is not written.
+//
 // Where the file can be neither read nor created, the board in memory is shown, and a message
 // lasts for the call.
 
 #include "towne/scroll_board.h"
 
 #include "files/data_file.h"
+#include "files/game_lock.h"
 #include "files/scroll_file.h"
 #include "screen/screen.h"
 #include "state/game_state.h"
 #include "text/characters.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <optional>
+#include <span>
 #include <string>
+#include <utility>
 
 namespace morvek {
 namespace {
@@ -25,15 +35,42 @@ namespace {
 constexpr int maxMessageLength = 49;
 constexpr std::size_t maxShownLength = 49;
 
+// One showing of the board, up to the copy behind it.
+struct Showing {
+    std::size_t length = 0; // of what was read
+    ScrollImage file;       // as this call last read or left it
+    bool alone = true;      // no other call has changed the file, or is about to
+};
+
 void createMissingFile() {
-    if (!isMissing(scrollFileName)) {
-        return;
-    }
-    const ScrollFile created = ScrollFile::emptied();
-    if (created.isOpen()) {
+    if (isMissing(scrollFileName) && emptyScrollFile()) {
         clearAnsiOnly();
-        created.writeAtStart(game.scroll);
+        writeScrollFile(scrollBytes(game.scroll));
     }
+}
+
+Showing readBoard() {
+    const Transaction transaction(gameLock);
+    if (transaction.mayWrite()) {
+        createMissingFile();
+    }
+    const std::optional<ScrollImage> read = readScrollFile();
+    if (!read) {
+        return {};
+    }
+    overlayScroll(std::span(read->bytes).first(read->length), game.scroll);
+    return {read->length, *read, !gameLock.othersType()};
+}
+
+// Reads the file anew; nothing when it cannot be read, or must not be written now.
+std::optional<ScrollImage> readAgain(const Transaction& transaction, Showing& showing) {
+    if (!transaction.mayWrite()) {
+        showing.alone = false;
+        return std::nullopt;
+    }
+    const std::optional<ScrollImage> now = readScrollFile();
+    showing.alone = showing.alone && (!now || *now == showing.file) && !gameLock.othersType();
+    return now;
 }
 
 std::string shown(const std::string& text) {
@@ -63,43 +100,112 @@ void drawBoard() {
         "`red`C`bright red`)`bright white`lose Scroll\n\r\n\r");
 }
 
-// Shows the board once; false when the caller closed it.
-bool showOnce() {
-    createMissingFile();
-    clearScreen();
-    ScrollFile file = ScrollFile::existing();
-    file.read(game.scroll);
-    drawBoard();
-    const char key = menu("tavern", "wc");
-    if (key == 'w') {
-        writeScroll();
+void append(Scroll& board, ScrollEntry entry) {
+    std::move(board.begin() + 1, board.end(), board.begin());
+    board.back() = std::move(entry);
+}
+
+using EntryBytes = std::array<char, scrollEntrySize>;
+using Entries = std::array<EntryBytes, std::tuple_size_v<Scroll>>;
+
+// Removes one entry of these bytes and tells whether there was one. An empty one is never there.
+bool removeEntry(Entries& entries, const EntryBytes& wanted) {
+    const auto found = std::find(entries.begin(), entries.end(), wanted);
+    if (wanted == EntryBytes{} || found == entries.end()) {
+        return false;
     }
-    file.writeWhereReadingEnded(game.scroll);
-    return key != 'c';
+    std::move_backward(entries.begin(), found, found + 1);
+    entries.front() = {};
+    return true;
 }
 
-void append(const std::string& message) {
-    std::move(game.scroll.begin() + 1, game.scroll.end(), game.scroll.begin());
-    game.scroll.back() = {game.player.name, message};
-}
-
-} // namespace
-
-void scrollBoard() {
-    while (showOnce()) {
+// Empties the file of the messages that the caller has been shown, and returns these. What others
+// have confirmed since then stays in it.
+Scroll takeMessages(Showing& showing) {
+    const Transaction transaction(gameLock);
+    const std::optional<ScrollImage> now = readAgain(transaction, showing);
+    gameLock.setTyping(true);
+    if (showing.alone) {
+        emptyScrollFile();
+        showing.file = {};
+        return game.scroll;
     }
+    Scroll taken;
+    if (now) {
+        const auto shown = std::bit_cast<Entries>(showing.file.bytes);
+        auto left = std::bit_cast<Entries>(now->bytes);
+        for (std::size_t k = 0; k < shown.size(); ++k) {
+            if (removeEntry(left, shown[k])) {
+                append(taken, game.scroll[k]);
+            }
+        }
+        writeScrollFile(std::bit_cast<ScrollBytes>(left));
+    }
+    return taken;
 }
 
-void writeScroll() {
-    const ScrollFile file = ScrollFile::emptied();
+// Puts the message behind those taken and those that others have confirmed meanwhile.
+void saveMessage(Showing& showing, Scroll board, const std::string& message) {
+    const Transaction transaction(gameLock);
+    const std::optional<ScrollImage> now = readAgain(transaction, showing);
+    const ScrollEntry own{game.player.name, message};
+    if (!now) {
+        append(game.scroll, own);
+        return;
+    }
+    Scroll others;
+    overlayScroll(now->bytes, others);
+    for (const ScrollEntry& entry : others) {
+        if (!entry.author.empty() || !entry.message.empty()) {
+            append(board, entry);
+        }
+    }
+    append(board, own);
+    game.scroll = board;
+    showing.file = {scrollBytes(board), scrollSize};
+    writeScrollFile(showing.file.bytes);
+}
+
+// Asks for one message and, if the caller says so, puts it at the end of the board; the oldest one
+// falls off.
+void writeScroll(Showing& showing) {
+    const Scroll taken = takeMessages(showing);
     say("`bright red`Message`bright red`: `bright white`");
     const std::string message = askLine(maxMessageLength, 0, 127);
     say("\n\r");
     say("`red`Save message (`bright white`Y`red`/`bright white`N`red`)`bright red`: `bright "
         "white`");
     if (answer("YN") == 'Y') {
-        append(message);
-        file.writeAtStart(game.scroll);
+        saveMessage(showing, taken, message);
+    }
+    gameLock.setTyping(false);
+}
+
+void writeCopy(Showing& showing) {
+    const Transaction transaction(gameLock);
+    const std::optional<ScrollImage> now = readAgain(transaction, showing);
+    if (now && showing.alone) {
+        writeScrollFile(scrollBytes(game.scroll), static_cast<off_t>(showing.length));
+    }
+}
+
+// Shows the board once; false when the caller closed it.
+bool showOnce() {
+    Showing showing = readBoard();
+    clearScreen();
+    drawBoard();
+    const char key = menu("tavern", "wc");
+    if (key == 'w') {
+        writeScroll(showing);
+    }
+    writeCopy(showing);
+    return key != 'c';
+}
+
+} // namespace
+
+void scrollBoard() {
+    while (showOnce()) {
     }
 }
 
