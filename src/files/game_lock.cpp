@@ -21,8 +21,9 @@ constexpr off_t nextByte = 1;
 constexpr off_t typingByte = 2;
 constexpr off_t firstUserByte = off_t{1} << 32;
 
-constexpr std::chrono::milliseconds longestWait(2000);
-constexpr std::chrono::milliseconds waitAfterFailure(100);
+// What follows on one key, up to five transactions, waits two seconds at most.
+constexpr std::chrono::milliseconds longestWait(1800);
+constexpr std::chrono::milliseconds waitAfterFailure(40);
 
 // FNV-1a, 64 bits.
 off_t byteOf(std::string_view user) {
@@ -165,10 +166,11 @@ bool GameLock::openToLock() {
 }
 
 bool GameLock::openToAsk() {
-    if (!mayLock_) {
-        close();
-        descriptor_ = openFile(path_, O_RDONLY);
+    if (mayLock_) {
+        return openToLock();
     }
+    close();
+    descriptor_ = openFile(path_, O_RDONLY);
     return descriptor_ >= 0;
 }
 

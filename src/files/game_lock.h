@@ -76,8 +76,8 @@ private:
 // The lock of the game in the current directory.
 extern GameLock gameLock;
 
-// Keeps all other processes out of the game's files as long as it lives. It waits for them at most
-// two seconds, and after a wait in vain at most a tenth of a second, until a wait ends well.
+// Keeps all other processes out of the game's files as long as it lives. It waits for them almost
+// two seconds, and only briefly after a wait in vain, until a wait ends well again.
 class Transaction {
 public:
     explicit Transaction(GameLock& lock) : lock_(lock), held_(lock.begin()) {}

@@ -27,6 +27,10 @@
 namespace morvek {
 
 inline constexpr const char* scrollFileName = "scroll.dat";
+
+// Holds the board as it was while somebody types a message, for scroll.dat is empty then.
+inline constexpr const char* oldScrollFileName = "scroll.old";
+
 constexpr std::size_t scrollSize = 480;
 constexpr std::size_t scrollEntrySize = scrollSize / std::tuple_size_v<Scroll>;
 
@@ -39,6 +43,16 @@ struct ScrollImage {
 
     bool operator==(const ScrollImage&) const = default;
 };
+
+using ScrollEntryBytes = std::array<char, scrollEntrySize>;
+using ScrollEntries = std::array<ScrollEntryBytes, std::tuple_size_v<Scroll>>;
+
+// Removes one entry of these bytes and tells whether there was one. An empty one is never there.
+bool removeEntry(ScrollEntries& entries, const ScrollEntryBytes& wanted);
+
+// The entries of the first board and behind them those of the second that the first lacks; the
+// last ten of them.
+ScrollBytes joinBoards(const ScrollBytes& first, const ScrollBytes& second);
 
 // The board as the file holds it.
 ScrollBytes scrollBytes(const Scroll& board);

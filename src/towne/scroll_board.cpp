@@ -22,11 +22,11 @@
 #include "text/characters.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <optional>
 #include <span>
 #include <string>
+#include <unistd.h>
 #include <utility>
 
 namespace morvek {
@@ -105,18 +105,13 @@ void append(Scroll& board, ScrollEntry entry) {
     board.back() = std::move(entry);
 }
 
-using EntryBytes = std::array<char, scrollEntrySize>;
-using Entries = std::array<EntryBytes, std::tuple_size_v<Scroll>>;
-
-// Removes one entry of these bytes and tells whether there was one. An empty one is never there.
-bool removeEntry(Entries& entries, const EntryBytes& wanted) {
-    const auto found = std::find(entries.begin(), entries.end(), wanted);
-    if (wanted == EntryBytes{} || found == entries.end()) {
-        return false;
+// Keeps a copy of what the file holds, and of what others who type have taken out of it.
+void keepOldBoard(const Transaction& transaction, ScrollBytes board) {
+    ScrollBytes old{};
+    if (gameLock.othersType() && readInto(oldScrollFileName, old) == scrollSize) {
+        board = joinBoards(old, board);
     }
-    std::move_backward(entries.begin(), found, found + 1);
-    entries.front() = {};
-    return true;
+    replaceFile(transaction, oldScrollFileName, {board.data(), board.size()});
 }
 
 // Empties the file of the messages that the caller has been shown, and returns these. What others
@@ -124,6 +119,9 @@ bool removeEntry(Entries& entries, const EntryBytes& wanted) {
 Scroll takeMessages(Showing& showing) {
     const Transaction transaction(gameLock);
     const std::optional<ScrollImage> now = readAgain(transaction, showing);
+    if (now) {
+        keepOldBoard(transaction, now->bytes);
+    }
     gameLock.setTyping(true);
     if (showing.alone) {
         emptyScrollFile();
@@ -132,8 +130,8 @@ Scroll takeMessages(Showing& showing) {
     }
     Scroll taken;
     if (now) {
-        const auto shown = std::bit_cast<Entries>(showing.file.bytes);
-        auto left = std::bit_cast<Entries>(now->bytes);
+        const auto shown = std::bit_cast<ScrollEntries>(showing.file.bytes);
+        auto left = std::bit_cast<ScrollEntries>(now->bytes);
         for (std::size_t k = 0; k < shown.size(); ++k) {
             if (removeEntry(left, shown[k])) {
                 append(taken, game.scroll[k]);
@@ -166,6 +164,14 @@ void saveMessage(Showing& showing, Scroll board, const std::string& message) {
     writeScrollFile(showing.file.bytes);
 }
 
+void endTyping() {
+    const Transaction transaction(gameLock);
+    gameLock.setTyping(false);
+    if (transaction.mayWrite() && !gameLock.othersType()) {
+        ::unlink(oldScrollFileName);
+    }
+}
+
 // Asks for one message and, if the caller says so, puts it at the end of the board; the oldest one
 // falls off.
 void writeScroll(Showing& showing) {
@@ -178,7 +184,7 @@ void writeScroll(Showing& showing) {
     if (answer("YN") == 'Y') {
         saveMessage(showing, taken, message);
     }
-    gameLock.setTyping(false);
+    endTyping();
 }
 
 void writeCopy(Showing& showing) {

@@ -15,6 +15,47 @@ struct CharacterFile : InTemporaryDirectory {
     }
 };
 
+// The file as Alice has loaded it, and as another call has saved it since.
+struct SharedCharacterFile : CharacterFile {
+    SharedCharacterFile() {
+        own(0, "Bob", "Bors");
+        own(1, "Alice", "Arwen");
+        reload();
+        Roster::Slots file = game.roster.slots();
+        file[0].bankGold = 500;
+        file[2].ownerName.assign("Cid");
+        writeFile("morchars.dat", {reinterpret_cast<const char*>(file.data()), sizeof file});
+    }
+};
+
+TEST_F(SharedCharacterFile, SavesKeepWhatOthersHaveSaved) {
+    for (const auto save : {savePlayer, savePlayerHealed}) {
+        game.player.gold += 7;
+        save();
+        EXPECT_EQ(double{storedSlot(0).bankGold}, 500);
+        EXPECT_EQ(storedSlot(2).ownerName.view(), "Cid");
+        EXPECT_EQ(double{storedSlot(1).gold}, game.player.gold);
+    }
+    saveQuick();
+    EXPECT_EQ(storedSlot(2).ownerName.view(), "Cid");
+}
+
+TEST_F(SharedCharacterFile, NewCharacterTakesASlotThatIsStillFree) {
+    newCall(true, "Dora");
+    savePlayer();
+    EXPECT_EQ(storedSlot(2).ownerName.view(), "Cid");
+    EXPECT_EQ(storedSlot(3).ownerName.view(), "Dora");
+}
+
+TEST_F(SharedCharacterFile, OnlyTheDayOfAnothersSlotIsKept) {
+    slot(0).lastPlayedDay = 111526;
+    slot(0).gold = 9;
+    savePlayer();
+    EXPECT_EQ(storedSlot(0).lastPlayedDay, 111526);
+    EXPECT_EQ(double{storedSlot(0).gold}, 0);
+    EXPECT_EQ(double{storedSlot(0).bankGold}, 500);
+}
+
 TEST_F(CharacterFile, LoadsTheFirstSlotOfItsOwner) {
     own(0, "alice", "Lower");
     own(1, "Alice ", "Blank");

@@ -1,7 +1,10 @@
 // Rounds of the arena, and the fight against another player.
 #include "combat/arena.h"
+
+#include "characters/character_file.h"
 #include "combat/fighters.h"
 #include "combat/player_fight.h"
+#include "files/game_lock.h"
 #include "screen/screen.h"
 #include "state/encounter.h"
 #include "state/roster.h"
@@ -50,6 +53,27 @@ TEST_F(PlayerFight, WinnerTakesTheGoldAndSlotZero) {
     EXPECT_TRUE(caller.saw("{`r`You took `W`}<1000>{ `R`gold `r`from `W`}"));
     EXPECT_EQ(double{storedSlot(4).gold}, 0);
     EXPECT_EQ(double{storedSlot(0).gold}, 1005);
+}
+
+TEST_F(PlayerFight, GoldIsTakenAsItIsInTheFileNow) {
+    const auto rob = [] {
+        meet("Bartholomew");
+        game.encounter.monster.hitPoints = 1;
+        game.session.targetSlot = 4;
+        return caller.visit(fightPlayer, "ak");
+    };
+    own(4, "Cid", "Bartholomew");
+    game.roster.slots()[4].gold = 1000;
+    savePlayer();
+    game.roster.slots()[4].gold = 0; // another robber was quicker
+    writeFile("morchars.dat", rosterBytes());
+    game.roster.slots()[4].gold = 1000;
+    EXPECT_THAT(rob(), HasSubstr("'s pockets are `W`empty`r`.}"));
+    GameLock hisCall(lockFileName);
+    hisCall.enter("Cid");
+    game.roster.slots()[4].gold = 1000;
+    EXPECT_THAT(rob(), HasSubstr("{ `r`has come into the game meanwhile and keeps the gold.}"));
+    EXPECT_EQ(double{game.player.gold}, 0);
 }
 
 TEST_F(PlayerFight, EmptyPocketsSaveNothing) {

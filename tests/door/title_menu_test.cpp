@@ -2,6 +2,7 @@
 #include "door/title_menu.h"
 
 #include "door/door_session.h"
+#include "files/game_lock.h"
 #include "screen/screen.h"
 #include "support/temporary_directory.h"
 
@@ -54,6 +55,18 @@ TEST_F(Title, LongUserNameIsCutEverywhere) {
     EXPECT_EQ(game.session.displayUserName, "Thomas the Rhym");
     EXPECT_EQ(caller.times("[menu clasmenu 12345678]"), 1) << "his slot is found again";
     EXPECT_THAT(readFile("111526.txt"), EndsWith("Thomas the Rhym joined the game.\n\r"));
+}
+
+TEST_F(Title, UserIsInsideOnce) {
+    GameLock otherCall(lockFileName);
+    otherCall.enter("Alice");
+    EXPECT_EQ(play("S"), 5);
+    EXPECT_TRUE(caller.saw("{||`r`You are already in the game on another node. "
+                           "Please come back when you have left it.|}"));
+    EXPECT_FALSE(fs::exists("morchars.dat"));
+    otherCall.leave();
+    EXPECT_EQ(play("STom\ry1kqkkQ"), 0);
+    EXPECT_TRUE(otherCall.enter("Alice")) << "he has left";
 }
 
 TEST_F(Title, StartBeginsAGame) {

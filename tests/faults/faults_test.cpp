@@ -5,6 +5,7 @@
 #include "state/roster.h"
 #include "support/program.h"
 
+#include <chrono>
 #include <csignal>
 #include <set>
 
@@ -12,6 +13,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 namespace {
 
@@ -166,7 +168,7 @@ bool isWhole(const std::string& name, const std::string& found, const std::vecto
 Files afterNextCall(const Stage& stage, const Files& files) {
     stage.prepare(files);
     const Child call = stage.program("", "Zoe");
-    EXPECT_EQ(runWithKeys(call, "sZoe\ry8xwsyxrtgyxxq").status, 0);
+    EXPECT_EQ(runWithKeys(call, "sZoe\ry8xwsyxrtlwZoe\rycgyxxq").status, 0);
     return stage.data();
 }
 
@@ -222,6 +224,42 @@ TEST(Disk, FaultLeavesWhatWasStored) {
         std::erase_if(files, [](const auto& file) { return file.first.ends_with(".new"); });
         EXPECT_TRUE(next == afterNextCall(stage, files)) << "temporary files are taken over";
     }
+}
+
+// Ace stops in the middle of his first save.
+TEST(Transaction, OfAStoppedProgramHoldsUpOthersForTwoSeconds) {
+    const std::string keys = "xqxxq";
+    const Stage stage;
+    stage.prepare({});
+    const Call ace(stage.program("pause 0"), Line::pipe);
+    ace.type("sAl\ry8");
+    int status = 0;
+    ASSERT_EQ(waitpid(ace.child, &status, WUNTRACED), ace.child);
+    const auto began = std::chrono::steady_clock::now();
+    EXPECT_EQ(runWithKeys(stage.program("", "Bea"), "sBea\ry8" + keys).status, 0);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, std::chrono::milliseconds(2500));
+    EXPECT_EQ(stage.data().count("morchars.dat"), 0) << "she could not save";
+    kill(ace.child, SIGCONT);
+    ace.type(keys);
+    EXPECT_EQ(ace.status(), 0);
+    EXPECT_EQ(runWithKeys(stage.program("", "Bea"), "sBea\ry8" + keys).status, 0);
+    EXPECT_NE(stage.data().at("morchars.dat").find("Ace"), std::string::npos);
+    EXPECT_NE(stage.data().at("morchars.dat").find("Bea"), std::string::npos);
+}
+
+TEST(Transaction, OfAKilledProgramEnds) {
+    const Stage stage;
+    stage.prepare({});
+    const Call ace(stage.program("pause 0"), Line::pipe);
+    ace.type("sAl\ry8");
+    int status = 0;
+    ASSERT_EQ(waitpid(ace.child, &status, WUNTRACED), ace.child);
+    const Call bea(stage.program("", "Bea"), Line::pipe);
+    bea.type("sBea\ry8xqxxq");
+    usleep(300'000); // she waits
+    kill(ace.child, SIGKILL);
+    EXPECT_EQ(bea.status(), 0);
+    EXPECT_NE(stage.data().at("morchars.dat").find("Bea"), std::string::npos);
 }
 
 // Each prompt in one of three ways, 0 being a line that is cut; the ways come in turn.

@@ -7,6 +7,7 @@
 //   short 0      each read and write does half
 //   interrupt 0  every second read and write is interrupted
 //   kill N       the program is killed at call N
+//   pause 0      the program stops before it renames its first file
 //
 // Into the pipe MORVEK_WAITS goes a '.' before each wait for a key, and an 'x' when the program
 // ends before call N.
@@ -126,9 +127,15 @@ ssize_t pwrite(int descriptor, const void* bytes, std::size_t size, off_t positi
     return transfer("pwrite64", needsRoom, descriptor, bytes, size, position);
 }
 
-int flock(int descriptor, int operation) noexcept {
-    return fails(slow) ? -1 : real<int>("flock", descriptor, operation);
+int fcntl(int descriptor, int command, ...) {
+    std::va_list rest;
+    va_start(rest, command);
+    void* const range = va_arg(rest, void*);
+    va_end(rest);
+    return fails(slow) ? -1 : real<int>("fcntl64", descriptor, command, range);
 }
+
+int unlink(const char* path) noexcept { return fails(plain) ? -1 : real<int>("unlink", path); }
 
 int fchmod(int descriptor, mode_t mode) noexcept {
     return fails(plain) ? -1 : real<int>("fchmod", descriptor, mode);
@@ -142,6 +149,10 @@ int ftruncate(int descriptor, off_t size) noexcept {
 int fsync(int) { return fails(needsRoom) ? -1 : 0; }
 
 int rename(const char* from, const char* to) noexcept {
+    if (kind == 'p') {
+        kind = 'g'; // it goes on without faults
+        raise(SIGSTOP);
+    }
     return fails(needsRoom) ? -1 : real<int>("rename", from, to);
 }
 

@@ -1,5 +1,6 @@
 #include "towne/player_attack.h"
 
+#include "files/game_lock.h"
 #include "screen/screen.h"
 #include "state/encounter.h"
 #include "state/roster.h"
@@ -20,9 +21,11 @@ bool attack(const std::string& keys) {
     return attackAnotherPlayer();
 }
 
+using PlayerAttack = InTemporaryDirectory;
+
 } // namespace
 
-TEST(PlayerAttack, MakesAConfirmedTargetTheOpponent) {
+TEST_F(PlayerAttack, MakesAConfirmedTargetTheOpponent) {
     EXPECT_FALSE(attack("4\rn"));
     EXPECT_EQ(game.encounter.monster.name, "");
     EXPECT_TRUE(attack("4\ry"));
@@ -35,10 +38,20 @@ TEST(PlayerAttack, MakesAConfirmedTargetTheOpponent) {
     EXPECT_TRUE(hasAnsi());
 }
 
-TEST(PlayerAttack, RefusesBadNumbersAndOneself) {
+TEST_F(PlayerAttack, RefusesBadNumbersAndOneself) {
     for (const std::string typed : {"0", "-1", "5", "4294967300", "Arwen", "2"}) {
         EXPECT_FALSE(attack(typed + "\r "));
         EXPECT_TRUE(caller.saw("{`r`Invalid player number!}{||`r`Press any key!}[key]")) << typed;
     }
     EXPECT_TRUE(attack(" 3x\ry")) << "others may attack nobody";
+}
+
+TEST_F(PlayerAttack, RefusesAPlayerWhoIsInside) {
+    GameLock hisCall(lockFileName);
+    hisCall.enter("Cid");
+    EXPECT_FALSE(attack("4\r "));
+    EXPECT_TRUE(caller.saw("{|}<`Cuthbert>{ `r`is in the game right now and cannot be attacked.}"
+                           "{||`r`Press any key!}[key]"));
+    hisCall.leave();
+    EXPECT_TRUE(attack("4\ry"));
 }

@@ -57,6 +57,17 @@ TEST_F(ScoresOfTheBoard, TopTenPlacesColumnsByTheCursor) {
                 EndsWith("10.   " + name + "-10               Hobbit         \n"));
 }
 
+TEST_F(ScoresOfTheBoard, BulletinsAreReplacedWhenTheyChange) {
+    enter("", "Arwen", 900);
+    caller.visit(showTopTen);
+    fs::create_hard_link("scores.asc", "kept");
+    caller.visit(showTopTen);
+    EXPECT_EQ(fs::hard_link_count("kept"), 2) << "the same file";
+    enter(readFile("scores.dat"), "Bors", 800);
+    caller.visit(showTopTen);
+    EXPECT_EQ(fs::hard_link_count("kept"), 1);
+}
+
 TEST_F(ScoresOfTheBoard, TopTenWritesABulletinInColour) {
     writeFile("scores.dat", "A\033#9Wizard\n");
     showTopTen();
