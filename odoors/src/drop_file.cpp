@@ -254,7 +254,12 @@ constexpr std::array kinds{Kind{"DOOR32.SYS", 11, readDoor32}, Kind{"DOOR.SYS", 
 std::string readBytes(const std::string& path) {
     std::optional<std::string> bytes = readFile(path);
     if (!bytes) {
-        fail(path, std::string("cannot be read: ") + std::strerror(errno));
+        fail(path, errno == ESPIPE ? std::string("is a pipe or a device, not a file")
+                                   : std::string("cannot be read: ") + std::strerror(errno));
+    }
+    constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+    if (bytes->starts_with(byteOrderMark)) {
+        bytes->erase(0, byteOrderMark.size());
     }
     return *std::move(bytes);
 }

@@ -43,8 +43,14 @@ std::optional<std::string> findFile(const std::string& path) {
 }
 
 std::optional<std::string> readFile(const std::string& path) {
-    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (file < 0) {
+        return std::nullopt;
+    }
+    struct stat status {};
+    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) {
+        close(file);
+        errno = S_ISDIR(status.st_mode) ? EISDIR : ESPIPE;
         return std::nullopt;
     }
     std::string bytes;

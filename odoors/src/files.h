@@ -9,7 +9,7 @@ namespace odoors {
 // letter case; none when there is no such file.
 std::optional<std::string> findFile(const std::string& path);
 
-// All bytes of a file; none when it cannot be read (errno says why).
+// All bytes of a file; none when it cannot be read (errno says why; ESPIPE: a pipe or a device).
 std::optional<std::string> readFile(const std::string& path);
 
 // Whether the path is a directory.

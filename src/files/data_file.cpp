@@ -16,9 +16,6 @@
 namespace morvek {
 namespace {
 
-// Links followed before a chain of them counts as a circle.
-constexpr int maxLinks = 40;
-
 // A directory can be opened but holds nothing to read: it counts as a file that cannot be opened.
 int openToRead(const std::string& path) {
     const int descriptor = openFile(path, O_RDONLY);
@@ -60,20 +57,6 @@ int writeAll(int descriptor, std::string_view content) {
         }
     }
     return 0;
-}
-
-// Where the path leads when every link at its end is followed, also to a file not there yet.
-std::string followLinks(std::string path) {
-    for (int link = 0; link < maxLinks; ++link) {
-        std::array<char, PATH_MAX> text{};
-        const ssize_t length = ::readlink(path.c_str(), text.data(), text.size());
-        if (length <= 0) {
-            break;
-        }
-        std::string next(text.data(), static_cast<std::size_t>(length));
-        path = next.front() == '/' ? std::move(next) : directoryOf(path).append(next);
-    }
-    return path;
 }
 
 // Whether the error means that this directory or file does not allow a temporary file or a rename:
@@ -144,7 +127,12 @@ Replacement::Replacement(const Transaction& transaction, const std::string& path
 Replacement::Replacement(const std::string& path) { open(path); }
 
 void Replacement::open(const std::string& path) {
-    target_ = followLinks(path);
+    const std::optional<std::string> target = followLinks(path);
+    if (!target) {
+        openError_ = errno;
+        return;
+    }
+    target_ = *target;
     temporaryName_ = target_ + ".new";
     inPlace_ = openFile(target_, O_WRONLY);
     if (inPlace_ < 0 && errno != ENOENT) {
@@ -173,9 +161,13 @@ void Replacement::closeInPlace() {
     inPlace_ = -1;
 }
 
-// A call that was killed leaves its temporary file behind, and the next one takes it over.
+// What stands under the temporary file's name is removed, not written to: a call that was killed
+// leaves such a file behind, and a link may have been put there.
 void Replacement::openTemporary() {
-    temporary_ = openFile(temporaryName_, O_WRONLY | O_CREAT | O_NOFOLLOW);
+    const bool isFree = ::unlink(temporaryName_.c_str()) == 0 || errno == ENOENT;
+    if (isFree) {
+        temporary_ = openFile(temporaryName_, O_WRONLY | O_CREAT | O_EXCL);
+    }
     if (temporary_ >= 0) {
         return;
     }
@@ -199,9 +191,6 @@ int Replacement::finishTemporary(std::string_view content) {
             return errno;
         }
     }
-    if (::ftruncate(temporary_, 0) != 0) {
-        return errno;
-    }
     const int error = writeAll(temporary_, content);
     return error == 0 && ::fsync(temporary_) != 0 ? errno : error;
 }
@@ -222,6 +211,10 @@ int Replacement::replace(std::string_view content) {
     }
     if (const int error = finishTemporary(content)) {
         return error;
+    }
+    // Where there are no locks, another call may have put its own file there.
+    if (!isStillThere(temporary_, temporaryName_)) {
+        return EBUSY;
     }
     if (::rename(temporaryName_.c_str(), target_.c_str()) == 0) {
         ::close(temporary_);

@@ -1,19 +1,32 @@
 #include "files/open_file.h"
 
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace morvek {
 namespace {
 
 constexpr mode_t newFileMode = 0666;
 
+// Links followed before a chain of them counts as a circle.
+constexpr int maxLinks = 40;
+
 // Whether the status of the path's directory could be found.
 bool statDirectory(const std::string& path, struct stat& status) {
     const std::string directory = directoryOf(path);
     return ::stat(directory.empty() ? "." : directory.c_str(), &status) == 0;
+}
+
+// Whether the link is one that the owner of its directory, root or this process's user has made.
+bool isTrusted(const std::string& path, const struct stat& link) {
+    struct stat directory {};
+    return link.st_uid == 0 || link.st_uid == ::geteuid() ||
+           (statDirectory(path, directory) && link.st_uid == directory.st_uid);
 }
 
 void giveToOwnerOfDirectory(int descriptor, const std::string& path) {
@@ -38,9 +51,32 @@ std::string directoryOf(const std::string& path) {
     return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
 }
 
+std::optional<std::string> followLinks(std::string path) {
+    for (int count = 0; count < maxLinks; ++count) {
+        struct stat status {};
+        if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) {
+            return path;
+        }
+        std::array<char, PATH_MAX> text{};
+        const ssize_t length = ::readlink(path.c_str(), text.data(), text.size());
+        if (length <= 0 || !isTrusted(path, status)) {
+            break;
+        }
+        std::string next(text.data(), static_cast<std::size_t>(length));
+        path = next.front() == '/' ? std::move(next) : directoryOf(path).append(next);
+    }
+    errno = ELOOP;
+    return std::nullopt;
+}
+
 int openFile(const std::string& path, int flags) {
-    constexpr int always = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-    const int descriptor = ::open(path.c_str(), flags | always, newFileMode);
+    const int all = flags | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    int descriptor = ::open(path.c_str(), all, newFileMode);
+    if (descriptor < 0 && errno == ELOOP && (flags & O_NOFOLLOW) == 0) {
+        if (const std::optional<std::string> target = followLinks(path)) {
+            descriptor = ::open(target->c_str(), all, newFileMode);
+        }
+    }
     if (descriptor >= 0 && (flags & O_CREAT) != 0 && ::geteuid() == 0) {
         giveToOwnerOfDirectory(descriptor, path);
     }

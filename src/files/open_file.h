@@ -1,6 +1,7 @@
 // Opening files in a game's directory.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace morvek {
@@ -22,8 +23,14 @@ private:
 // The path's directory, with a slash at its end; empty when the path names none.
 std::string directoryOf(const std::string& path);
 
-// Opens a file as open() does, one that it creates with mode 0666. What root creates belongs to the
-// owner of its directory. A pipe in the file's place does not hold up the program.
+// Where the path leads when the links at its end are followed, also to a file that is not there
+// yet. Nothing, and errno is ELOOP, when they form a circle or one of them has been made by somebody
+// else than its directory's owner, root and the user of this process.
+std::optional<std::string> followLinks(std::string path);
+
+// Opens a file as open() does, following links as followLinks() does; one that it creates has mode
+// 0666. What root creates belongs to the owner of its directory. A pipe in the file's place does
+// not hold up the program.
 int openFile(const std::string& path, int flags);
 
 // Opens a file for reading and writing that everybody may write who may write in its directory,

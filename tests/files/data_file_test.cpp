@@ -49,3 +49,32 @@ TEST_F(DataFile, LeavesWhatCannotBeWritten) {
     EXPECT_EQ(replaceFile("readonly", "nothing"), EACCES) << "the directory could be written";
     EXPECT_EQ(readFile("readonly"), "kept");
 }
+
+TEST_F(DataFile, PlantedLinksAreNotFollowed) {
+    writeFile("private", "kept", 0666);
+    fs::create_symlink("private", "data");
+    fs::create_hard_link("private", "other.new");
+    EXPECT_EQ(replaceFile("other", "content"), 0);
+    EXPECT_EQ(readFile("private"), "kept") << "not written through the temporary file's name";
+    if (::getuid() != 0 || ::lchown("data", 12345, 12345) != 0) {
+        GTEST_SKIP() << "only root can give a link away";
+    }
+    EXPECT_EQ(replaceFile("data", "content"), ELOOP);
+    EXPECT_FALSE(appendTo("data", "content"));
+    EXPECT_EQ(readWhole("data"), std::nullopt);
+    EXPECT_EQ(readFile("private"), "kept");
+}
+
+TEST_F(DataFile, OfRootBelongsToTheOwnerOfTheDirectory) {
+    if (::getuid() != 0) {
+        GTEST_SKIP() << "only root can do it";
+    }
+    writeFile("data", "root's");
+    ASSERT_EQ(::chown(".", 12345, 12345), 0);
+    struct stat status {};
+    for (const char* name : {"data", "new"}) {
+        EXPECT_EQ(replaceFile(name, "content"), 0);
+        EXPECT_EQ(::stat(name, &status), 0);
+        EXPECT_EQ(status.st_uid, 12345U) << name;
+    }
+}

@@ -86,10 +86,19 @@ TEST_F(DropFileSearch, TakesTheFirstKindInAnyLetterCase) {
 TEST_F(DropFileSearch, TellsWhatItDidNotFind) {
     folder.write(bbsdev.name, bbsdev.with());
     const Arguments here{"-D", path};
-    const Arguments device{"-D", "/dev/null"};
     EXPECT_THAT([&] { nameFor(here); }, failsWith(path + ": no drop file in this directory"));
+    const Arguments device{"-D", "/dev/null"};
     EXPECT_THAT([&] { nameFor(device); },
-                failsWith("/dev/null: is not the name of a known drop file"));
+                failsWith("/dev/null: is a pipe or a device, not a file"));
+    folder.write("other.sys", door32.with());
+    const Arguments other{"-D", folder.path("other.sys")};
+    EXPECT_THAT([&] { nameFor(other); },
+                failsWith(other[1] + ": is not the name of a known drop file"));
+}
+
+TEST_F(DropFileSearch, PassesOverAByteOrderMark) {
+    folder.write(door32.name, "\xef\xbb\xbf" + door32.with());
+    EXPECT_EQ(nameFor({"-D", path}), jorg);
 }
 
 TEST_F(DropFileSearch, BeginsWithTheEnvironmentThenTheStartDirectory) {

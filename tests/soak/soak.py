@@ -20,7 +20,7 @@ MOODS = ["North", "South", "East", "West", "Player", "Weapon", "Armour", "Bank",
 WAYS_OUT = {"Return": 90, "Quit": 90, "Flee": 90, "Close": 90, "Leave": 90}
 LINES = [b"Bree", b"Edda", b"Al Ice ", b"`red`Zed`", b"%s%n%d", b"J\x94rg", b"x" * 60, b"7", b"250"]
 ENDS = ["quit"] * 4 + ["eof", "gone", signal.SIGHUP, signal.SIGTERM, signal.SIGKILL]
-KNOWN = re.compile(r"morvek\.(cfg|lock)|morchars\.dat|scroll\.dat|scores\.(dat|asc|ans)|\d{6}\.txt")
+KNOWN = re.compile(r"morvek\.(cfg|lock)|morchars\.dat|scroll\.(dat|old)|scores\.(dat|asc|ans)|\d{6}\.txt")
 SEQUENCE = re.compile(rb"\x1b\[[0-9;]*([A-Za-z])")
 
 count, seen = Counter(), set()
