@@ -11,7 +11,10 @@
 #include "state/roster.h"
 #include "world/walk.h"
 
+#include "OpenDoor.h"
+
 #include <algorithm>
+#include <array>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstdint>
@@ -21,6 +24,7 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -123,15 +127,31 @@ double medianOf(std::vector<double>& values) {
     return *middle;
 }
 
+// A directory to save into, in the one that the benchmark is started in.
+class ScratchDirectory {
+public:
+    ScratchDirectory() {
+        if (mkdtemp(path_.data()) == nullptr || chdir(path_.c_str()) != 0) {
+            std::perror(path_.c_str());
+            std::exit(1);
+        }
+    }
+    ~ScratchDirectory() {
+        std::filesystem::current_path(home_);
+        std::filesystem::remove_all(path_);
+    }
+    ScratchDirectory(const ScratchDirectory&) = delete;
+    ScratchDirectory& operator=(const ScratchDirectory&) = delete;
+
+private:
+    std::filesystem::path home_ = std::filesystem::current_path();
+    std::string path_ = home_ / "morvek_bench_XXXXXX";
+};
+
 // A save beside a bare replacement of 75,000 bytes, in turn in the directory the benchmark is
 // started in: what the game adds to what the disk takes. It may take 1.5 times as long.
 void aSave(benchmark::State& state) {
-    const std::filesystem::path home = std::filesystem::current_path();
-    std::string directory = home / "morvek_bench_XXXXXX";
-    if (mkdtemp(directory.data()) == nullptr || chdir(directory.c_str()) != 0) {
-        state.SkipWithError("no directory to save into");
-        return;
-    }
+    const ScratchDirectory directory;
     beginGame();
     const std::vector<char> content(sizeof(Roster::Slots));
     std::vector<double> saves;
@@ -150,9 +170,72 @@ void aSave(benchmark::State& state) {
     }
     state.counters["us, median"] = medianOf(saves) * 1e6;
     state.counters["times a bare one (of 1.5), median"] = medianOf(ratios);
-    std::filesystem::current_path(home);
-    std::filesystem::remove_all(directory);
 }
 BENCHMARK(aSave)->UseManualTime()->Iterations(500)->Unit(benchmark::kMicrosecond);
+
+constexpr int savers = 20;
+constexpr int savesOfEach = 100;
+
+// Saves so often under a name of his own, and reports how long each save took.
+[[noreturn]] void saveOften(int number, int results) {
+    std::snprintf(od_control.user_name, sizeof od_control.user_name, "Saver %d", number);
+    beginGame();
+    readRoster();
+    std::array<double, savesOfEach> seconds{};
+    for (double& one : seconds) {
+        game.player.gold += 1;
+        const Clock::time_point begun = Clock::now();
+        savePlayer();
+        one = secondsBetween(begun, Clock::now());
+    }
+    _exit(write(results, seconds.data(), sizeof seconds) == sizeof seconds ? 0 : 1);
+}
+
+// How long the saves of so many callers took, each a process.
+std::vector<double> saveTogether(int count) {
+    std::array<int, 2> results{};
+    if (pipe(results.data()) != 0) {
+        return {};
+    }
+    for (int number = 0; number < count; ++number) {
+        if (fork() == 0) {
+            saveOften(number, results[1]);
+        }
+    }
+    close(results[1]);
+    std::vector<double> all;
+    std::array<double, savesOfEach> seconds{};
+    while (read(results[0], seconds.data(), sizeof seconds) == sizeof seconds) {
+        all.insert(all.end(), seconds.begin(), seconds.end());
+    }
+    close(results[0]);
+    while (wait(nullptr) > 0) {
+    }
+    return all;
+}
+
+// Twenty callers who do nothing but save. No save may be lost, and the longest may take twenty
+// times as long as one of a caller alone.
+void savesAtOnce(benchmark::State& state) {
+    const ScratchDirectory directory;
+    for (auto _ : state) {
+        std::vector<double> alone = saveTogether(1);
+        std::filesystem::remove("morchars.dat");
+        std::vector<double> together = saveTogether(savers);
+        readRoster();
+        const auto& slots = game.roster.slots();
+        const auto kept = std::count_if(slots.begin(), slots.end(), [](const PlayerRecord& slot) {
+            return slot.gold == savesOfEach;
+        });
+        const double one = medianOf(alone);
+        state.counters["lost (of 0)"] = static_cast<double>(savers - kept);
+        state.counters["us, alone, median"] = one * 1e6;
+        state.counters["us, alone, longest"] = *std::max_element(alone.begin(), alone.end()) * 1e6;
+        state.counters["times one, longest (of 20)"] =
+            *std::max_element(together.begin(), together.end()) / one;
+        state.counters["times one, median"] = medianOf(together) / one;
+    }
+}
+BENCHMARK(savesAtOnce)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
