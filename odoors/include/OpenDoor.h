@@ -35,7 +35,8 @@ void od_parse_cmd_line(int argc, char* argv[]);
 /* Opens the session: finds the caller, his drop file and his terminal, or ends with status 1. */
 void od_init(void);
 
-/* Flushes, resets the colour, restores the terminal and ends the process with errorlevel. */
+/* Flushes, resets the colour, restores the terminal and ends the process with errorlevel. With one
+ * that is not 0 a board's caller gets up to three seconds, or until a key, to read the last line. */
 OD_NORETURN void od_exit(int errorlevel, int hangUp);
 
 /* Sets the colour of what follows by PC numbers: foreground 0..15, background 0..7. */

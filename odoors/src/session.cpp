@@ -184,8 +184,13 @@ void Session::showLine(std::string_view line) {
 }
 
 void Session::finish(int status) {
-    logEnd(status == 0 ? "quit (0)" : "ended by the program (" + std::to_string(status) + ')');
+    const std::string words =
+        status == 0 ? "quit (0)" : "ended by the program (" + std::to_string(status) + ')';
+    logEnd(words);
     sendLast();
+    if (status != 0) {
+        waitForReader({status, words});
+    }
     restoreTerminal();
     std::exit(status);
 }

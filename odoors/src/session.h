@@ -25,7 +25,8 @@ public:
     // cannot be locked.
     void open(const Caller& caller, const std::optional<std::string>& lockFile);
 
-    // Ends the process: shows what is collected, resets the colour, restores the terminal.
+    // Ends the process: shows what is collected, resets the colour, restores the terminal. With a
+    // status that is not 0 a board's caller gets time to read the last line.
     [[noreturn]] void finish(int status);
 
     // Ends the process because the call cannot start; the operator has been told. A caller who is

@@ -42,8 +42,8 @@ struct EndingTest : testing::Test {
 
     // Expects that a call shows the line, waits for a key and ends so.
     void expect(const Arguments& options, const std::string& line, int status,
-                const std::string& words) const {
-        const Call call(byBoard(options));
+                const std::string& words, const Door& door = tellKeys) const {
+        const Call call(byBoard(options, door));
         EXPECT_THAT(call.until(line), testing::HasSubstr(line));
         usleep(200'000);
         EXPECT_EQ(waitpid(call.child, nullptr, WNOHANG), 0) << words;
@@ -67,6 +67,11 @@ TEST_F(EndingTest, WaitsForAKeyOfABoardsCaller) {
     expect({"-INACTIVITY=1"}, "No key was pressed for too long.", 4, "no key pressed (4)");
     expect({"-ONECALLER", lock}, "Another caller is inside.", 5, "another caller inside (5)");
     expect({"-ONECALLER", none}, "cannot be started.", 1, reason + "locked" + noFile);
+    const Door refuse = [] {
+        od_printf("Full house.\n\r");
+        od_exit(7, 0);
+    };
+    expect({}, "Full house.", 7, "ended by the program (7)", refuse);
     expect({"-D", none}, "", 1, reason + "read" + noFile);
     expect({"-BOGUS\xff\n"}, "", 1, "could not start (1): unknown option -BOGUS\u00a0");
 }
