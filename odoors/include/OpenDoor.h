@@ -45,7 +45,9 @@ void od_set_color(int foreground, int background);
 /* Asks a terminal of unknown kind whether it has ANSI graphics; waits at most a second. */
 void od_autodetect(int flags);
 
-/* Clears the screen (a form feed without ANSI graphics); the colour stays. */
+/* Clears the screen (a form feed without ANSI graphics); the colour stays. With ANSI graphics it
+ * first waits, unless a key is there, long enough to read the lines that were completed since the
+ * caller's last key: 25 milliseconds a character, two seconds at most. */
 void od_clr_scr(void);
 
 /* Formats as printf does, then obeys the colour codes between backquotes in the whole result. */

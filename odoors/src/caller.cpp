@@ -163,6 +163,7 @@ Caller resolveCaller(const Options& options, const std::optional<DropFile>& file
         options.minutesLeft ? *options.minutesLeft * secondsPerMinute : known.secondsLeft;
     caller.ansi = options.ansi ? options.ansi : known.ansi;
     caller.inactivitySeconds = options.inactivitySeconds.value_or(local ? 0 : defaultInactivity);
+    caller.longestPause = options.pauseMilliseconds;
     return caller;
 }
 

@@ -20,8 +20,9 @@ struct Caller {
     bool timed = false;       // whether the session ends when they are used up
     std::optional<bool> ansi; // none: the terminal is to be asked
     Charset charset = Charset::cp437;
-    bool startedByBoard = false;        // rather than by himself
-    std::int64_t inactivitySeconds = 0; // 0: a wait for a key may last for ever
+    bool startedByBoard = false;              // rather than by himself
+    std::int64_t inactivitySeconds = 0;       // 0: a wait for a key may last for ever
+    std::optional<std::int64_t> longestPause; // before a clear, in milliseconds; none: as is usual
 };
 
 // What a caller's session finds at standard input and output.

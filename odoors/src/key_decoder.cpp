@@ -10,9 +10,6 @@ namespace {
 
 constexpr std::size_t longestSequenceKept = 16;
 
-// Whether the byte can go on with a character of UTF-8.
-bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xc0) == 0x80; }
-
 // Whether the sequence is "[ row ; column R".
 bool isCursorReport(std::string_view sequence) {
     const std::size_t middle = sequence.find(';');

@@ -152,7 +152,7 @@ void od_set_color(int foreground, int background) {
 
 void od_autodetect(int) { session().detectAnsi(); }
 
-void od_clr_scr() { session().output.clear(); }
+void od_clr_scr() { session().clearScreen(); }
 
 void od_printf(const char* format, ...) {
     va_list arguments;

@@ -24,6 +24,7 @@ const char* const usage =
     "  -GRAPHICS, -ASCII         ANSI graphics on, off\n"
     "  -CHARSET NAME             the caller's character set: cp437, utf8 or auto\n"
     "  -INACTIVITY SECONDS       how long to wait for a key; 0: for ever\n"
+    "  -PAUSE MILLISECONDS       how long to show a text before a clear; 0: no pause\n"
     "  -ONECALLER LOCKFILE       one caller at a time, by a lock on that file\n"
     "  -LOG FILE                 log a line a call in that file\n"
     "  -VERSION                  the program's version\n"
@@ -104,6 +105,7 @@ constexpr std::array rows{
     Row{{"ASCII"}, false, setAnsi<false>},
     Row{{"CHARSET"}, true, set<&Options::charset>},
     Row{{"INACTIVITY"}, true, set<&Options::inactivitySeconds>},
+    Row{{"PAUSE"}, true, set<&Options::pauseMilliseconds>},
     Row{{"ONECALLER"}, true, set<&Options::lockFile>},
     Row{{"LOG"}, true, set<&Options::logFile>},
     Row{{"VERSION"}, false, set<&Options::version>},

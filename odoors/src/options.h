@@ -22,6 +22,7 @@ struct Options {
     std::optional<bool> ansi;
     std::optional<Charset> charset; // none: what the terminal seems to show
     std::optional<std::int64_t> inactivitySeconds;
+    std::optional<std::int64_t> pauseMilliseconds;
     std::optional<std::string> lockFile;
     std::optional<std::string> logFile;
     bool version = false;

@@ -25,6 +25,9 @@ std::size_t shownLength(std::string_view text) {
     return length;
 }
 
+// Whether the byte goes on with an escape sequence rather than ending it.
+bool continuesSequence(char byte) { return byte == '[' || byte == ';' || isDigit(byte); }
+
 } // namespace
 
 void Output::show(std::string_view text) {
@@ -71,6 +74,7 @@ void Output::erase(int characters) {
 void Output::clear() {
     bytes_ += ansi() ? "\033[2J\033[H" : "\f";
     column_ = 0;
+    markRead();
 }
 
 void Output::moveTo(int row, int column) {
@@ -93,7 +97,30 @@ void Output::resetColour() {
     }
 }
 
-std::string Output::drain() { return std::exchange(bytes_, {}); }
+int Output::unread() {
+    for (; reading_.end < bytes_.size(); ++reading_.end) {
+        const char byte = bytes_[reading_.end];
+        if (reading_.inSequence) {
+            reading_.inSequence = continuesSequence(byte);
+        } else if (byte == '\n') {
+            reading_.lines += reading_.lineShown;
+            reading_.line = reading_.lineShown = 0;
+        } else if (isControl(byte)) {
+            reading_.inSequence = byte == escape;
+        } else if (charset_ == Charset::cp437 || !isContinuation(byte)) {
+            ++reading_.line;
+            reading_.lineShown = byte != ' ' ? reading_.line : reading_.lineShown;
+        }
+    }
+    return reading_.lines;
+}
+
+void Output::markRead() { reading_ = {bytes_.size()}; }
+
+std::string Output::drain() {
+    reading_.end = 0;
+    return std::exchange(bytes_, {});
+}
 
 void Output::sendAttribute() {
     if (ansi() && terminalAttribute_ != attribute_) {
@@ -125,7 +152,7 @@ void Output::put(std::string_view bytes) {
 
 void Output::followControl(char byte) {
     if (inSequence_) {
-        inSequence_ = byte == '[' || byte == ';' || (byte >= '0' && byte <= '9');
+        inSequence_ = continuesSequence(byte);
     } else if (byte == escape) {
         inSequence_ = true;
     } else if (byte == '\f') {

@@ -51,6 +51,13 @@ public:
     // The column that the cursor is in, from 0.
     int column() const { return column_; }
 
+    // How many characters have been shown in lines that were completed since markRead(); blanks at
+    // the ends of lines do not count.
+    int unread();
+
+    // The caller has read all that is shown.
+    void markRead();
+
     // Removes and returns what has been collected.
     std::string drain();
 
@@ -67,6 +74,16 @@ private:
     int column_ = 0;
     bool inSequence_ = false;
     std::string bytes_;
+
+    // Of what unread() has looked at.
+    struct Reading {
+        std::size_t end = 0; // in bytes_
+        bool inSequence = false;
+        int lines = 0;     // characters in completed lines
+        int line = 0;      // in the line that is not completed
+        int lineShown = 0; // without the blanks at its end
+    };
+    Reading reading_;
 };
 
 } // namespace odoors

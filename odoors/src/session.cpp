@@ -25,6 +25,10 @@ constexpr Milliseconds overtime = 500;
 // How long he may then take to read it.
 constexpr Milliseconds lastLineStays = 3 * perSecond;
 
+// How long the caller gets to read a text before it is cleared.
+constexpr Milliseconds perCharacterRead = 25;
+constexpr Milliseconds defaultPause = 2 * perSecond;
+
 constexpr Milliseconds longestDetection = perSecond;
 constexpr std::string_view askCursorPosition = "\033[6n";
 
@@ -49,7 +53,9 @@ void Session::connect(const Caller& caller) {
     callerKnown_ = true;
     startedByBoard_ = caller.startedByBoard;
     ansiFlag_ = caller.ansi.value_or(false) ? 1 : 0;
-    ansiSettled_ = caller.ansi.has_value() || !connection_.isInteractive();
+    const bool interactive = connection_.isInteractive();
+    ansiSettled_ = caller.ansi.has_value() || !interactive;
+    longestPause_ = caller.longestPause.value_or(interactive ? defaultPause : 0);
     output.setCharset(caller.charset);
     keys_.setCharset(caller.charset);
 }
@@ -90,14 +96,25 @@ void Session::detectAnsi() {
     ansiSettled_ = true;
     keys_.expectCursorReport();
     output.control(askCursorPosition);
-    flush();
-    const Milliseconds giveUp = monotonicNow() + longestDetection;
-    Milliseconds now = 0;
-    while (!keys_.cursorReportSeen() && !connection_.lost() && !sessionSignalled() &&
-           (now = monotonicNow()) < giveUp) {
-        receive(giveUp - now);
-    }
+    flushUnread();
+    receiveUntil([&] { return keys_.cursorReportSeen(); }, monotonicNow() + longestDetection);
     ansiFlag_ = keys_.cursorReportSeen() ? 1 : 0;
+}
+
+void Session::clearScreen() {
+    if (ansiFlag_ == 1) {
+        pauseForReader();
+    }
+    output.clear();
+}
+
+void Session::pauseForReader() {
+    const Milliseconds pause = std::min(output.unread() * perCharacterRead, longestPause_);
+    if (pause > 0 && typedAhead() == 0) {
+        flushUnread();
+        receiveUntil([&] { return keys_.peek() != 0 || keys_.escapePending(); },
+                     std::min(monotonicNow() + pause, limit_.end()));
+    }
 }
 
 char Session::typedAhead() {
@@ -109,12 +126,13 @@ char Session::typedAhead() {
 
 char Session::nextKey(bool wait) {
     checkTime();
-    flush();
+    wait ? flush() : flushUnread();
     const Milliseconds start = monotonicNow();
     const Milliseconds giveUp = longestWait_ < never - start ? start + longestWait_ : never;
     for (;;) {
         endIfSignalled();
         if (const char key = keys_.pop()) {
+            output.markRead();
             return key;
         }
         if (connection_.lost()) {
@@ -157,6 +175,16 @@ bool Session::receive(Milliseconds timeout) {
     return true;
 }
 
+// Receives until the condition holds, the moment has come, or the session has to end.
+template <typename Condition>
+void Session::receiveUntil(Condition holds, Milliseconds giveUp) {
+    Milliseconds now = 0;
+    while (!holds() && !connection_.lost() && !sessionSignalled() &&
+           (now = monotonicNow()) < giveUp) {
+        receive(giveUp - now);
+    }
+}
+
 void Session::checkTime() {
     const Milliseconds now = monotonicNow();
     if (now >= limit_.end()) {
@@ -173,6 +201,12 @@ void Session::flush() {
     if (sessionSignalled() || !connection_.write(output.drain())) {
         endForLostCaller();
     }
+}
+
+// Sends what the caller need not have read when the program goes on.
+void Session::flushUnread() {
+    output.unread();
+    flush();
 }
 
 void Session::showLine(std::string_view line) {

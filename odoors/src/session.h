@@ -39,6 +39,9 @@ public:
     // Asks a terminal of unknown kind whether it has ANSI graphics; waits at most a second.
     void detectAnsi();
 
+    // Clears the screen, after a pause in which the caller can read what it would wipe.
+    void clearScreen();
+
     // The next key; 0 when none is there and none is waited for.
     char nextKey(bool wait);
 
@@ -55,8 +58,12 @@ private:
     void startClock(const Caller& caller);
     void acquireCallerLock(const std::string& lockFile);
     bool receive(Milliseconds timeout);
+    template <typename Condition>
+    void receiveUntil(Condition holds, Milliseconds giveUp);
+    void pauseForReader();
     void checkTime();
     void flush();
+    void flushUnread();
     void showLine(std::string_view line);
     void sendLast();
     void waitForReader(const Ending& ending);
@@ -68,6 +75,7 @@ private:
     KeyDecoder keys_;
     TimeLimit limit_;
     Milliseconds longestWait_ = never;
+    Milliseconds longestPause_ = 0;      // before a clear
     Milliseconds escapeSettles_ = never; // when a lone escape becomes a key
     bool ansiSettled_ = true;
     bool callerKnown_ = false;

@@ -14,6 +14,11 @@ using text::sameLetter;
 using text::sameLetters;
 using text::toLower;
 
+// Whether the byte can go on with a character of UTF-8.
+constexpr bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
+}
+
 // The text without the blanks and control bytes at its end.
 std::string_view withoutTrailingBlanks(std::string_view text);
 

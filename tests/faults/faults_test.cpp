@@ -1,8 +1,7 @@
 // The real program behind the shim: every file call of a play fails or kills it once, and its
 // caller is gone at every wait for a key. The test knows the files at each
 // wait of an undisturbed call, and compares.
-#include "state/game_state.h"
-#include "state/roster.h"
+#include "support/ace.h"
 #include "support/program.h"
 
 #include <chrono>
@@ -22,28 +21,6 @@ struct Play {
     Files files;
     std::string keys;
 };
-
-// Ace's character, who has been everywhere, or whom the first blow kills; and one to rob.
-std::string rosterOf(bool strong) {
-    morvek::Roster::Slots slots;
-    slots.fill(morvek::emptySlot());
-    morvek::PlayerRecord& own = slots[0];
-    own.ownerName.assign("Ace");
-    own.name.assign("Aldur");
-    own.className.assign("Fighter");
-    own.level = own.weaponNumber = own.armourNumber = 1;
-    own.experience = own.experienceNeeded = 1000;
-    own.gold = 100000;
-    own.hitPoints = strong ? 5 : 1;
-    own.maxHitPoints = 20;
-    own.dexterity = strong ? 10 : 1;
-    own.worldState.fill(strong ? 1 : 0);
-    slots[1].ownerName.assign("Other");
-    slots[1].name.assign("Bors");
-    slots[1].gold = 70;
-    slots[1].hitPoints = 1;
-    return {reinterpret_cast<const char*>(slots.data()), sizeof slots};
-}
 
 class Stage : public Game {
 public:
@@ -72,7 +49,7 @@ public:
     // The program behind the shim, to be started at once.
     Child program(const std::string& fault = "", const std::string& user = "Ace") const {
         setenv("MORVEK_FAULT", fault.c_str(), 1);
-        return Game::program({"-LOCAL", "-GRAPHICS", "-USERNAME", user});
+        return Game::program({"-LOCAL", "-GRAPHICS", "-PAUSE=0", "-USERNAME", user});
     }
 
     // Waits until the program waits for a key, and takes in what it shows; false when it does not.

@@ -1,5 +1,6 @@
 // The program as a board starts it: by its name, in a directory of its own, at a terminal.
 #include "odoors/board.h"
+#include "support/ace.h"
 #include "support/program.h"
 
 #include <gmock/gmock.h>
@@ -45,6 +46,18 @@ TEST(ProgramJourney, FirstGameAndReturn) {
     again.type(" q  q");
     EXPECT_EQ(again.status(), 0);
     EXPECT_EQ(game.text("morchars.dat").size(), 50 * recordSize);
+}
+
+// On the way home from a room without monsters.
+TEST(ProgramJourney, ShowsAMessageBeforeItClears) {
+    Game game;
+    game.write("morchars.dat", rosterOf(true));
+    const Call call(game.program({"-LOCAL", "-USERNAME=Ace", "-GRAPHICS", "-CHARSET=cp437"}));
+    call.type("sxf");
+    call.until("Forest 1");
+    call.type("f");
+    EXPECT_THAT(call.until("...\n\r"), EndsWith("...\n\r\n\r"));
+    EXPECT_THAT(call.until("\033[2J"), StartsWith("\033[2J"));
 }
 
 // Each caller creates a character, whose status tells his minutes, and is then gone.
