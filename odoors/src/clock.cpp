@@ -8,7 +8,7 @@ namespace odoors {
 namespace {
 
 constexpr std::int64_t mostMinutesShown = 32767;
-constexpr std::array warnings{1, 5};
+constexpr std::array warnings{5, 1};
 
 } // namespace
 
@@ -37,16 +37,27 @@ int TimeLimit::minutesLeft(Milliseconds now) const {
 
 Milliseconds TimeLimit::end() const { return enforced_ ? start_ + seconds_ * perSecond : never; }
 
-int TimeLimit::popWarning(Milliseconds now) {
+int TimeLimit::nextWarningMinutes() const {
     for (const int minutes : warnings) {
-        const std::int64_t seconds = minutes * secondsPerMinute;
         const bool given = lastWarning_ != 0 && lastWarning_ <= minutes;
-        if (enforced_ && !given && seconds_ > seconds && end() - now <= seconds * perSecond) {
-            lastWarning_ = minutes;
+        if (enforced_ && !given && seconds_ > minutes * secondsPerMinute) {
             return minutes;
         }
     }
     return 0;
+}
+
+Milliseconds TimeLimit::nextWarning() const {
+    const int minutes = nextWarningMinutes();
+    return minutes == 0 ? never : end() - minutes * secondsPerMinute * perSecond;
+}
+
+int TimeLimit::popWarning(Milliseconds now) {
+    int due = 0;
+    while (nextWarning() <= now) {
+        due = lastWarning_ = nextWarningMinutes();
+    }
+    return due;
 }
 
 } // namespace odoors

@@ -38,11 +38,16 @@ public:
     // When the time is used up; never when it is not enforced.
     Milliseconds end() const;
 
+    // When the next warning is due; never when none is left.
+    Milliseconds nextWarning() const;
+
     // The warning that is due, as the minutes (5 or 1) that are at most left; 0 for none. Each is
     // due once, and only for a caller who began with more.
     int popWarning(Milliseconds now);
 
 private:
+    int nextWarningMinutes() const;
+
     Milliseconds start_ = 0;
     std::int64_t seconds_ = 0;
     bool enforced_ = false;

@@ -195,6 +195,7 @@ void od_input_str(char* text, int maxLength, unsigned char min, unsigned char ma
         }
     };
     output.show({text, length});
+    session().setTypingLine(true);
     char key = 0;
     for (bool untouched = true; (key = nextKey(true)) != odoors::returnKey;) {
         const auto code = static_cast<unsigned char>(key);
@@ -212,6 +213,7 @@ void od_input_str(char* text, int maxLength, unsigned char min, unsigned char ma
             }
         }
     }
+    session().setTypingLine(false);
     text[length] = 0;
     output.show("\n\r");
 }

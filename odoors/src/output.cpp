@@ -1,6 +1,7 @@
 #include "output.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "text.h"
@@ -14,6 +15,7 @@ constexpr char escape = 27;
 constexpr char codeMark = '`';
 constexpr int tabWidth = 8;
 constexpr int widestScreen = 255;
+constexpr std::size_t longestLineKept = 4096;
 
 // How much of the text goes out as it is: up to a control byte other than the ends of lines.
 std::size_t shownLength(std::string_view text) {
@@ -61,6 +63,7 @@ void Output::showFile(std::string_view bytes) {
     inSequence_ = false;
     if (bytes.find(escape) != std::string_view::npos) {
         terminalAttribute_.reset();
+        lineAttribute_.reset();
     }
 }
 
@@ -73,8 +76,14 @@ void Output::erase(int characters) {
 
 void Output::clear() {
     bytes_ += ansi() ? "\033[2J\033[H" : "\f";
-    column_ = 0;
+    beginLine();
     markRead();
+}
+
+void Output::control(std::string_view sequence) {
+    keepLine();
+    bytes_ += sequence;
+    lineStart_ = bytes_.size();
 }
 
 void Output::moveTo(int row, int column) {
@@ -82,11 +91,29 @@ void Output::moveTo(int row, int column) {
     column = std::clamp(column, 1, widestScreen);
     if (ansi()) {
         bytes_ += "\033[" + std::to_string(row) + ';' + std::to_string(column) + 'H';
+        beginLine();
         column_ = column - 1;
         return;
     }
     if (column_ < column - 1) {
         show(std::string(static_cast<std::size_t>(column - 1 - column_), ' '));
+    }
+}
+
+void Output::showLine(std::string_view text, bool continued) {
+    keepLine();
+    const std::string line = line_;
+    const auto attributes = std::pair(lineAttribute_, terminalAttribute_);
+    const int column = column_;
+    show(column > 0 ? "\n\r" : "");
+    sendAttribute();
+    put(text);
+    put("\n\r");
+    if (continued) {
+        bytes_ += ansi() && attributes.first ? ansiSequence(*attributes.first) : "";
+        bytes_ += line;
+        std::tie(lineAttribute_, terminalAttribute_) = attributes;
+        column_ = column;
     }
 }
 
@@ -118,8 +145,25 @@ int Output::unread() {
 void Output::markRead() { reading_ = {bytes_.size()}; }
 
 std::string Output::drain() {
+    keepLine();
+    lineStart_ = 0;
     reading_.end = 0;
     return std::exchange(bytes_, {});
+}
+
+void Output::keepLine() {
+    line_.append(bytes_, lineStart_);
+    if (line_.size() > longestLineKept) {
+        line_.clear();
+    }
+    lineStart_ = bytes_.size();
+}
+
+void Output::beginLine() {
+    line_.clear();
+    lineStart_ = bytes_.size();
+    lineAttribute_ = terminalAttribute_;
+    column_ = 0;
 }
 
 void Output::sendAttribute() {
@@ -137,7 +181,8 @@ void Output::put(std::string_view bytes) {
     }
     // Only what follows the last CR decides where the cursor is.
     if (const std::size_t lastReturn = bytes.rfind('\r'); lastReturn != std::string_view::npos) {
-        column_ = 0;
+        beginLine();
+        lineStart_ = bytes_.find_last_of("\r\n") + 1;
         inSequence_ = false;
         bytes.remove_prefix(lastReturn + 1);
     }

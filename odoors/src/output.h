@@ -43,13 +43,14 @@ public:
     void moveTo(int row, int column);
 
     // Appends a control sequence that neither moves the cursor nor changes the colour.
-    void control(std::string_view sequence) { bytes_ += sequence; }
+    void control(std::string_view sequence);
 
     // Gives the terminal its own colour back.
     void resetColour();
 
-    // The column that the cursor is in, from 0.
-    int column() const { return column_; }
+    // Shows a text, bells and all, on a line of its own; with continued also the line that it
+    // interrupts again.
+    void showLine(std::string_view text, bool continued);
 
     // How many characters have been shown in lines that were completed since markRead(); blanks at
     // the ends of lines do not count.
@@ -64,6 +65,8 @@ public:
 private:
     bool ansi() const { return ansiFlag_ == 1; }
     void sendAttribute();
+    void beginLine();
+    void keepLine();
     void put(std::string_view bytes);
     void followControl(char byte);
 
@@ -74,6 +77,12 @@ private:
     int column_ = 0;
     bool inSequence_ = false;
     std::string bytes_;
+
+    // The cursor's line as it is sent: the part of it that is drained, and where it goes on in
+    // bytes_.
+    std::string line_;
+    std::size_t lineStart_ = 0;
+    std::optional<Attribute> lineAttribute_; // the terminal's at its start
 
     // Of what unread() has looked at.
     struct Reading {

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -28,6 +29,10 @@ constexpr Milliseconds lastLineStays = 3 * perSecond;
 // How long the caller gets to read a text before it is cleared.
 constexpr Milliseconds perCharacterRead = 25;
 constexpr Milliseconds defaultPause = 2 * perSecond;
+
+// A caller who has typed nothing for too long is warned so long before the end, but not when that
+// is more than half of the time.
+constexpr Milliseconds lastChance = 60 * perSecond;
 
 constexpr Milliseconds longestDetection = perSecond;
 constexpr std::string_view askCursorPosition = "\033[6n";
@@ -125,10 +130,11 @@ char Session::typedAhead() {
 }
 
 char Session::nextKey(bool wait) {
-    checkTime();
+    checkTime(monotonicNow());
     wait ? flush() : flushUnread();
     const Milliseconds start = monotonicNow();
     const Milliseconds giveUp = longestWait_ < never - start ? start + longestWait_ : never;
+    Milliseconds warning = longestWait_ < 2 * lastChance ? never : giveUp - lastChance;
     for (;;) {
         endIfSignalled();
         if (const char key = keys_.pop()) {
@@ -139,13 +145,19 @@ char Session::nextKey(bool wait) {
             endForLostCaller();
         }
         const Milliseconds now = monotonicNow();
-        if (now >= limit_.end()) {
-            endWithLine("Your time is used up.", timeUsedUp);
-        }
         if (now >= giveUp) {
             endWithLine("No key was pressed for too long. Goodbye.", nothingTyped);
         }
-        const Milliseconds until = std::min({giveUp, limit_.end(), escapeSettles_});
+        if (checkTime(now) || (wait && repeatNotice())) {
+            continue; // a key may have come
+        }
+        if (now >= warning) {
+            warning = never;
+            warn("\aThe call ends in 60 seconds unless you press a key.");
+            continue;
+        }
+        const Milliseconds until =
+            std::min({giveUp, warning, limit_.end(), limit_.nextWarning(), escapeSettles_});
         if (!receive(wait ? until - now : 0) && !wait) {
             return 0;
         }
@@ -185,16 +197,37 @@ void Session::receiveUntil(Condition holds, Milliseconds giveUp) {
     }
 }
 
-void Session::checkTime() {
-    const Milliseconds now = monotonicNow();
+// Whether the caller has been warned.
+bool Session::checkTime(Milliseconds now) {
     if (now >= limit_.end()) {
         endWithLine("Your time is used up.", timeUsedUp);
     }
     const int minutes = limit_.popWarning(now);
     if (minutes > 0) {
         const std::string number = std::to_string(minutes);
-        showLine("You have at most " + number + (minutes == 1 ? " minute" : " minutes") + " left.");
+        warn("You have at most " + number + (minutes == 1 ? " minute" : " minutes") + " left.");
     }
+    return minutes > 0;
+}
+
+// Shows the notice again that keys typed ahead may have wiped, unless there are more of them;
+// false when there is none.
+bool Session::repeatNotice() {
+    if (unseenNotice_.empty()) {
+        return false;
+    }
+    if (typedAhead() == 0) {
+        warn(std::exchange(unseenNotice_, {}));
+    }
+    return true;
+}
+
+void Session::warn(const std::string& notice) {
+    if (typedAhead() != 0) {
+        unseenNotice_ = notice;
+    }
+    output.showLine(notice, typingLine_);
+    flushUnread();
 }
 
 void Session::flush() {
@@ -207,14 +240,6 @@ void Session::flush() {
 void Session::flushUnread() {
     output.unread();
     flush();
-}
-
-void Session::showLine(std::string_view line) {
-    if (output.column() > 0) {
-        output.show("\n\r");
-    }
-    output.show(line);
-    output.show("\n\r");
 }
 
 void Session::finish(int status) {
@@ -232,7 +257,7 @@ void Session::finish(int status) {
 // The program's own endings must not run once the session has ended by itself: hence _exit.
 void Session::endWithLine(std::string_view line, const Ending& ending) {
     logEnd(ending.words);
-    showLine(line);
+    output.showLine(line, false);
     endAfter(overtime, ending);
     sendLast();
     waitForReader(ending);

@@ -48,6 +48,9 @@ public:
     // The next key when it is already there, left where it is; 0 otherwise.
     char typedAhead();
 
+    // Whether the next keys are those of a line, which a warning must not tear.
+    void setTypingLine(bool typing) { typingLine_ = typing; }
+
     // The whole minutes that the caller has left now.
     int minutesLeft() const { return limit_.minutesLeft(monotonicNow()); }
 
@@ -61,10 +64,11 @@ private:
     template <typename Condition>
     void receiveUntil(Condition holds, Milliseconds giveUp);
     void pauseForReader();
-    void checkTime();
+    bool checkTime(Milliseconds now);
+    bool repeatNotice();
+    void warn(const std::string& notice);
     void flush();
     void flushUnread();
-    void showLine(std::string_view line);
     void sendLast();
     void waitForReader(const Ending& ending);
     [[noreturn]] void endForLostCaller();
@@ -77,6 +81,8 @@ private:
     Milliseconds longestWait_ = never;
     Milliseconds longestPause_ = 0;      // before a clear
     Milliseconds escapeSettles_ = never; // when a lone escape becomes a key
+    std::string unseenNotice_;           // a warning that was shown while keys were typed ahead
+    bool typingLine_ = false;
     bool ansiSettled_ = true;
     bool callerKnown_ = false;
     bool startedByBoard_ = false;

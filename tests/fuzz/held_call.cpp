@@ -22,11 +22,13 @@ constexpr std::time_t begin = 1794744000; // 15 November 2026, 12:00 UTC
 odoors::Milliseconds milliseconds = 0; // since then; they go by only while the caller is waited for
 Call call{};
 
-// Of control bytes the toolkit sends line ends, backspaces, form feeds, and the sequences that
-// clear, move, colour and ask; everything that the texts of others hold is kept from the caller.
+// Of control bytes the toolkit sends line ends, backspaces, form feeds, a warning's bell, and the
+// sequences that clear, move, colour and ask; everything that the texts of others hold is kept from
+// the caller.
 void inspect(std::string_view shown) {
     for (std::size_t i = 0; call.trusted && i < shown.size(); ++i) {
-        require(!odoors::isControl(shown[i]) ||
+        require(shown[i] != '\a' || shown.substr(i + 1).starts_with("The call ends in "));
+        require(!odoors::isControl(shown[i]) || shown[i] == '\a' ||
                 std::string_view("\r\n\b\f\033").find(shown[i]) < 5);
         if (shown[i] == '\033') {
             i = shown.find_first_not_of("[0123456789;", i + 1);

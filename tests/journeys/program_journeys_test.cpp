@@ -60,6 +60,17 @@ TEST(ProgramJourney, ShowsAMessageBeforeItClears) {
     EXPECT_THAT(call.until("\033[2J"), StartsWith("\033[2J"));
 }
 
+// He has five minutes and a second.
+TEST(ProgramJourney, WarnsWhileANameIsTyped) {
+    Game game;
+    game.write(chain.name, chain.with({{16, "301"}}));
+    const Call call(game.program({"-D", ".", "-CHARSET=cp437"}));
+    call.type("sAl");
+    call.until("mAl");
+    EXPECT_EQ(call.until("Al"), "\n\rYou have at most 5 minutes left.\n\r\033[0;31mCharacter Name"
+                                "\033[0;1;31m: \033[0;1;37mAl");
+}
+
 // Each caller creates a character, whose status tells his minutes, and is then gone.
 TEST(ProgramJourney, ServesCallersOfEveryBoard) {
     bool asInUnix = false;
