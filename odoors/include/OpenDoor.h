@@ -74,7 +74,9 @@ char od_get_answer(const char* options);
 void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max);
 
 /* Shows the display file name.ans or name.asc, unless a hot key is already typed, and waits for
- * one of the hot keys, in either case; returns it as it stands in hotkeys. */
+ * one of the hot keys, in either case; returns it as it stands in hotkeys. If these are digits and
+ * letters, the arrows are 8, 4, 6 and 2, and Home, PgUp, End and PgDn are 7, 9, 1 and 3; keys that
+ * number a list from 1 are left alone. */
 char od_hotkey_menu(const char* name, const char* hotkeys, int wait);
 
 #ifdef __cplusplus

@@ -22,6 +22,42 @@ bool isCursorReport(std::string_view sequence) {
            std::all_of(column.begin(), column.end(), isDigit);
 }
 
+// Final bytes, each with its digit. Cursor keys come behind "[", or behind "O" where the terminal
+// is in application mode; terminals of boards have more of them, and a keypad has letters of its
+// own.
+constexpr std::string_view cursorKeys = "A8B2C6D4H7F1";
+constexpr std::string_view boardKeys = "K1V9U3";
+constexpr std::string_view keypadKeys = "q1r2s3t4v6w7x8y9";
+// The first parameter of a sequence that ends in "~", with its digit.
+constexpr std::string_view numberedKeys = "174159637781";
+
+// The digit behind the name in pairs of them; 0 when it is not there.
+char digitOf(char name, std::string_view pairs) {
+    for (std::size_t i = 0; i < pairs.size(); i += 2) {
+        if (pairs[i] == name) {
+            return pairs[i + 1];
+        }
+    }
+    return 0;
+}
+
+// The digit of the key that sends the sequence, with or without Shift and its like ("[1;2A").
+char keypadDigit(std::string_view sequence) {
+    const char final = sequence.back();
+    const bool application = sequence.front() == 'O';
+    const std::string_view parameters = sequence.substr(1, sequence.size() - 2);
+    const bool modified = parameters.size() == 3 && parameters[1] == ';';
+    if (final == '~') {
+        const bool one = parameters.size() == 1 || modified;
+        return one && !application ? digitOf(parameters.front(), numberedKeys) : '\0';
+    }
+    if (!parameters.empty() && !(modified && parameters.front() == '1')) {
+        return 0;
+    }
+    const char digit = digitOf(final, cursorKeys);
+    return digit != 0 ? digit : digitOf(final, application ? keypadKeys : boardKeys);
+}
+
 } // namespace
 
 void KeyDecoder::feed(std::string_view bytes) {
@@ -40,14 +76,14 @@ void KeyDecoder::feed(std::string_view bytes) {
 
 void KeyDecoder::settleEscape() {
     if (state_ == State::escape) {
-        keys_.push_back(escapeKey);
+        add(escapeKey);
         state_ = State::text;
     }
 }
 
-char KeyDecoder::pop() {
-    const char key = peek();
-    if (key != 0) {
+Key KeyDecoder::pop() {
+    const Key key = peek();
+    if (key.code != 0) {
         keys_.pop_front();
     }
     return key;
@@ -61,19 +97,19 @@ void KeyDecoder::feedText(char byte) {
     }
     if (utf8_.midway() && !isContinuation(byte)) {
         utf8_.reset();
-        keys_.push_back(otherKey);
+        add(otherKey);
     }
     if (byte == '\r' || byte == '\n') {
-        keys_.push_back(returnKey);
+        add(returnKey);
         state_ = byte == '\r' ? State::afterReturn : State::text;
     } else if (byte == escapeKey) {
         state_ = State::escape;
     } else if (byte == backspaceKey || byte == 127) {
-        keys_.push_back(backspaceKey);
+        add(backspaceKey);
     } else if (byte != 0 && charset_ == Charset::utf8) {
         feedUtf8(byte);
     } else if (byte != 0) {
-        keys_.push_back(byte);
+        add(byte);
     }
 }
 
@@ -84,7 +120,7 @@ void KeyDecoder::feedUtf8(char byte) {
         return;
     }
     const char key = step == Step::character ? text::cp437Byte(utf8_.character()) : '\0';
-    keys_.push_back(key != 0 ? key : otherKey);
+    add(key != 0 ? key : otherKey);
 }
 
 void KeyDecoder::feedSequence(char byte) {
@@ -110,7 +146,7 @@ void KeyDecoder::endSequence() {
         reportExpected_ = false;
         reportSeen_ = true;
     } else {
-        keys_.push_back(otherKey);
+        keys_.push_back({otherKey, keypadDigit(sequence_)});
     }
 }
 

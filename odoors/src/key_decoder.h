@@ -2,10 +2,11 @@
 //
 //     CR, LF, CR LF, CR NUL         one key, Return (13)
 //     8, 127                        one key, backspace (8)
-//     ESC [ ... final, ESC O ...    one key that no menu has (otherKey): an arrow, a function key.
-//                                   Up to the final byte (64 to 126); the Linux console's
-//                                   ESC [ [ A has one byte more. A control byte breaks a sequence
-//                                   off and is a key after it.
+//     ESC [ ... final, ESC O ...    one key, otherKey: an arrow, a function key. Up to the final
+//                                   byte (64 to 126); the Linux console's ESC [ [ A has one byte
+//                                   more. A control byte breaks a sequence off and is a key after
+//                                   it. An arrow, Home, End, PgUp and PgDn have the digit that is
+//                                   on the same key of the keypad.
 //     any other ESC                 a key of its own, 27
 //     NUL                           no key
 //
@@ -27,6 +28,11 @@ constexpr char backspaceKey = 8;
 constexpr char escapeKey = 27;
 constexpr char otherKey = 127; // free, since a delete is a backspace
 
+struct Key {
+    char code = 0;  // 0: there is none
+    char digit = 0; // of an arrow and its like: '1' to '9'
+};
+
 class KeyDecoder {
 public:
     void setCharset(Charset charset) { charset_ = charset; }
@@ -40,11 +46,11 @@ public:
     // Nothing followed the escape at once: it is a key of its own.
     void settleEscape();
 
-    // Removes and returns the next key; 0 when there is none.
-    char pop();
+    // Removes and returns the next key.
+    Key pop();
 
-    // The next key, left where it is; 0 when there is none.
-    char peek() const { return keys_.empty() ? '\0' : keys_.front(); }
+    // The next key, left where it is.
+    Key peek() const { return keys_.empty() ? Key() : keys_.front(); }
 
     // From now on one report of the cursor's position is no key.
     void expectCursorReport() { reportExpected_ = true; }
@@ -59,8 +65,9 @@ private:
     void feedSequence(char byte);
     void feedUtf8(char byte);
     void endSequence();
+    void add(char code) { keys_.push_back({code}); }
 
-    std::deque<char> keys_;
+    std::deque<Key> keys_;
     Charset charset_ = Charset::cp437;
     text::Utf8Reader utf8_;
     State state_ = State::text;

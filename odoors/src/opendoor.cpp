@@ -78,29 +78,39 @@ void openSession() {
 
 std::string_view orEmpty(const char* text) { return text != nullptr ? text : ""; }
 
-// The key as it stands among the keys, in either case; 0 when it is none of them.
-char choose(std::string_view keys, char key) {
+// The key as it stands among the keys, in either case; 0 when it is none of them. With directions
+// an arrow is its digit.
+char choose(std::string_view keys, odoors::Key key, bool directions) {
+    const char typed = directions && key.digit != 0 ? key.digit : key.code;
     for (const char choice : keys) {
-        if (key != 0 && odoors::sameLetter(choice, key)) {
+        if (typed != 0 && odoors::sameLetter(choice, typed)) {
             return choice;
         }
     }
     return 0;
 }
 
-// The next key, 0 when none is there and none is waited for.
-char nextKey(bool wait) {
-    const char key = session().nextKey(wait);
+// Whether arrows stand for digits in a menu with these keys: it has letters, too, and its digits do
+// not number a list (1, 2, 3 and so on, but not up to 8 and 9, as all keys of a keypad do).
+bool hasDirections(std::string_view keys) {
+    const auto digits = std::count_if(keys.begin(), keys.end(), odoors::isDigit);
+    const bool list = keys.starts_with("123") && keys.find('8') == std::string_view::npos;
+    return digits > 0 && static_cast<std::size_t>(digits) < keys.size() && !list;
+}
+
+// The next key, none when none is there and none is waited for.
+odoors::Key nextKey(bool wait) {
+    const odoors::Key key = session().nextKey(wait);
     od_control.user_timelimit = session().minutesLeft();
     return key;
 }
 
 // The next key that is one of the choices, 0 as for nextKey().
-char nextChoice(std::string_view choices, bool wait) {
-    char key = 0;
+char nextChoice(std::string_view choices, bool wait, bool directions) {
+    odoors::Key key;
     char choice = 0;
-    while (choice == 0 && (key = nextKey(wait)) != 0) {
-        choice = choose(choices, key);
+    while (choice == 0 && (key = nextKey(wait)).code != 0) {
+        choice = choose(choices, key, directions);
     }
     return choice;
 }
@@ -180,9 +190,9 @@ void od_disp_str(const char* text) { session().output.show(orEmpty(text)); }
 
 void od_set_cursor(int row, int column) { session().output.moveTo(row, column); }
 
-char od_get_key(int wait) { return nextKey(wait != 0); }
+char od_get_key(int wait) { return nextKey(wait != 0).code; }
 
-char od_get_answer(const char* answers) { return nextChoice(orEmpty(answers), true); }
+char od_get_answer(const char* answers) { return nextChoice(orEmpty(answers), true, false); }
 
 void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max) {
     const auto longest = static_cast<std::size_t>(std::max(maxLength, 0));
@@ -197,7 +207,7 @@ void od_input_str(char* text, int maxLength, unsigned char min, unsigned char ma
     output.show({text, length});
     session().setTypingLine(true);
     char key = 0;
-    for (bool untouched = true; (key = nextKey(true)) != odoors::returnKey;) {
+    for (bool untouched = true; (key = nextKey(true).code) != odoors::returnKey;) {
         const auto code = static_cast<unsigned char>(key);
         if (key == odoors::backspaceKey) {
             removeLast();
@@ -220,11 +230,12 @@ void od_input_str(char* text, int maxLength, unsigned char min, unsigned char ma
 
 char od_hotkey_menu(const char* name, const char* hotkeys, int wait) {
     const std::string_view keys = orEmpty(hotkeys);
-    if (choose(keys, session().typedAhead()) == 0) {
+    const bool directions = hasDirections(keys);
+    if (choose(keys, session().typedAhead(), directions) == 0) {
         const bool ansi = od_control.user_ansi == 1;
         session().output.showFile(odoors::readDisplayFile(std::string(orEmpty(name)), ansi));
     }
-    return nextChoice(keys, wait != 0);
+    return nextChoice(keys, wait != 0, directions);
 }
 
 void odoors::restart(const Options& next) {

@@ -115,21 +115,21 @@ void Session::clearScreen() {
 
 void Session::pauseForReader() {
     const Milliseconds pause = std::min(output.unread() * perCharacterRead, longestPause_);
-    if (pause > 0 && typedAhead() == 0) {
+    if (pause > 0 && typedAhead().code == 0) {
         flushUnread();
-        receiveUntil([&] { return keys_.peek() != 0 || keys_.escapePending(); },
+        receiveUntil([&] { return keys_.peek().code != 0 || keys_.escapePending(); },
                      std::min(monotonicNow() + pause, limit_.end()));
     }
 }
 
-char Session::typedAhead() {
-    if (keys_.peek() == 0) {
+Key Session::typedAhead() {
+    if (keys_.peek().code == 0) {
         receive(0);
     }
     return keys_.peek();
 }
 
-char Session::nextKey(bool wait) {
+Key Session::nextKey(bool wait) {
     checkTime(monotonicNow());
     wait ? flush() : flushUnread();
     const Milliseconds start = monotonicNow();
@@ -137,7 +137,7 @@ char Session::nextKey(bool wait) {
     Milliseconds warning = longestWait_ < 2 * lastChance ? never : giveUp - lastChance;
     for (;;) {
         endIfSignalled();
-        if (const char key = keys_.pop()) {
+        if (const Key key = keys_.pop(); key.code != 0) {
             output.markRead();
             return key;
         }
@@ -159,7 +159,7 @@ char Session::nextKey(bool wait) {
         const Milliseconds until =
             std::min({giveUp, warning, limit_.end(), limit_.nextWarning(), escapeSettles_});
         if (!receive(wait ? until - now : 0) && !wait) {
-            return 0;
+            return {};
         }
     }
 }
@@ -216,14 +216,14 @@ bool Session::repeatNotice() {
     if (unseenNotice_.empty()) {
         return false;
     }
-    if (typedAhead() == 0) {
+    if (typedAhead().code == 0) {
         warn(std::exchange(unseenNotice_, {}));
     }
     return true;
 }
 
 void Session::warn(const std::string& notice) {
-    if (typedAhead() != 0) {
+    if (typedAhead().code != 0) {
         unseenNotice_ = notice;
     }
     output.showLine(notice, typingLine_);

@@ -42,11 +42,11 @@ public:
     // Clears the screen, after a pause in which the caller can read what it would wipe.
     void clearScreen();
 
-    // The next key; 0 when none is there and none is waited for.
-    char nextKey(bool wait);
+    // The next key; none when none is there and none is waited for.
+    Key nextKey(bool wait);
 
-    // The next key when it is already there, left where it is; 0 otherwise.
-    char typedAhead();
+    // The next key when it is already there, left where it is.
+    Key typedAhead();
 
     // Whether the next keys are those of a line, which a warning must not tear.
     void setTypingLine(bool typing) { typingLine_ = typing; }

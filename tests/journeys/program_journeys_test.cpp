@@ -60,6 +60,21 @@ TEST(ProgramJourney, ShowsAMessageBeforeItClears) {
     EXPECT_THAT(call.until("\033[2J"), StartsWith("\033[2J"));
 }
 
+// From a dead end of the forest only one arrow leads back, to which others are no answer.
+TEST(ProgramJourney, WalksWithTheArrows) {
+    Game game;
+    game.write("morchars.dat", rosterOf(true));
+    const Call call(game.program({"-LOCAL", "-USERNAME=Ace", "-GRAPHICS", "-CHARSET=cp437"}));
+    call.type("sxf\033OA");
+    EXPECT_THAT(call.until("Forest 2"), HasSubstr("Forest 2"));
+    call.type("\033[A\033[4~\033[B");
+    EXPECT_THAT(call.until("Forest 1"), HasSubstr("Forest 1"));
+    call.type("\033[D");
+    EXPECT_THAT(call.until("Forest 14"), HasSubstr("Forest 14"));
+    call.type("\033[4~");
+    EXPECT_THAT(call.until("Forest 15"), HasSubstr("Forest 15"));
+}
+
 // He has five minutes and a second.
 TEST(ProgramJourney, WarnsWhileANameIsTyped) {
     Game game;

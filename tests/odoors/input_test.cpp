@@ -14,8 +14,8 @@ std::string keysIn(const std::string& bytes, Charset charset = Charset::cp437) {
     decoder.feed(bytes);
     decoder.settleEscape();
     std::string keys;
-    while (const char key = decoder.pop()) {
-        keys += key;
+    for (Key key; (key = decoder.pop()).code != 0;) {
+        keys += key.digit != 0 ? key.digit : key.code;
     }
     return keys;
 }
@@ -40,8 +40,8 @@ TEST(Keys, AreBytesOrSpellReturnOrBackspace) {
 }
 
 TEST(Keys, AnEscapeSequenceIsOneKeyOfNoMenu) {
-    for (const std::string sequence :
-         {"\033[A", "\033OP", "\033[15~", "\033[1;5C", "\033[[A", "\033O[", "\033[3;4R"}) {
+    for (const std::string sequence : {"\033[Z", "\033OP", "\033[15~", "\033[2~", "\033[1;5P",
+                                       "\033[2A", "\033[[A", "\033O[", "\033O1~", "\033[3;4R"}) {
         EXPECT_EQ(keysIn(sequence + 'q'), "\x7fq");
     }
     EXPECT_EQ(keysIn("\033[" + std::string(1000, '1') + "Aq"), "\x7fq");
@@ -49,8 +49,22 @@ TEST(Keys, AnEscapeSequenceIsOneKeyOfNoMenu) {
 
 TEST(Keys, AnEscapeThatBeginsNoSequenceIsAKey) {
     EXPECT_EQ(keysIn("\033q\033\033"), "\033q\033\033");
-    EXPECT_EQ(keysIn("\033\033[A\033\r\n"), "\033\x7f\033\r");
+    EXPECT_EQ(keysIn("\033\033[Z\033\r\n"), "\033\x7f\033\r");
     EXPECT_EQ(keysIn("\033[1\rq"), "\x7f\rq") << "a control byte breaks a sequence off";
+}
+
+// Up, left, right, down, Home, PgUp, End, PgDn.
+TEST(Keys, OfTheCursorHaveADigitInEverySpelling) {
+    for (const char* spelling :
+         {"\033[A\033[D\033[C\033[B\033[H\033[5~\033[F\033[6~",                       // xterm
+          "\033OA\033OD\033OC\033OB\033OH\033[5~\033OF\033[6~",                       // application
+          "\033[1;5A\033[1;2D\033[1;5C\033[1;2B\033[1;5H\033[5;2~\033[1;5F\033[6;2~", // Control
+          "\033Ox\033Ot\033Ov\033Or\033Ow\033Oy\033Oq\033Os",                         // keypad
+          "\033[A\033[D\033[C\033[B\033[1~\033[5~\033[4~\033[6~", // Linux, PuTTY
+          "\033[A\033[D\033[C\033[B\033[7~\033[5~\033[8~\033[6~", // rxvt
+          "\033[A\033[D\033[C\033[B\033[H\033[V\033[K\033[U"}) {  // SyncTERM
+        EXPECT_EQ(keysIn(spelling), "84627913") << spelling;
+    }
 }
 
 TEST(Keys, Utf8CharactersComeAsCp437) {
@@ -103,6 +117,22 @@ TEST(Menu, ShowsTheCallersFileUnlessAKeyIsTypedAlready) {
     EXPECT_EQ(shownFor(coloured, "xs"), "\033[0;31m>plain `file`\r\n\x80<S>\033[0m");
     folder.write("menu.ans", "\033[1;32mgreen");
     EXPECT_EQ(shownFor(coloured, "xs"), "\033[0;31m>\033[1;32mgreen\033[0;31m<S>\033[0m");
+}
+
+TEST(Menu, TakesArrowsForDirectionsOnly) {
+    const auto chosen = [](const char* keys, const std::string& typed) {
+        return callWithKeys(plain, typed,
+                            [&] {
+                                od_printf("<%c>", od_hotkey_menu("none", keys, 1));
+                                od_printf("<%d>", od_get_key(1));
+                            })
+            .shown;
+    };
+    EXPECT_EQ(chosen("28f", "\033[C\033[A\033[B"), "<8><127>") << "there is no way east";
+    EXPECT_EQ(chosen("12hyf", "\033[F "), "<1><32>");
+    EXPECT_EQ(chosen("123456789q", "\033[D "), "<4><32>");
+    EXPECT_EQ(chosen("12345678", "\033[D6 "), "<6><32>") << "no letters";
+    EXPECT_EQ(chosen("123456l", "\033[D6 "), "<6><32>") << "a list";
 }
 
 TEST(Writes, OneScreenIsOneWrite) {
