@@ -13,8 +13,6 @@ struct ColourName {
     int number;
 };
 
-constexpr int brightBit = 8;
-
 constexpr std::array<ColourName, 10> colourNames{{{"black", 0},
                                                   {"blue", 1},
                                                   {"green", 2},
@@ -25,9 +23,6 @@ constexpr std::array<ColourName, 10> colourNames{{{"black", 0},
                                                   {"yellow", 6},
                                                   {"white", 7},
                                                   {"grey", 7}}};
-
-// The ANSI digit of each PC colour.
-constexpr std::string_view ansiDigits = "04261537";
 
 std::optional<int> colourNumber(std::string_view word) {
     const char first = word.empty() ? '\0' : toLower(word.front());
@@ -85,22 +80,6 @@ std::optional<Attribute> readColourCode(std::string_view words) {
     }
     attribute.background = *background;
     return attribute;
-}
-
-std::string ansiSequence(const Attribute& attribute) {
-    const auto digit = [](int colour) { return ansiDigits[static_cast<unsigned>(colour % 8)]; };
-    std::string sequence = "\033[0";
-    if (attribute.foreground >= brightBit) {
-        sequence += ";1";
-    }
-    if (attribute.flashing) {
-        sequence += ";5";
-    }
-    sequence.append(";3") += digit(attribute.foreground);
-    if (attribute.background != 0) {
-        sequence.append(";4") += digit(attribute.background);
-    }
-    return sequence + 'm';
 }
 
 } // namespace odoors

@@ -9,10 +9,11 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace odoors {
+
+constexpr int brightBit = 8; // of a foreground
 
 // What a character looks like, in PC colour numbers.
 struct Attribute {
@@ -25,8 +26,5 @@ struct Attribute {
 
 // The attribute that the words between two backquotes set; none when they are of another form.
 std::optional<Attribute> readColourCode(std::string_view words);
-
-// The one ANSI sequence that sets the whole attribute, whatever was set before.
-std::string ansiSequence(const Attribute& attribute);
 
 } // namespace odoors

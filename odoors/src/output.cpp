@@ -4,6 +4,7 @@
 #include <tuple>
 #include <utility>
 
+#include "ansi_colours.h"
 #include "text.h"
 #include "text/cp437.h"
 
@@ -59,7 +60,11 @@ void Output::showFile(std::string_view bytes) {
         return;
     }
     sendAttribute();
-    put(bytes);
+    if (ansi() && charset_ == Charset::utf8) {
+        put(coloursForUtf8(bytes, attribute_));
+    } else {
+        put(bytes);
+    }
     inSequence_ = false;
     if (bytes.find(escape) != std::string_view::npos) {
         terminalAttribute_.reset();
@@ -75,6 +80,9 @@ void Output::erase(int characters) {
 }
 
 void Output::clear() {
+    if (charset_ == Charset::utf8) {
+        sendAttribute(); // the terminal clears with its background
+    }
     bytes_ += ansi() ? "\033[2J\033[H" : "\f";
     beginLine();
     markRead();
@@ -110,7 +118,7 @@ void Output::showLine(std::string_view text, bool continued) {
     put(text);
     put("\n\r");
     if (continued) {
-        bytes_ += ansi() && attributes.first ? ansiSequence(*attributes.first) : "";
+        bytes_ += ansi() && attributes.first ? ansiSequence(*attributes.first, charset_) : "";
         bytes_ += line;
         std::tie(lineAttribute_, terminalAttribute_) = attributes;
         column_ = column;
@@ -168,7 +176,7 @@ void Output::beginLine() {
 
 void Output::sendAttribute() {
     if (ansi() && terminalAttribute_ != attribute_) {
-        bytes_ += ansiSequence(attribute_);
+        bytes_ += ansiSequence(attribute_, charset_);
         terminalAttribute_ = attribute_;
     }
 }

@@ -30,7 +30,8 @@ public:
     // Shows a text and obeys the colour codes in it; a code that is left open ends with the text.
     void showCoded(std::string_view text);
 
-    // Shows the bytes of a display file as they are, escape sequences and all.
+    // Shows the bytes of a display file as they are, escape sequences and all; only the colours are
+    // rewritten for a terminal that shows UTF-8.
     void showFile(std::string_view bytes);
 
     // Erases the last characters on the screen.

@@ -75,6 +75,23 @@ TEST(ProgramJourney, WalksWithTheArrows) {
     EXPECT_THAT(call.until("Forest 15"), HasSubstr("Forest 15"));
 }
 
+// Each sequence that colours names both colours, and none is bold.
+TEST(ProgramJourney, ColoursTerminalsOfToday) {
+    Game game;
+    const Call call(game.program({"-LOCAL", "-GRAPHICS", "-CHARSET=utf8"}));
+    call.type("s");
+    std::string shown = call.until("Character Name");
+    EXPECT_THAT(shown, HasSubstr("\033[2J"));
+    for (std::size_t end = 0; (end = shown.find('m', end + 1)) != std::string::npos;) {
+        const std::size_t begin = shown.rfind("\033[", end);
+        const std::string sequence = shown.substr(begin, end + 1 - begin);
+        if (sequence.find_first_not_of("0123456789;m", 2) == std::string::npos) {
+            EXPECT_THAT(sequence, MatchesRegex(".*[39][0-7];4[0-7]m"));
+            EXPECT_THAT(sequence, Not(ContainsRegex("[[;]1[;m]")));
+        }
+    }
+}
+
 // He has five minutes and a second.
 TEST(ProgramJourney, WarnsWhileANameIsTyped) {
     Game game;

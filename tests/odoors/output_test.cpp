@@ -1,6 +1,8 @@
 // What the program shows, as bytes for the caller's terminal.
 #include "output.h"
 
+#include "ansi_colours.h"
+
 #include <gtest/gtest.h>
 
 using namespace odoors;
@@ -16,7 +18,36 @@ TEST(ColourCodes, SetTheWholeAttribute) {
         {"magenta on black", "35"},
         {"cyan on green", "36;42"}};
     for (const auto& [words, sequence] : sequences) {
-        EXPECT_EQ(ansiSequence(readColourCode(words).value()), "\033[0;" + sequence + 'm');
+        EXPECT_EQ(ansiSequence(readColourCode(words).value(), Charset::cp437),
+                  "\033[0;" + sequence + 'm');
+    }
+}
+
+TEST(ColourCodes, NameBothColoursToAUtf8Terminal) {
+    const std::vector<std::pair<std::string, std::string>> sequences{
+        {"red", "31;40"},
+        {"bright black", "90;40"},
+        {"flashing bright yellow on white", "5;93;47"},
+        {"cyan on green", "36;42"}};
+    for (const auto& [words, sequence] : sequences) {
+        EXPECT_EQ(ansiSequence(readColourCode(words).value(), Charset::utf8),
+                  "\033[0;" + sequence + 'm');
+    }
+}
+
+// From dark green on red on.
+TEST(DisplayFileColours, AreRewrittenForAUtf8Terminal) {
+    const std::vector<std::pair<std::string, std::string>> sequences{
+        {"\033[1m", "\033[92;41m"},
+        {"\033[1;30m\033[40m\033[22m", "\033[90;41m\033[90;40m\033[30;40m"},
+        {"\033[34;1m\033[0mx\033[m", "\033[94;41m\033[0;37;40mx\033[;37;40m"},
+        {"\033[0;5;1;7;36;44m", "\033[0;5;7;96;44m"},
+        {"\033[97;39m\033[49;93;25m", "\033[97;41m\033[25;93;40m"},
+        {"\033[1;38;5;200m\033[104m", "\033[1;38;5;200m\033[104m"},
+        {"\033[2J\033[5;1H\033[?25l\033[1", "\033[2J\033[5;1H\033[?25l\033[1"},
+        {"\033[\033[1m[1m\033", "\033[\033[92;41m[1m\033"}};
+    for (const auto& [bytes, rewritten] : sequences) {
+        EXPECT_EQ(coloursForUtf8(bytes, {2, 4, false}), rewritten);
     }
 }
 
@@ -52,6 +83,15 @@ TEST_F(OutputTest, SendsControlBytesOfDisplayFilesOnly) {
     EXPECT_EQ(coded("\x1b[31m\a`red`x"), "[31m\033[0;31mx");
     output.showFile("`blue`\x1b[1m\t");
     EXPECT_EQ(coded("y"), "`blue`\x1b[1m\t\033[0;31my") << "the file may have changed the colour";
+}
+
+TEST_F(OutputTest, ClearsAUtf8TerminalInTheColourThatIsSet) {
+    output.setCharset(Charset::utf8);
+    EXPECT_EQ(coded("`bright red`"), "");
+    output.clear();
+    EXPECT_EQ(coded("x"), "\033[0;91;40m\033[2J\033[Hx");
+    output.showFile("\033[32m\xb0");
+    EXPECT_EQ(coded("y"), "\033[92;40m\xe2\x96\x91\033[0;91;40my");
 }
 
 TEST_F(OutputTest, PadsToAColumnWithoutAnsiGraphics) {
