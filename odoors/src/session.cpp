@@ -69,10 +69,16 @@ void Session::startClock(const Caller& caller) {
     if (caller.inactivitySeconds > 0) {
         longestWait_ = caller.inactivitySeconds * perSecond;
     }
-    const Milliseconds start = monotonicNow();
-    limit_ = TimeLimit(start, caller.secondsLeft, caller.timed);
-    if (caller.timed) {
-        endAfter(limit_.end() - start + overtime, timeUsedUp);
+    limit_ = TimeLimit(monotonicNow(), caller.secondsLeft, caller.timed);
+    endWhenTimeIsUsedUp();
+}
+
+// Also when the program is stuck then.
+void Session::endWhenTimeIsUsedUp() {
+    if (limit_.end() == never) {
+        endAfter(never, timeUsedUp);
+    } else {
+        endAfter(limit_.end() - monotonicNow() + overtime, timeUsedUp);
     }
 }
 
@@ -230,8 +236,18 @@ void Session::warn(const std::string& notice) {
     flushUnread();
 }
 
+// A caller who reads no more ends the call as one who types no more.
 void Session::flush() {
-    if (sessionSignalled() || !connection_.write(output.drain())) {
+    const std::string bytes = output.drain();
+    const bool watched = !bytes.empty() && longestWait_ < limit_.end() - monotonicNow();
+    if (watched) {
+        endAfter(longestWait_, nothingTyped);
+    }
+    const bool isSent = !sessionSignalled() && connection_.write(bytes);
+    if (watched) {
+        endWhenTimeIsUsedUp();
+    }
+    if (!isSent) {
         endForLostCaller();
     }
 }

@@ -59,6 +59,7 @@ public:
 private:
     void connect(const Caller& caller);
     void startClock(const Caller& caller);
+    void endWhenTimeIsUsedUp();
     void acquireCallerLock(const std::string& lockFile);
     bool receive(Milliseconds timeout);
     template <typename Condition>

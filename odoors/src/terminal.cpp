@@ -1,5 +1,6 @@
 #include "terminal.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdlib>
@@ -13,7 +14,7 @@ namespace odoors {
 namespace {
 
 constexpr std::array endingSignals{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
-constexpr std::array crashSignals{SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV};
+constexpr std::array crashSignals{SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV, SIGXCPU};
 
 // A signal that comes just before a blocking call would not break it, so it is repeated a few
 // times; a process that has not ended then is stuck.
@@ -108,6 +109,7 @@ void watchSignals() {
     }
     handle(SIGTSTP, SIG_IGN, 0);
     handle(SIGPIPE, SIG_IGN, 0);
+    handle(SIGXFSZ, SIG_IGN, 0); // a write that meets the limit fails
 }
 
 bool sessionSignalled() { return signalsSeen > 0; }
@@ -118,8 +120,11 @@ void endAfter(Milliseconds span, const Ending& ending) {
     }
     overdueEnding = ending;
     itimerval once{};
-    once.it_value.tv_sec = static_cast<time_t>(span / 1000);
-    once.it_value.tv_usec = static_cast<suseconds_t>(span % 1000 * 1000);
+    if (span != never) {
+        span = std::max<Milliseconds>(span, 1);
+        once.it_value.tv_sec = static_cast<time_t>(span / 1000);
+        once.it_value.tv_usec = static_cast<suseconds_t>(span % 1000 * 1000);
+    }
     setitimer(ITIMER_REAL, &once, nullptr);
 }
 

@@ -23,8 +23,8 @@ void watchSignals();
 bool sessionSignalled();
 
 // Ends the process so much later if it still runs, whatever it is doing: it may be blocked by a
-// caller who takes no output. A later call replaces an earlier one; once a signal has come that
-// ends the session, its shorter time counts. Only after watchSignals().
+// caller who takes no output. A later call replaces an earlier one, also with never; once a signal
+// has come that ends the session, its shorter time counts. Only after watchSignals().
 void endAfter(Milliseconds span, const Ending& ending);
 
 } // namespace odoors

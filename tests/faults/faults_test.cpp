@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -201,6 +202,18 @@ TEST(Disk, FaultLeavesWhatWasStored) {
         std::erase_if(files, [](const auto& file) { return file.first.ends_with(".new"); });
         EXPECT_TRUE(next == afterNextCall(stage, files)) << "temporary files are taken over";
     }
+}
+
+TEST(Disk, SizeLimitIsLikeAFullDisk) {
+    const Stage stage;
+    stage.prepare({});
+    const Child limited = [program = stage.program()] {
+        const rlimit limit{40'000, 40'000};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        program();
+    };
+    EXPECT_EQ(runWithKeys(limited, plays[0].keys).status, 0);
+    EXPECT_EQ(stage.data().count("morchars.dat"), 0);
 }
 
 // Ace stops in the middle of his first save.
