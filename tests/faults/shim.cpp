@@ -1,6 +1,6 @@
-// Loaded into the program before the C library. The clock stands still, all draws are 0, and the
-// program's calls that touch a file fail as MORVEK_FAULT says. They are counted from the chdir into
-// the game directory on.
+// Loaded into the program before the C library. The clock stands still, all draws are 0 or follow
+// from MORVEK_SEED, and the program's calls that touch a file fail as MORVEK_FAULT says. They are
+// counted from the chdir into the game directory on.
 //
 //   error N      call N fails
 //   full N       call N, when it writes, does half; whatever needs room afterwards fails
@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime> // on 32-bit processors it gives time() another name
@@ -89,7 +90,12 @@ time_t time(time_t* now) noexcept {
 
 void srand(unsigned) noexcept {}
 
-int rand() noexcept { return 0; }
+int rand() noexcept {
+    static const char* seed = std::getenv("MORVEK_SEED");
+    static std::uint64_t state = seed != nullptr ? std::strtoull(seed, nullptr, 10) : 0;
+    state = state * 48271 % 2147483647;
+    return static_cast<int>(state);
+}
 
 int chdir(const char* path) noexcept {
     const int result = real<int>("chdir", path);
