@@ -112,6 +112,24 @@ void createCharacter() {
     savePlayer();
 }
 
+enum class FileState { read, missing, unreadable };
+
+// Reads the file over the roster, as far as it goes.
+FileState readFile() {
+    const Transaction transaction(gameLock);
+    const std::string& name = game.session.characterFileName;
+    const auto read = std::make_unique<Roster::Slots>();
+    const std::optional<std::size_t> length = readInto(name, bytesOf(*read));
+    if (!length) {
+        return isMissing(name) ? FileState::missing : FileState::unreadable;
+    }
+    const std::span<char> bytes = bytesOf(*read).first(*length);
+    for (Roster::Slots* slots : {&game.roster.slots(), &game.roster.stored()}) {
+        std::copy(bytes.begin(), bytes.end(), bytesOf(*slots).begin());
+    }
+    return FileState::read;
+}
+
 void storeQuick(Save& save) {
     if (!save.isPossible()) {
         return;
@@ -123,17 +141,7 @@ void storeQuick(Save& save) {
 
 } // namespace
 
-bool readRoster() {
-    const Transaction transaction(gameLock);
-    const auto read = std::make_unique<Roster::Slots>();
-    const std::optional<std::size_t> length =
-        readInto(game.session.characterFileName, bytesOf(*read));
-    const std::span<char> bytes = bytesOf(*read).first(length.value_or(0));
-    for (Roster::Slots* slots : {&game.roster.slots(), &game.roster.stored()}) {
-        std::copy(bytes.begin(), bytes.end(), bytesOf(*slots).begin());
-    }
-    return length.has_value();
-}
+bool readRoster() { return readFile() == FileState::read; }
 
 PlayerRecord* ownSlot() {
     for (PlayerRecord& slot : std::span(game.roster.slots()).first(searchedSlots)) {
@@ -149,9 +157,9 @@ void loadPlayer() {
     clearScreen();
     say("`red`Starting game`bright white`...\n\r\n\r");
     game.session.doorUserName = userName();
-    const bool isRead = readRoster();
-    game.session.rosterUnread = isRead || isMissing(game.session.characterFileName) ? 0 : 1;
-    if (isRead) {
+    const FileState file = readFile();
+    game.session.rosterUnread = file == FileState::unreadable ? 1 : 0;
+    if (file == FileState::read) {
         if (PlayerRecord* slot = ownSlot()) {
             restorePlayer(*slot);
             beginNewDay(*slot);

@@ -44,12 +44,11 @@ void overlay(const TextSlot& slot, std::string& text) {
     }
 }
 
-void append(ScrollEntries& entries, const ScrollEntryBytes& entry) {
-    std::move(entries.begin() + 1, entries.end(), entries.begin());
-    entries.back() = entry;
-}
-
 } // namespace
+
+ScrollEntryBytes entryBytes(const ScrollEntry& entry) {
+    return std::bit_cast<ScrollEntryBytes>(EntryImage{slotOf(entry.author), slotOf(entry.message)});
+}
 
 bool removeEntry(ScrollEntries& entries, const ScrollEntryBytes& wanted) {
     const auto found = std::find(entries.begin(), entries.end(), wanted);
@@ -59,17 +58,6 @@ bool removeEntry(ScrollEntries& entries, const ScrollEntryBytes& wanted) {
     std::move_backward(entries.begin(), found, found + 1);
     entries.front() = {};
     return true;
-}
-
-ScrollBytes joinBoards(const ScrollBytes& first, const ScrollBytes& second) {
-    auto joined = std::bit_cast<ScrollEntries>(first);
-    auto known = joined;
-    for (const ScrollEntryBytes& entry : std::bit_cast<ScrollEntries>(second)) {
-        if (entry != ScrollEntryBytes{} && !removeEntry(known, entry)) {
-            append(joined, entry);
-        }
-    }
-    return std::bit_cast<ScrollBytes>(joined);
 }
 
 ScrollBytes scrollBytes(const Scroll& board) {

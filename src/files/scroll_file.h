@@ -28,7 +28,7 @@ namespace morvek {
 
 inline constexpr const char* scrollFileName = "scroll.dat";
 
-// Holds the board as it was while somebody types a message, for scroll.dat is empty then.
+// Holds the whole board, as 480 bytes, while somebody types a message: scroll.dat is empty then.
 inline constexpr const char* oldScrollFileName = "scroll.old";
 
 constexpr std::size_t scrollSize = 480;
@@ -47,12 +47,11 @@ struct ScrollImage {
 using ScrollEntryBytes = std::array<char, scrollEntrySize>;
 using ScrollEntries = std::array<ScrollEntryBytes, std::tuple_size_v<Scroll>>;
 
+// An entry as the file holds it.
+ScrollEntryBytes entryBytes(const ScrollEntry& entry);
+
 // Removes one entry of these bytes and tells whether there was one. An empty one is never there.
 bool removeEntry(ScrollEntries& entries, const ScrollEntryBytes& wanted);
-
-// The entries of the first board and behind them those of the second that the first lacks; the
-// last ten of them.
-ScrollBytes joinBoards(const ScrollBytes& first, const ScrollBytes& second);
 
 // The board as the file holds it.
 ScrollBytes scrollBytes(const Scroll& board);

@@ -28,6 +28,7 @@
 #include <string>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace morvek {
 namespace {
@@ -105,13 +106,17 @@ void append(Scroll& board, ScrollEntry entry) {
     board.back() = std::move(entry);
 }
 
-// Keeps a copy of what the file holds, and of what others who type have taken out of it.
-void keepOldBoard(const Transaction& transaction, ScrollBytes board) {
-    ScrollBytes old{};
-    if (gameLock.othersType() && readInto(oldScrollFileName, old) == scrollSize) {
-        board = joinBoards(old, board);
+// The old board holds in their order all messages of the file and all that have been taken out of
+// it by those who type now. There is none rather than a wrong one.
+void writeOldBoard(const Transaction& transaction, const ScrollBytes& board) {
+    if (replaceFile(transaction, oldScrollFileName, {board.data(), board.size()}) != 0) {
+        ::unlink(oldScrollFileName);
     }
-    replaceFile(transaction, oldScrollFileName, {board.data(), board.size()});
+}
+
+std::optional<ScrollBytes> readOldBoard() {
+    ScrollBytes old{};
+    return readInto(oldScrollFileName, old) == scrollSize ? std::optional(old) : std::nullopt;
 }
 
 // Empties the file of the messages that the caller has been shown, and returns these. What others
@@ -119,8 +124,8 @@ void keepOldBoard(const Transaction& transaction, ScrollBytes board) {
 Scroll takeMessages(Showing& showing) {
     const Transaction transaction(gameLock);
     const std::optional<ScrollImage> now = readAgain(transaction, showing);
-    if (now) {
-        keepOldBoard(transaction, now->bytes);
+    if (now && !gameLock.othersType()) {
+        writeOldBoard(transaction, now->bytes);
     }
     gameLock.setTyping(true);
     if (showing.alone) {
@@ -142,26 +147,57 @@ Scroll takeMessages(Showing& showing) {
     return taken;
 }
 
-// Puts the message behind those taken and those that others have confirmed meanwhile.
-void saveMessage(Showing& showing, Scroll board, const std::string& message) {
-    const Transaction transaction(gameLock);
-    const std::optional<ScrollImage> now = readAgain(transaction, showing);
-    const ScrollEntry own{game.player.name, message};
-    if (!now) {
-        append(game.scroll, own);
-        return;
-    }
+// The messages taken and those that others have confirmed meanwhile. The old board tells their
+// order; what it does not hold any more is older than ten others.
+Scroll putTogether(const Scroll& taken, const ScrollBytes& file,
+                   const std::optional<ScrollBytes>& old) {
     Scroll others;
-    overlayScroll(now->bytes, others);
-    for (const ScrollEntry& entry : others) {
-        if (!entry.author.empty() || !entry.message.empty()) {
+    overlayScroll(file, others);
+    std::vector<ScrollEntry> entries(taken.begin(), taken.end());
+    entries.insert(entries.end(), others.begin(), others.end());
+    std::erase_if(entries, [](const ScrollEntry& entry) {
+        return entry.author.empty() && entry.message.empty();
+    });
+    Scroll board;
+    if (!old) {
+        for (const ScrollEntry& entry : entries) {
             append(board, entry);
         }
+        return board;
     }
-    append(board, own);
-    game.scroll = board;
-    showing.file = {scrollBytes(board), scrollSize};
+    for (const ScrollEntryBytes& bytes : std::bit_cast<ScrollEntries>(*old)) {
+        const auto found =
+            std::find_if(entries.begin(), entries.end(),
+                         [&](const ScrollEntry& entry) { return entryBytes(entry) == bytes; });
+        if (found != entries.end()) {
+            append(board, *found);
+            entries.erase(found);
+        }
+    }
+    return board;
+}
+
+// Puts the message behind all others.
+void saveMessage(Showing& showing, const Scroll& taken, const std::string& message) {
+    const Transaction transaction(gameLock);
+    const std::optional<ScrollImage> now = readAgain(transaction, showing);
+    const std::optional<ScrollBytes> old = readOldBoard();
+    if (now && !showing.alone) {
+        game.scroll = putTogether(taken, now->bytes, old);
+    }
+    const ScrollEntry own{game.player.name, message};
+    append(game.scroll, own);
+    if (!now) {
+        return;
+    }
+    showing.file = {scrollBytes(game.scroll), scrollSize};
     writeScrollFile(showing.file.bytes);
+    if (old) {
+        auto entries = std::bit_cast<ScrollEntries>(*old);
+        std::move(entries.begin() + 1, entries.end(), entries.begin());
+        entries.back() = entryBytes(own);
+        writeOldBoard(transaction, std::bit_cast<ScrollBytes>(entries));
+    }
 }
 
 void endTyping() {
