@@ -12,4 +12,4 @@ umask 007
 # Prefer a copy of the program in this directory.
 PATH="$PWD:/usr/local/bin:/usr/bin:/bin"
 exec morvek -LOCAL -USERNAME "${1:-$(id -un)}" -CHARSET utf8 -TIMELEFT 60 -INACTIVITY 300 \
-    -ONECALLER morvek.lock -LOG morvek.log
+    -LOG morvek.log

@@ -6,14 +6,15 @@
 Every configuration is read by a parser of its format, and every line to be pasted or typed is read,
 run, or named here as one that only a running board can try. Each board has its own kind of drop
 file: the new character must belong to the caller whom that file names, and the log must tell of the
-call. Where the configuration relies on the lock, a second caller must be sent away.
+call. While he is inside, somebody else plays on another node, and he cannot come in a second time.
 """
-import configparser, contextlib, fcntl, glob, json, os, re, shlex, shutil, socket, subprocess, sys
-import tempfile, textwrap
+import configparser, contextlib, glob, json, os, re, shlex, shutil, socket, subprocess, sys
+import tempfile, textwrap, time
 
 PROGRAM, SYSOP, SOURCE = map(os.path.abspath, sys.argv[1:4])
 BOARDS = f"{SOURCE}/packaging/boards"
-KEYS = b"SArwen\ry2xqqxq"
+# Makes a character, of any name, and stays in Towne; leaves from there.
+ENTER, LEAVE = "S{}\ry2x", "qqxq"
 
 # As an operator does who keeps the game and his boards elsewhere; blanks in paths are no trouble.
 HOME = tempfile.mkdtemp(prefix="morvek boards.")
@@ -80,17 +81,17 @@ def lines(*start, end="\r\n", count=0):
     return end.join(texts + ["0"] * (count - len(texts)) + [""])
 
 
-def door32():
-    return lines(2, -1, 0, "Board", 1, "Real Name", board, 50, 40, 1, 7)
+def door32(name):
+    return lines(2, -1, 0, "Board", 1, "Real Name", name, 50, 40, 1, 7)
 
 
-def chain_txt():
-    return lines(1, board, "Real Name", "", 21, "M", 0, "06/01/26", 80, 25, 50, 0, 0, 1, 1,
+def chain_txt(name):
+    return lines(1, name, "Real Name", "", 21, "M", 0, "06/01/26", 80, 25, 50, 0, 0, 1, 1,
                  "2400.00", end="\n", count=32)
 
 
-def door_sys():
-    return lines("COM1:", 38400, 8, 7, 38400, "N", "N", "N", "N", board, "Towne", 1, 1, "secret",
+def door_sys(name):
+    return lines("COM1:", 38400, 8, 7, 38400, "N", "N", "N", "N", name, "Towne", 1, 1, "secret",
                  50, 1, "01/01/26", 2400, 40, "GR", count=31)
 
 
@@ -107,39 +108,58 @@ def sysop(*arguments):
     return subprocess.run([SYSOP, *arguments], check=True, capture_output=True).stdout
 
 
-def check_owner():
+def check_owners(*names):
     players = json.loads(sysop("--game", GAME, "players", "--json"))
-    check([player["ownerName"] for player in players] == [board], "another played:", players)
+    check([player["ownerName"] for player in players] == list(names), "the players are:", players)
 
 
-def call(command, directory, status, **environment):
-    """A caller who types all at once; what he saw."""
-    logged = log()
-    try:
-        done = subprocess.run(command, cwd=directory, input=KEYS, timeout=60,
-                              env=os.environ | environment, stdout=subprocess.PIPE,
-                              stderr=subprocess.STDOUT)
-    except OSError as failure:
-        check(False, failure)
-    check(done.returncode == status, command, "ended with", done.returncode, done.stdout[-300:])
-    told = log()[len(logged):]
-    check(len(told) == 1 and told[0][2] == board and told[0][-1].endswith(f"({status})"),
-          command, "left in the log:", told)
-    return done.stdout
+class Call:
+    """A caller on a node. In the words of the command and in the paths, {} stands for the node."""
+
+    def __init__(self, setup, node, name):
+        command, kind, drop, directory, environment = setup
+        path = f"{HOME}/{drop}".format(node)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", newline="") as file:
+            file.write(kind(name))
+        self.name, self.command = name, [word.format(node) for word in command]
+        own = {key: value.format(node) for key, value in environment.items()}
+        try:
+            self.door = subprocess.Popen(self.command, cwd=directory, env=os.environ | own,
+                                         stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                         stderr=subprocess.STDOUT)
+        except OSError as failure:
+            check(False, failure)
+
+    def enters(self):
+        self.door.stdin.write(ENTER.format(self.name).encode())
+        self.door.stdin.flush()
+        latest = time.monotonic() + 60
+        while not os.path.exists(f"{GAME}/morchars.dat"):
+            check(time.monotonic() < latest, self.command, "saves no character")
+            time.sleep(.02)
+
+    def ends(self, status, keys):
+        logged = len(log())
+        shown = self.door.communicate(keys.format(self.name).encode(), timeout=60)[0]
+        check(self.door.returncode == status, self.command, "ended with", self.door.returncode,
+              shown[-300:])
+        told = log()[logged:]
+        check(len(told) == 1 and told[0][2] == self.name and told[0][-1].endswith(f"({status})"),
+              self.command, "left in the log:", told)
+        return shown
 
 
-def plays(command, kind, drop, directory="/", alone=True, **environment):
-    """The first caller of this board, and a second one who comes while he plays."""
-    os.makedirs(os.path.dirname(f"{HOME}/{drop}"), exist_ok=True)
-    with open(f"{HOME}/{drop}", "w", newline="") as file:
-        file.write(kind())
+def plays(command, kind, drop, directory="/", **environment):
+    """The first caller of this board; another one, and himself again, while he plays."""
+    setup = command, kind, drop, directory, environment
     sysop("--game", GAME, "reset", "--force")
-    check(b"The Oak" in call(command, directory, 0, **environment), command, "shows no title")
-    check_owner()
-    if alone:
-        with open(f"{GAME}/morvek.lock") as lock:
-            fcntl.flock(lock, fcntl.LOCK_EX)
-            call(command, directory, 5, **environment)
+    first = Call(setup, 1, board)
+    first.enters()
+    Call(setup, 2, "Another").ends(0, ENTER + LEAVE)
+    check(b"on another node" in Call(setup, 3, board).ends(5, ENTER), command, "lets him in twice")
+    check(b"The Oak" in first.ends(0, LEAVE), command, "shows no title")
+    check_owners(board, "Another")
 
 
 def plays_over_socket(command):
@@ -149,7 +169,8 @@ def plays_over_socket(command):
     port = str(listener.getsockname()[1])
     socket.setdefaulttimeout(60)
     listener.settimeout(60)
-    for typed, status in ((KEYS, 0), (b"", 2)):  # He quits; he hangs up.
+    keys = (ENTER + LEAVE).format(board).encode()
+    for typed, status in ((keys, 0), (b"", 2)):  # He quits; he hangs up.
         master, terminal = os.openpty()
         door = subprocess.Popen([word.replace("{srvPort}", port) for word in command], cwd="/",
                                 stdin=terminal, stdout=terminal, stderr=terminal)
@@ -163,7 +184,7 @@ def plays_over_socket(command):
         check(door.wait(timeout=60) == status, command, "ended with", door.returncode)
         check(b"The Oak" in shown and b"\xff" not in shown, "over the socket:", shown)
         os.close(master)
-    check_owner()
+    check_owners(board)
 
 
 # --- The pages -----------------------------------------------------------------------------------
@@ -220,18 +241,18 @@ def enigma():
         entry = menus["doors"]["submit"][0]["action"].removeprefix("@menu:")
         check(menus[entry]["module"] == "abracadabra", "no module behind", entry)
         door = menus[entry]["config"]
-        drop = "drop/DOOR32.SYS"
+        drop = "drop/{}/DOOR32.SYS"
 
-        def command(door):
-            return [here(word).replace("{dropFilePath}", f"{HOME}/{drop}")
+        def command(door, node="{}"):
+            return [here(word).replace("{dropFilePath}", f"{HOME}/{drop}".format(node))
                     for word in [door["cmd"], *door["args"]]]
-        check(door["io"] == "stdio" and door["nodeMax"] == 1, door)
-        plays(command(door), door32, drop, here(door["cwd"]), alone=False)
-        plays([f"{GAME}/morvek.sh", *command(door)[1:]], door32, drop, alone=False)
+        check(door["io"] == "stdio" and "nodeMax" not in door, door)
+        plays(command(door), door32, drop, here(door["cwd"]))
+        plays([f"{GAME}/morvek.sh", *command(door)[1:]], door32, drop)
         other = next(block for block in pasted(page) if block.startswith("cmd:"))
         tried.update(other.splitlines())
         check(hjson(other)["io"] == "socket", other)
-        plays_over_socket(command(hjson(other)))
+        plays_over_socket(command(hjson(other), node=1))
 
 
 def synchronet():
@@ -239,53 +260,55 @@ def synchronet():
         installer = ini(configuration("install-xtrn.ini"))
         door = installer["prog:MORVEK"]
         check(installer["above"]["name"] and door["type"] == "XTRN_DOOR32", dict(door))
-        check(set(door["settings"].split(" | ")) == {"XTRN_NATIVE", "XTRN_STDIO"}, dict(door))
+        check(set(door["settings"].split(" | ")) ==
+              {"XTRN_NATIVE", "XTRN_STDIO", "XTRN_MULTIUSER"}, dict(door))
         check(len(door["cmd"]) < 64, "an old board cuts", door["cmd"])
-        plays(words(door["cmd"], f=f"{HOME}/node1/door32.sys"), door32, "node1/door32.sys",
-              here(door["startup_dir"]), alone=False)
+        plays(words(door["cmd"], f=f"{HOME}/node{{}}/door32.sys"), door32, "node{}/door32.sys",
+              here(door["startup_dir"]))
 
 
 def wwiv():
     with page_of("wwiv"):
         chain = fields(configuration("morvek.txt"))
-        check((chain["Exec Mode"], chain["Multi User"]) == ("STDIO", "No"), chain)
-        plays(words(chain["Filename"], C=f"{HOME}/wwiv/CHAIN.TXT"), chain_txt, "wwiv/CHAIN.TXT",
-              alone=False)
+        check((chain["Exec Mode"], chain["Multi User"]) == ("STDIO", "Yes"), chain)
+        plays(words(chain["Filename"], C=f"{HOME}/wwiv/{{}}/CHAIN.TXT"), chain_txt,
+              "wwiv/{}/CHAIN.TXT")
 
 
 def mystic():
     with page_of("mystic"):
         item = fields(configuration("morvek.txt"))
         check(item["Command"] == "D3", item)
-        plays(words(item["Data"], P=f"{HOME}/mystic/temp1/"), door32, "mystic/temp1/door32.sys")
+        plays(words(item["Data"], P=f"{HOME}/mystic/temp{{}}/"), door32,
+              "mystic/temp{}/door32.sys")
 
 
 def talisman():
     with page_of("talisman") as (page, tried):
         script = "/home/bbs/morvek/morvek-talisman.sh"
         tried.add(script)
-        plays([here(script), "1"], door32, "talisman/temp/1/door32.sys")
+        plays([here(script), "{}"], door32, "talisman/temp/{}/door32.sys")
 
 
 def magicka():
     with page_of("magicka"):
         door = ini(configuration("doors.ini"))["Morvek"]
         check(len(door["key"]) == 1 and door["stdio"] == "true", dict(door))
-        plays([here(door["command"]), "1"], door32, "magicka/node1/door32.sys")
+        plays([here(door["command"]), "{}"], door32, "magicka/node{}/door32.sys")
 
 
 def mbse():
     with page_of("mbse"):
         item = fields(configuration("morvek.txt"))
         check(item["Type"].startswith("7 "), item)
-        plays(words(item["Opt. data"]), door_sys, "users/alice/door.sys",
-              HOME=f"{HOME}/users/alice")
+        plays(words(item["Opt. data"]), door_sys, "users/{}/door.sys",
+              HOME=f"{HOME}/users/{{}}")
 
 
 def maximus():
     with page_of("maximus"):
         line = re.search(r"^/.*/morvek\.sh .*", configuration("morvek.txt"), re.M)[0]
-        plays(words(line, k="1"), door32, "maximus/node1/door32.sys")
+        plays(words(line, k="{}"), door32, "maximus/node{}/door32.sys")
 
 
 def any_board():

@@ -202,13 +202,14 @@ def gets_nothing_else(server, key):
 
 
 def hangs_up(server, key, name):
-    """With another caller at the door; the character stays as it was last saved."""
+    """With himself on a second line; the character stays as it was last saved."""
     player = Player(server, key)
     player.enters()
     player.sees("save, back to title")
     saved = read(f"{GAME}/morchars.dat")
     second = Player(server, key)
-    second.sees("Another caller is inside")
+    second.enters()
+    second.sees("already in the game on another node")
     second.ends(5)
     os.kill(player.pid, signal.SIGKILL)
     began = time.monotonic()
@@ -239,6 +240,8 @@ def check_page():
 
 
 def play():
+    os.mkdir(GAME)
+    os.chmod(GAME, 0o2770)
     subprocess.run([SYSOP, "init", GAME, "--board", "Friends", "--menus", f"{SOURCE}/menus"],
                    check=True, stdout=subprocess.DEVNULL)
     os.symlink(PROGRAM, f"{GAME}/morvek")

@@ -3,4 +3,4 @@
 # Copy this script and morvek.sh into the game directory.
 # Callers with system accounts share the game's files by their group.
 umask 007
-exec "$(dirname "$0")/morvek.sh" -D "$HOME" -STDIO -ONECALLER morvek.lock -LOG morvek.log
+exec "$(dirname "$0")/morvek.sh" -D "$HOME" -STDIO -LOG morvek.log
