@@ -177,6 +177,19 @@ Scroll putTogether(const Scroll& taken, const ScrollBytes& file,
     return board;
 }
 
+// The old board stays for those who still type.
+void endTyping(const Transaction& transaction) {
+    gameLock.setTyping(false);
+    if (transaction.mayWrite() && !gameLock.othersType()) {
+        ::unlink(oldScrollFileName);
+    }
+}
+
+void declineMessage() {
+    const Transaction transaction(gameLock);
+    endTyping(transaction);
+}
+
 // Puts the message behind all others.
 void saveMessage(Showing& showing, const Scroll& taken, const std::string& message) {
     const Transaction transaction(gameLock);
@@ -187,24 +200,17 @@ void saveMessage(Showing& showing, const Scroll& taken, const std::string& messa
     }
     const ScrollEntry own{game.player.name, message};
     append(game.scroll, own);
+    endTyping(transaction);
     if (!now) {
         return;
     }
     showing.file = {scrollBytes(game.scroll), scrollSize};
     writeScrollFile(showing.file.bytes);
-    if (old) {
+    if (old && gameLock.othersType()) {
         auto entries = std::bit_cast<ScrollEntries>(*old);
         std::move(entries.begin() + 1, entries.end(), entries.begin());
         entries.back() = entryBytes(own);
         writeOldBoard(transaction, std::bit_cast<ScrollBytes>(entries));
-    }
-}
-
-void endTyping() {
-    const Transaction transaction(gameLock);
-    gameLock.setTyping(false);
-    if (transaction.mayWrite() && !gameLock.othersType()) {
-        ::unlink(oldScrollFileName);
     }
 }
 
@@ -219,8 +225,9 @@ void writeScroll(Showing& showing) {
         "white`");
     if (answer("YN") == 'Y') {
         saveMessage(showing, taken, message);
+    } else {
+        declineMessage();
     }
-    endTyping();
 }
 
 void writeCopy(Showing& showing) {
