@@ -9,7 +9,7 @@
 //   2^32 on    a byte for each user who is inside, its place hashed from his name
 //
 // On a file system without locks, and where the file cannot be opened for writing, every lock is
-// granted and nobody is ever found inside.
+// granted.
 #pragma once
 
 #include <chrono>
