@@ -42,7 +42,8 @@ OD_NORETURN void od_exit(int errorlevel, int hangUp);
 /* Sets the colour of what follows by PC numbers: foreground 0..15, background 0..7. */
 void od_set_color(int foreground, int background);
 
-/* Asks a terminal of unknown kind whether it has ANSI graphics; waits at most a second. */
+/* Asks the terminal what is not known of it: whether it has ANSI graphics, its character set, and
+ * its width; waits at most a second for an answer. */
 void od_autodetect(int flags);
 
 /* Clears the screen (a form feed without ANSI graphics); the colour stays. With ANSI graphics it
@@ -73,10 +74,10 @@ char od_get_answer(const char* options);
  * it is. Only printable keys from min to max enter the text. */
 void od_input_str(char* text, int maxLength, unsigned char min, unsigned char max);
 
-/* Shows the display file name.ans or name.asc, unless a hot key is already typed, and waits for
- * one of the hot keys, in either case; returns it as it stands in hotkeys. If these are digits and
- * letters, the arrows are 8, 4, 6 and 2, and Home, PgUp, End and PgDn are 7, 9, 1 and 3; keys that
- * number a list from 1 are left alone. */
+/* Shows the display file name.ans, or name.asc to a caller without ANSI graphics or with fewer than
+ * 80 columns, unless a hot key is already typed, and waits for one of the hot keys, in either case;
+ * returns it as it stands in hotkeys. If these are digits and letters, the arrows are 8, 4, 6 and 2,
+ * and Home, PgUp, End and PgDn are 7, 9, 1 and 3; keys that number a list from 1 are left alone. */
 char od_hotkey_menu(const char* name, const char* hotkeys, int wait);
 
 #ifdef __cplusplus

@@ -64,6 +64,12 @@ Charset charsetOfEnvironment() {
     return Charset::cp437;
 }
 
+// Whether the terminal that this process was started from says that it obeys no sequences.
+bool isDumbTerminal() {
+    const char* kind = std::getenv("TERM");
+    return kind != nullptr && std::string_view(kind) == "dumb";
+}
+
 bool isOpenSocket(int descriptor) {
     struct stat status {};
     return descriptor > 0 && fstat(descriptor, &status) == 0 && S_ISSOCK(status.st_mode);
@@ -149,12 +155,18 @@ Caller resolveCaller(const Options& options, const std::optional<DropFile>& file
     DropFile usual;
     usual.secondsLeft = defaultMinutes * secondsPerMinute;
     usual.charset = local ? charsetOfEnvironment() : Charset::cp437;
+    const bool dumb = local && isDumbTerminal();
+    if (dumb) {
+        usual.ansi = false;
+    }
     const DropFile& known = file ? *file : usual;
     Caller caller;
     if (route == Route::socket) {
         caller.socket = socketOf(options, file);
     }
     caller.startedByBoard = !local && !options.local;
+    caller.terminalAnswers = !dumb;
+    caller.charsetGuessed = !options.charset;
     caller.charset = options.charset ? *options.charset : known.charset.value_or(*usual.charset);
     caller.name = nameOf(options, file, caller.charset).substr(0, longestName);
     caller.node = options.node.value_or(known.node);

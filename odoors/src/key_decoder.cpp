@@ -142,9 +142,8 @@ void KeyDecoder::feedSequence(char byte) {
 
 void KeyDecoder::endSequence() {
     state_ = State::text;
-    if (reportExpected_ && isCursorReport(sequence_)) {
-        reportExpected_ = false;
-        reportSeen_ = true;
+    if (reports_.size() < reportsExpected_ && isCursorReport(sequence_)) {
+        reports_.push_back(sequence_);
     } else {
         keys_.push_back({otherKey, keypadDigit(sequence_)});
     }

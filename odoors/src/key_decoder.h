@@ -17,6 +17,7 @@
 #include <deque>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "charset.h"
 #include "text/cp437.h"
@@ -52,11 +53,11 @@ public:
     // The next key, left where it is.
     Key peek() const { return keys_.empty() ? Key() : keys_.front(); }
 
-    // From now on one report of the cursor's position is no key.
-    void expectCursorReport() { reportExpected_ = true; }
+    // From now on so many more reports of the cursor's position are no keys.
+    void expectCursorReports(std::size_t count) { reportsExpected_ += count; }
 
-    // Whether that report has come.
-    bool cursorReportSeen() const { return reportSeen_; }
+    // Those that have come, without the escapes: "[row;columnR".
+    const std::vector<std::string>& cursorReports() const { return reports_; }
 
 private:
     enum class State { text, afterReturn, escape, sequence, consoleSequence };
@@ -71,9 +72,9 @@ private:
     Charset charset_ = Charset::cp437;
     text::Utf8Reader utf8_;
     State state_ = State::text;
-    std::string sequence_; // the bytes after the escape
-    bool reportExpected_ = false;
-    bool reportSeen_ = false;
+    std::string sequence_;            // the bytes after the escape
+    std::size_t reportsExpected_ = 0; // and those that have come
+    std::vector<std::string> reports_;
 };
 
 } // namespace odoors

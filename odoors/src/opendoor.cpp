@@ -160,7 +160,7 @@ void od_set_color(int foreground, int background) {
     session().output.setAttribute({foreground & 15, background & 7, false});
 }
 
-void od_autodetect(int) { session().detectAnsi(); }
+void od_autodetect(int) { session().detectTerminal(); }
 
 void od_clr_scr() { session().clearScreen(); }
 
@@ -232,7 +232,7 @@ char od_hotkey_menu(const char* name, const char* hotkeys, int wait) {
     const std::string_view keys = orEmpty(hotkeys);
     const bool directions = hasDirections(keys);
     if (choose(keys, session().typedAhead(), directions) == 0) {
-        const bool ansi = od_control.user_ansi == 1;
+        const bool ansi = od_control.user_ansi == 1 && !session().isNarrow();
         session().output.showFile(odoors::readDisplayFile(std::string(orEmpty(name)), ansi));
     }
     return nextChoice(keys, wait != 0, directions);

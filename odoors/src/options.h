@@ -20,7 +20,7 @@ struct Options {
     std::optional<int> handle;
     bool standardStreams = false;
     std::optional<bool> ansi;
-    std::optional<Charset> charset; // none: what the terminal seems to show
+    std::optional<Charset> charset; // none: what the terminal shows
     std::optional<std::int64_t> inactivitySeconds;
     std::optional<std::int64_t> pauseMilliseconds;
     std::optional<std::string> lockFile;

@@ -12,6 +12,7 @@
 
 #include "startup_error.h"
 #include "terminal.h"
+#include "text.h"
 
 namespace odoors {
 
@@ -36,6 +37,19 @@ constexpr Milliseconds lastChance = 60 * perSecond;
 
 constexpr Milliseconds longestDetection = perSecond;
 constexpr std::string_view askCursorPosition = "\033[6n";
+constexpr std::string_view farCorner = "\033[255;255H";
+constexpr int fullWidth = 80;
+
+// One column wide in UTF-8, of any ambiguity; two characters in any other character set.
+constexpr std::string_view twoByteCharacter = "\xc3\xb6";
+constexpr std::string_view twoBlanks = "  ";
+
+// The column in a report of the cursor's position.
+int columnIn(std::string_view report) {
+    const std::size_t middle = report.find(';');
+    const std::string_view number = report.substr(middle + 1, report.size() - middle - 2);
+    return static_cast<int>(std::min<std::int64_t>(readNumber(number).value_or(0), 9999));
+}
 
 } // namespace
 
@@ -59,7 +73,9 @@ void Session::connect(const Caller& caller) {
     startedByBoard_ = caller.startedByBoard;
     ansiFlag_ = caller.ansi.value_or(false) ? 1 : 0;
     const bool interactive = connection_.isInteractive();
-    ansiSettled_ = caller.ansi.has_value() || !interactive;
+    terminalAnswers_ = interactive && caller.terminalAnswers;
+    ansiKnown_ = caller.ansi.has_value();
+    charsetKnown_ = !caller.charsetGuessed;
     longestPause_ = caller.longestPause.value_or(interactive ? defaultPause : 0);
     output.setCharset(caller.charset);
     keys_.setCharset(caller.charset);
@@ -100,16 +116,57 @@ void Session::endIfSignalled() {
     }
 }
 
-void Session::detectAnsi() {
-    if (ansiSettled_ || ansiFlag_ == 1) {
+void Session::detectTerminal() {
+    const bool asksForAnsi = !ansiKnown_ && ansiFlag_ != 1;
+    if (!terminalAnswers_ || !(asksForAnsi || (ansiFlag_ == 1 && !charsetKnown_))) {
         return;
     }
-    ansiSettled_ = true;
-    keys_.expectCursorReport();
-    output.control(askCursorPosition);
+    terminalAnswers_ = false; // once is enough
+    const bool answers = askCursorReports(askCursorPosition, 1);
+    if (asksForAnsi) {
+        ansiFlag_ = answers ? 1 : 0;
+    }
+    if (answers) {
+        measureTerminal();
+    }
+}
+
+// Asks where the cursor is behind a character that is wider unless the terminal shows UTF-8, and in
+// the far corner. The same write takes the character off and the cursor back to where it was.
+void Session::measureTerminal() {
+    const std::string here = keys_.cursorReports().front();
+    const std::string back = "\033" + here.substr(0, here.size() - 1) + 'H';
+    std::string question;
+    if (!charsetKnown_) {
+        question.append(twoByteCharacter).append(askCursorPosition);
+    }
+    question.append(farCorner).append(askCursorPosition).append(back);
+    if (!charsetKnown_) {
+        question.append(twoBlanks).append(back);
+    }
+    if (!askCursorReports(question, charsetKnown_ ? 1 : 2)) {
+        return;
+    }
+    const int start = columnIn(here);
+    const int width = columnIn(keys_.cursorReports().back());
+    narrow_ = start < width && width < fullWidth;
+    const int shown = columnIn(keys_.cursorReports()[1]) - start;
+    if (!charsetKnown_ && start + 1 < width && (shown == 1 || shown == 2)) {
+        const Charset charset = shown == 1 ? Charset::utf8 : Charset::cp437;
+        output.setCharset(charset);
+        keys_.setCharset(charset);
+    }
+}
+
+// Asks for so many more reports of the cursor's position; whether all have come in time.
+bool Session::askCursorReports(std::string_view question, std::size_t count) {
+    const std::vector<std::string>& reports = keys_.cursorReports();
+    const std::size_t all = reports.size() + count;
+    keys_.expectCursorReports(count);
+    output.control(question);
     flushUnread();
-    receiveUntil([&] { return keys_.cursorReportSeen(); }, monotonicNow() + longestDetection);
-    ansiFlag_ = keys_.cursorReportSeen() ? 1 : 0;
+    receiveUntil([&] { return reports.size() >= all; }, monotonicNow() + longestDetection);
+    return reports.size() >= all;
 }
 
 void Session::clearScreen() {

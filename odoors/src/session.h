@@ -36,8 +36,12 @@ public:
     // Ends the process as for a caller who is gone when a signal has come that ends the session.
     void endIfSignalled();
 
-    // Asks a terminal of unknown kind whether it has ANSI graphics; waits at most a second.
-    void detectAnsi();
+    // Asks the terminal what is not known of it: whether it has ANSI graphics, its width, and its
+    // character set. Waits at most a second for an answer.
+    void detectTerminal();
+
+    // Whether the terminal is known to have fewer than 80 columns.
+    bool isNarrow() const { return narrow_; }
 
     // Clears the screen, after a pause in which the caller can read what it would wipe.
     void clearScreen();
@@ -64,6 +68,8 @@ private:
     bool receive(Milliseconds timeout);
     template <typename Condition>
     void receiveUntil(Condition holds, Milliseconds giveUp);
+    bool askCursorReports(std::string_view question, std::size_t count);
+    void measureTerminal();
     void pauseForReader();
     bool checkTime(Milliseconds now);
     bool repeatNotice();
@@ -84,7 +90,10 @@ private:
     Milliseconds escapeSettles_ = never; // when a lone escape becomes a key
     std::string unseenNotice_;           // a warning that was shown while keys were typed ahead
     bool typingLine_ = false;
-    bool ansiSettled_ = true;
+    bool terminalAnswers_ = false;
+    bool ansiKnown_ = true;
+    bool charsetKnown_ = true;
+    bool narrow_ = false;
     bool callerKnown_ = false;
     bool startedByBoard_ = false;
 };

@@ -50,7 +50,8 @@ public:
     // The program behind the shim, to be started at once.
     Child program(const std::string& fault = "", const std::string& user = "Ace") const {
         setenv("MORVEK_FAULT", fault.c_str(), 1);
-        return Game::program({"-LOCAL", "-GRAPHICS", "-PAUSE=0", "-USERNAME", user});
+        return Game::program(
+            {"-LOCAL", "-GRAPHICS", "-CHARSET=cp437", "-PAUSE=0", "-USERNAME", user});
     }
 
     // Waits until the program waits for a key, and takes in what it shows; false when it does not.

@@ -48,9 +48,10 @@ struct Call {
     std::string_view keys{}; // the line is lost behind the last one
     bool ansi = (bits & 1) != 0;
     bool utf8 = (bits & 2) != 0;
-    bool telnet = (bits & 4) != 0;   // and, unless he has ANSI graphics, asked whether he has
-    bool slow = (bits & 8) != 0;     // types no key ahead; for a NUL he waits a minute
-    bool hurried = (bits & 16) != 0; // has 7 minutes left
+    bool telnet = (bits & 4) != 0;    // and, unless he has ANSI graphics, asked whether he has
+    bool slow = (bits & 8) != 0;      // types no key ahead; for a NUL he waits a minute
+    bool hurried = (bits & 16) != 0;  // has 7 minutes left
+    bool measured = (bits & 32) != 0; // the character set is asked for
     bool trusted = true; // whether what he is shown must be free of foreign control bytes
     std::string name = "Alice";
 };

@@ -51,7 +51,9 @@ void hold(const Call& next, const std::function<void()>& door) {
     options.local = !call.telnet;
     options.userName = call.name;
     options.minutesLeft = call.hurried ? 7 : 60;
-    options.charset = call.utf8 ? odoors::Charset::utf8 : odoors::Charset::cp437;
+    if (!call.measured) {
+        options.charset = call.utf8 ? odoors::Charset::utf8 : odoors::Charset::cp437;
+    }
     if (call.ansi || !call.telnet) {
         options.ansi = call.ansi;
     }

@@ -11,7 +11,7 @@ using namespace testing;
 TEST(ProgramJourney, FirstGameAndReturn) {
     Game game;
     game.write(door32.name, door32.with());
-    const Call call(game.program({"-D", "."}));
+    const Call call(game.program({"-D", ".", "-CHARSET=cp437"}));
     std::string shown;
     for (const std::string step :
          {"intmenu.ans=s", "Character Name=Alx\bdur\r", "correct? =y", "clasmenu.ans=2",
@@ -40,7 +40,7 @@ TEST(ProgramJourney, FirstGameAndReturn) {
     EXPECT_EQ(call.status(), 0);
     EXPECT_TRUE(call.isRestored());
 
-    const Call again(game.program({"-D", "."}), Line::terminal, false);
+    const Call again(game.program({"-D", ".", "-CHARSET=cp437"}), Line::terminal, false);
     again.type("s");
     EXPECT_THAT(again.until("any key!"), HasSubstr("Aldur"));
     again.type(" q  q");
@@ -90,6 +90,33 @@ TEST(ProgramJourney, ColoursTerminalsOfToday) {
             EXPECT_THAT(sequence, Not(ContainsRegex("[[;]1[;m]")));
         }
     }
+}
+
+// The title, on a terminal of this kind that says that the cursor is here, and then there.
+std::string titleAt(const char* kind, const std::string& here, const std::string& there) {
+    setenv("LC_ALL", "C", 1);
+    setenv("TERM", kind, 1);
+    Game game;
+    const Call call(game.program({"-LOCAL"}));
+    if (!here.empty()) {
+        call.until("\033[6n");
+        call.type(here);
+        call.until("\033[1;1H  \033[1;1H");
+        call.type(there);
+    }
+    return call.until("hoice");
+}
+
+TEST(ProgramJourney, FitsTheTerminal) {
+    const std::string here = "\033[1;1R";
+    const std::string shade = "\xe2\x96\x91";
+    EXPECT_THAT(titleAt("xterm", here, "\033[1;2R\033[24;80R"), HasSubstr(shade));
+    EXPECT_THAT(titleAt("xterm", here, "\033[1;3R\033[24;80R"),
+                AllOf(HasSubstr("\033["), HasSubstr("\xb0"), Not(HasSubstr(shade))));
+    EXPECT_THAT(titleAt("xterm", here, "\033[1;2R\033[20;40R"),
+                AllOf(HasSubstr("\033["), HasSubstr("S)tart the Game")));
+    EXPECT_THAT(titleAt("dumb", "", ""),
+                AllOf(Not(HasSubstr("\033")), HasSubstr("S)tart the Game")));
 }
 
 // He has five minutes and a second.

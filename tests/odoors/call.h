@@ -40,6 +40,7 @@ inline Child doorChild(const Arguments& arguments, const Door& door) {
             return result;
         };
         setenv("LC_ALL", "C", 1);
+        setenv("TERM", "xterm", 1);
         std::vector<char*> argv = commandLine(arguments);
         od_parse_cmd_line(static_cast<int>(argv.size()) - 1, argv.data());
         od_init();

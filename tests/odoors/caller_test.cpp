@@ -141,6 +141,16 @@ TEST(CallerTest, HasANameOfAtMost35BytesInCp437) {
     EXPECT_EQ(nameFor({"-LOCAL", "-CHARSET=utf8", "-USERNAME=J\xc3\xb6rg"}), "J\x94rg");
 }
 
+TEST(CallerTest, AtADumbTerminalHasNoAnsiGraphicsAndIsNotAsked) {
+    setenv("TERM", "dumb", 1);
+    EXPECT_EQ(resolveCaller({}, {}, {}).ansi, false);
+    EXPECT_FALSE(resolveCaller(optionsOf({"-GRAPHICS"}), {}, {}).terminalAnswers);
+    EXPECT_EQ(resolveCaller(optionsOf({"-GRAPHICS"}), {}, {}).ansi, true);
+    EXPECT_TRUE(resolveCaller({}, DropFile(), {}).terminalAnswers) << "another terminal";
+    setenv("TERM", "xterm", 1);
+    EXPECT_TRUE(resolveCaller({}, {}, {}).terminalAnswers);
+}
+
 TEST(CallerTest, AtHomeHasTheCharacterSetOfTheEnvironment) {
     const auto charsetFor = [](const char* everything, const char* language) {
         setenv("LC_ALL", everything, 1);

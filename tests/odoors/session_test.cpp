@@ -9,12 +9,29 @@ using namespace std::string_literals;
 
 namespace {
 
-const Door askForAnsi = [] {
+const Door ask = [] {
     od_printf("hello");
+    od_autodetect(1);
     od_autodetect(1);
     od_printf("`red`%d", od_control.user_ansi);
     tellKeys();
 };
+
+const std::string position = "\033[6n";
+const std::string corner = "\033[255;255H";
+
+// What a terminal is shown that gives these answers, and then sends an ö in UTF-8.
+std::string measured(const Arguments& options, const std::vector<std::string>& answers) {
+    const Call call(doorChild(options, ask));
+    std::string shown;
+    for (const std::string& answer : answers) {
+        shown += call.until(position);
+        call.type(answer);
+    }
+    shown += call.until("ready");
+    call.type("\xc3\xb6q");
+    return shown + call.until("the end");
+}
 
 } // namespace
 
@@ -36,22 +53,41 @@ TEST(Terminal, IsRawDuringTheCallAndRestoredAfterItOrItsCrash) {
 }
 
 TEST(Terminal, AnswersWhetherItHasAnsiGraphics) {
-    const Call call(doorChild({}, askForAnsi));
+    const Call call(doorChild({"-L", "-CHARSET=cp437"}, ask));
     call.type("a");
     EXPECT_EQ(call.until("\033[6n"), "hello\033[6n");
-    call.type("b\033\033[1;");
-    call.type("1Rc");
-    EXPECT_EQ(call.until("<99>"), "\033[0;31m1ready<97><98><27><99>");
+    call.type("b\033\033[3;");
+    call.type("6Rc");
+    EXPECT_EQ(call.until(corner + position + "\033[3;6H"), corner + position + "\033[3;6H");
+    call.type("\033[24;132Rd");
+    EXPECT_EQ(call.until("<100>"), "\033[0;31m1ready<97><98><27><99><100>");
 }
 
 TEST(Terminal, HasASecondToAnswer) {
-    const Call call(doorChild({"-LOCAL"}, askForAnsi));
+    const Call call(doorChild({"-LOCAL"}, ask));
     const auto start = std::chrono::steady_clock::now();
     call.until("\033[6n");
     EXPECT_EQ(call.until("ready"), "0ready");
     EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(900));
     call.type("\033[1;6Rb");
     EXPECT_EQ(call.until(">"), "<98>") << "an answer that comes too late is no key either";
+}
+
+TEST(Terminal, IsMeasuredForItsCharacterSet) {
+    const std::string question = "\xc3\xb6" + position + corner + position + "\033[3;6H  \033[3;6H";
+    const std::string utf8 = "\033[0;31;40m1ready<148>\033[0m";
+    const std::string cp437 = "\033[0;31m1ready<195><182>\033[0m";
+    const std::string here = "\033[3;6R";
+    const std::string full = "\033[24;80R";
+    const std::string start = "hello" + position;
+    EXPECT_EQ(measured({"-L"}, {here, "\033[3;7R" + full}), start + question + utf8);
+    EXPECT_EQ(measured({"-L"}, {here, "\033[3;8R" + full}), start + question + cp437);
+    EXPECT_EQ(measured({"-L", "-GRAPHICS"}, {here, "\033[3;7R" + full}),
+              "\033[0;37mhello" + position + question + utf8);
+    EXPECT_THAT(measured({"-L"}, {here, here + here}), testing::EndsWith(cp437)) << "the locale's";
+    EXPECT_THAT(measured({"-L"}, {"\033[1;79R", "\033[1;80R" + full}), testing::EndsWith(cp437))
+        << "there is no room for two";
+    EXPECT_EQ(measured({"-L", "-ASCII"}, {}), "hello0ready<195><182>") << "not asked";
 }
 
 TEST(Terminal, SendsAnEscapeAloneAsAKey) {
@@ -75,15 +111,18 @@ TEST(Sockets, CarryAWholeCall) {
         od_disp_str("\xff\n\r");
         tellKeys();
     };
-    const Call call(doorChild({"-D", dropFile}, door), Line::socket);
+    const Call call(doorChild({"-D", dropFile, "-CHARSET=cp437"}, door), Line::socket);
     call.type(
         "\xff\xfd\x01\xff\xfd\x03\xff\xfb\x03\xff\xfd\0\xff\xfb\0\033[;Ra\033[1;Rb\033[1;2;3Rc"
-        "\033[1;1Rd\033[1;1R\r\0\xff\xff\xff\xfb\x1f\xff\xfa\x1f\0\xff"s);
+        "\033[1;1Rd\033[1;1R\r\0\xff\xff\xff\xfb\x1f"s);
+    const std::string shown = call.until("\033[1;1H");
+    call.type("\033[24;80R\xff\xfa\x1f\0\xff"s);
     // WILL and DO of echo (1), no go-ahead (3) and binary (0), as far as they are ours to offer.
-    EXPECT_EQ(
-        call.until("<255>"),
-        "\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03\xff\xfb\0\xff\xfd\0\033[6n\xff\xfe\x1f\033[0;37m"
-        "\xff\xff\n\rready<127><97><127><98><127><99><100><127><13><255>"s);
+    EXPECT_EQ(shown + call.until("<255>"),
+              "\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03\xff\xfb\0\xff\xfd\0\033[6n\xff\xfe\x1f"s +
+                  corner + position +
+                  "\033[1;1H\033[0;37m"
+                  "\xff\xff\n\rready<127><97><127><98><127><99><100><127><13><255>"s);
     call.type("\xff\0\x19\xff\xf0\r\n\xff\xf1q"s);
     EXPECT_EQ(call.until("\033[0m"), "<13>\033[0m");
     EXPECT_EQ(call.status(), 0);
