@@ -49,6 +49,9 @@ public:
     // Gives the terminal its own colour back.
     void resetColour();
 
+    // Whether the cursor is behind the start of its line.
+    bool isInLine() const { return column_ > 0; }
+
     // Shows a text, bells and all, on a line of its own; with continued also the line that it
     // interrupts again.
     void showLine(std::string_view text, bool continued);

@@ -377,8 +377,11 @@ void Session::waitForReader(const Ending& ending) {
 
 void Session::endForLostCaller() {
     logEnd(connectionLost.words);
-    output.drain();
+    const bool inLine = !output.drain().empty() || output.isInLine();
     output.resetColour();
+    if (inLine && sessionSignalled()) { // whoever sent the signal may be at this terminal
+        output.control("\r\n");
+    }
     connection_.writeAtParting(output.drain());
     restoreTerminal();
     _exit(connectionLost.status);

@@ -3,6 +3,8 @@
 #include "support/ace.h"
 #include "support/program.h"
 
+#include <csignal>
+
 #include <gmock/gmock.h>
 
 using namespace testing;
@@ -117,6 +119,14 @@ TEST(ProgramJourney, FitsTheTerminal) {
                 AllOf(HasSubstr("\033["), HasSubstr("S)tart the Game")));
     EXPECT_THAT(titleAt("dumb", "", ""),
                 AllOf(Not(HasSubstr("\033")), HasSubstr("S)tart the Game")));
+}
+
+TEST(ProgramJourney, LeavesTheTerminalToTheShell) {
+    Game game;
+    const Call call(game.program({"-LOCAL", "-GRAPHICS", "-CHARSET=cp437"}));
+    call.until("Your choice");
+    kill(call.child, SIGTERM);
+    EXPECT_THAT(call.until("the end"), EndsWith("\033[0m\r\n"));
 }
 
 // He has five minutes and a second.
