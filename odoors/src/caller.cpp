@@ -165,8 +165,7 @@ Caller resolveCaller(const Options& options, const std::optional<DropFile>& file
         caller.socket = socketOf(options, file);
     }
     caller.startedByBoard = !local && !options.local;
-    caller.terminalAnswers = !dumb;
-    caller.charsetGuessed = !options.charset;
+    caller.charsetGuessed = !options.charset && !dumb;
     caller.charset = options.charset ? *options.charset : known.charset.value_or(*usual.charset);
     caller.name = nameOf(options, file, caller.charset).substr(0, longestName);
     caller.node = options.node.value_or(known.node);

@@ -17,13 +17,12 @@ struct Caller {
     std::optional<int> socket; // none: he is at standard input and output
     int node = 1;
     std::int64_t secondsLeft = 0;
-    bool timed = false;          // whether the session ends when they are used up
-    bool terminalAnswers = true; // when it is asked what it is
-    std::optional<bool> ansi;    // none: the terminal is to be asked
+    bool timed = false;       // whether the session ends when they are used up
+    std::optional<bool> ansi; // none: the terminal is to be asked
     Charset charset = Charset::cp437;
-    bool charsetGuessed = false;        // the terminal is to be asked, if it has ANSI graphics
-    bool startedByBoard = false;        // rather than by himself
-    std::int64_t inactivitySeconds = 0; // 0: a wait for a key may last for ever
+    bool charsetGuessed = false;              // a terminal with ANSI graphics is to be asked
+    bool startedByBoard = false;              // rather than by himself
+    std::int64_t inactivitySeconds = 0;       // 0: a wait for a key may last for ever
     std::optional<std::int64_t> longestPause; // before a clear, in milliseconds; none: as is usual
 };
 

@@ -73,9 +73,8 @@ void Session::connect(const Caller& caller) {
     startedByBoard_ = caller.startedByBoard;
     ansiFlag_ = caller.ansi.value_or(false) ? 1 : 0;
     const bool interactive = connection_.isInteractive();
-    terminalAnswers_ = interactive && caller.terminalAnswers;
-    ansiKnown_ = caller.ansi.has_value();
-    charsetKnown_ = !caller.charsetGuessed;
+    asksForAnsi_ = interactive && !caller.ansi;
+    asksForCharset_ = interactive && caller.charsetGuessed;
     longestPause_ = caller.longestPause.value_or(interactive ? defaultPause : 0);
     output.setCharset(caller.charset);
     keys_.setCharset(caller.charset);
@@ -117,18 +116,16 @@ void Session::endIfSignalled() {
 }
 
 void Session::detectTerminal() {
-    const bool asksForAnsi = !ansiKnown_ && ansiFlag_ != 1;
-    if (!terminalAnswers_ || !(asksForAnsi || (ansiFlag_ == 1 && !charsetKnown_))) {
+    asksForAnsi_ = asksForAnsi_ && ansiFlag_ != 1;
+    if (!asksForAnsi_ && !(asksForCharset_ && ansiFlag_ == 1)) {
         return;
     }
-    terminalAnswers_ = false; // once is enough
     const bool answers = askCursorReports(askCursorPosition, 1);
-    if (asksForAnsi) {
-        ansiFlag_ = answers ? 1 : 0;
-    }
     if (answers) {
         measureTerminal();
     }
+    ansiFlag_ = answers || !asksForAnsi_ ? 1 : 0;
+    asksForAnsi_ = asksForCharset_ = false; // once is enough
 }
 
 // Asks where the cursor is behind a character that is wider unless the terminal shows UTF-8, and in
@@ -136,22 +133,20 @@ void Session::detectTerminal() {
 void Session::measureTerminal() {
     const std::string here = keys_.cursorReports().front();
     const std::string back = "\033" + here.substr(0, here.size() - 1) + 'H';
-    std::string question;
-    if (!charsetKnown_) {
-        question.append(twoByteCharacter).append(askCursorPosition);
-    }
-    question.append(farCorner).append(askCursorPosition).append(back);
-    if (!charsetKnown_) {
+    std::string question(farCorner);
+    question.append(askCursorPosition).append(back);
+    if (asksForCharset_) {
+        question.insert(0, askCursorPosition).insert(0, twoByteCharacter);
         question.append(twoBlanks).append(back);
     }
-    if (!askCursorReports(question, charsetKnown_ ? 1 : 2)) {
+    if (!askCursorReports(question, asksForCharset_ ? 2 : 1)) {
         return;
     }
     const int start = columnIn(here);
     const int width = columnIn(keys_.cursorReports().back());
     narrow_ = start < width && width < fullWidth;
     const int shown = columnIn(keys_.cursorReports()[1]) - start;
-    if (!charsetKnown_ && start + 1 < width && (shown == 1 || shown == 2)) {
+    if (asksForCharset_ && start + 1 < width && (shown == 1 || shown == 2)) {
         const Charset charset = shown == 1 ? Charset::utf8 : Charset::cp437;
         output.setCharset(charset);
         keys_.setCharset(charset);

@@ -90,9 +90,8 @@ private:
     Milliseconds escapeSettles_ = never; // when a lone escape becomes a key
     std::string unseenNotice_;           // a warning that was shown while keys were typed ahead
     bool typingLine_ = false;
-    bool terminalAnswers_ = false;
-    bool ansiKnown_ = true;
-    bool charsetKnown_ = true;
+    bool asksForAnsi_ = false;
+    bool asksForCharset_ = false;
     bool narrow_ = false;
     bool callerKnown_ = false;
     bool startedByBoard_ = false;

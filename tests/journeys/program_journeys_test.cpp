@@ -62,63 +62,60 @@ TEST(ProgramJourney, ShowsAMessageBeforeItClears) {
     EXPECT_THAT(call.until("\033[2J"), StartsWith("\033[2J"));
 }
 
-// From a dead end of the forest only one arrow leads back, to which others are no answer.
+// From a dead end of the forest, whose only way out is south.
 TEST(ProgramJourney, WalksWithTheArrows) {
     Game game;
     game.write("morchars.dat", rosterOf(true));
     const Call call(game.program({"-LOCAL", "-USERNAME=Ace", "-GRAPHICS", "-CHARSET=cp437"}));
-    call.type("sxf\033OA");
-    EXPECT_THAT(call.until("Forest 2"), HasSubstr("Forest 2"));
-    call.type("\033[A\033[4~\033[B");
-    EXPECT_THAT(call.until("Forest 1"), HasSubstr("Forest 1"));
-    call.type("\033[D");
-    EXPECT_THAT(call.until("Forest 14"), HasSubstr("Forest 14"));
-    call.type("\033[4~");
-    EXPECT_THAT(call.until("Forest 15"), HasSubstr("Forest 15"));
-}
-
-// Each sequence that colours names both colours, and none is bold.
-TEST(ProgramJourney, ColoursTerminalsOfToday) {
-    Game game;
-    const Call call(game.program({"-LOCAL", "-GRAPHICS", "-CHARSET=utf8"}));
-    call.type("s");
-    std::string shown = call.until("Character Name");
-    EXPECT_THAT(shown, HasSubstr("\033[2J"));
-    for (std::size_t end = 0; (end = shown.find('m', end + 1)) != std::string::npos;) {
-        const std::size_t begin = shown.rfind("\033[", end);
-        const std::string sequence = shown.substr(begin, end + 1 - begin);
-        if (sequence.find_first_not_of("0123456789;m", 2) == std::string::npos) {
-            EXPECT_THAT(sequence, MatchesRegex(".*[39][0-7];4[0-7]m"));
-            EXPECT_THAT(sequence, Not(ContainsRegex("[[;]1[;m]")));
-        }
+    for (const std::string step :
+         {"sxf=Forest 1", "\033OA=Forest 2", "\033[A\033[4~\033[B=Forest 1", "\033[D=Forest 14",
+          "\033[4~=Forest 15"}) {
+        const std::size_t middle = step.find('=');
+        call.type(step.substr(0, middle));
+        EXPECT_THAT(call.until(step.substr(middle + 1)), HasSubstr(step.substr(middle + 1)));
     }
 }
 
-// The title, on a terminal of this kind that says that the cursor is here, and then there.
-std::string titleAt(const char* kind, const std::string& here, const std::string& there) {
+// Each sequence that colours ends in a background, and none is bold.
+TEST(ProgramJourney, ColoursTerminalsOfToday) {
+    Game game;
+    const Call call(game.program({"-LOCAL", "-GRAPHICS", "-CHARSET=utf8"}));
+    EXPECT_THAT(call.until("hoice"),
+                AllOf(HasSubstr(";9"), Not(ContainsRegex("\033\\[([0-9;]*;)?1[;m]")),
+                      Not(ContainsRegex("\033\\[([0-9;]*[^4])?[0-7]m"))));
+}
+
+const std::string position = "\033[6n";
+
+// The title, at a terminal that answers so when it is asked where the cursor is, and then where it
+// is behind an ö and in the far corner.
+std::string titleAt(const std::string& first, const std::string& second) {
     setenv("LC_ALL", "C", 1);
-    setenv("TERM", kind, 1);
+    setenv("TERM", first.empty() ? "dumb" : "xterm", 1);
     Game game;
     const Call call(game.program({"-LOCAL"}));
-    if (!here.empty()) {
-        call.until("\033[6n");
-        call.type(here);
-        call.until("\033[1;1H  \033[1;1H");
-        call.type(there);
+    if (!first.empty()) {
+        EXPECT_EQ(call.until(position), position);
+        call.type(first);
+        const std::string back = '\033' + first.substr(1, first.size() - 2) + 'H';
+        const std::string question =
+            "\xc3\xb6" + position + "\033[255;255H" + position + back + "  " + back;
+        EXPECT_EQ(call.until("  " + back), question);
+        call.type(second);
     }
     return call.until("hoice");
 }
 
 TEST(ProgramJourney, FitsTheTerminal) {
-    const std::string here = "\033[1;1R";
-    const std::string shade = "\xe2\x96\x91";
-    EXPECT_THAT(titleAt("xterm", here, "\033[1;2R\033[24;80R"), HasSubstr(shade));
-    EXPECT_THAT(titleAt("xterm", here, "\033[1;3R\033[24;80R"),
-                AllOf(HasSubstr("\033["), HasSubstr("\xb0"), Not(HasSubstr(shade))));
-    EXPECT_THAT(titleAt("xterm", here, "\033[1;2R\033[20;40R"),
-                AllOf(HasSubstr("\033["), HasSubstr("S)tart the Game")));
-    EXPECT_THAT(titleAt("dumb", "", ""),
-                AllOf(Not(HasSubstr("\033")), HasSubstr("S)tart the Game")));
+    const auto isUtf8 = HasSubstr("\xe2\x96\x91");
+    const auto isPlain = HasSubstr("S)tart the Game");
+    const auto isAnsi = HasSubstr("\033[2J");
+    EXPECT_THAT(titleAt("\033[3;6R", "\033[3;7R\033[24;80R"), isUtf8);
+    EXPECT_THAT(titleAt("\033[3;6R", "\033[3;8R\033[24;80R"), Not(isUtf8));
+    EXPECT_THAT(titleAt("\033[3;79R", "\033[3;80R\033[24;80R"), Not(isUtf8)) << "no room for two";
+    EXPECT_THAT(titleAt("\033[1;1R", "\033[1;1R\033[1;1R"), Not(AnyOf(isUtf8, isPlain)));
+    EXPECT_THAT(titleAt("\033[1;1R", "\033[1;2R\033[20;79R"), AllOf(isAnsi, isPlain));
+    EXPECT_THAT(titleAt("", ""), AllOf(Not(isAnsi), isPlain));
 }
 
 TEST(ProgramJourney, LeavesTheTerminalToTheShell) {

@@ -149,19 +149,6 @@ TEST_F(EndingTest, BySignalIsThatOfALostCaller) {
     sigprocmask(SIG_UNBLOCK, &all, nullptr);
 }
 
-TEST_F(EndingTest, BySignalLeavesTheTerminalOnALineOfItsOwn) {
-    for (const auto& [text, last] : std::vector<std::pair<const char*, std::string>>{
-             {"a line\n\r", "\033[0m"}, {"a prompt: ", "\033[0m\r\n"}}) {
-        const Call call(doorChild(coloured, [text = text] {
-            od_printf("%s", text);
-            od_get_key(1);
-        }));
-        call.until(text);
-        kill(call.child, SIGTERM);
-        EXPECT_EQ(call.until("the end"), last);
-    }
-}
-
 TEST_F(EndingTest, ComesInTimeForCallersWhoReadNoMore) {
     EXPECT_EQ(Call(byBoard({"-TIMELEFT=0"}, flood)).status(), 3);
     EXPECT_EQ(logged(), "time used up (3)");

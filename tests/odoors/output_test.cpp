@@ -21,18 +21,8 @@ TEST(ColourCodes, SetTheWholeAttribute) {
         EXPECT_EQ(ansiSequence(readColourCode(words).value(), Charset::cp437),
                   "\033[0;" + sequence + 'm');
     }
-}
-
-TEST(ColourCodes, NameBothColoursToAUtf8Terminal) {
-    const std::vector<std::pair<std::string, std::string>> sequences{
-        {"red", "31;40"},
-        {"bright black", "90;40"},
-        {"flashing bright yellow on white", "5;93;47"},
-        {"cyan on green", "36;42"}};
-    for (const auto& [words, sequence] : sequences) {
-        EXPECT_EQ(ansiSequence(readColourCode(words).value(), Charset::utf8),
-                  "\033[0;" + sequence + 'm');
-    }
+    EXPECT_EQ(ansiSequence({9, 7, true}, Charset::utf8), "\033[0;5;94;47m");
+    EXPECT_EQ(ansiSequence({3, 0, false}, Charset::utf8), "\033[0;36;40m");
 }
 
 // From dark green on red on.

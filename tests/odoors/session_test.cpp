@@ -20,19 +20,6 @@ const Door ask = [] {
 const std::string position = "\033[6n";
 const std::string corner = "\033[255;255H";
 
-// What a terminal is shown that gives these answers, and then sends an ö in UTF-8.
-std::string measured(const Arguments& options, const std::vector<std::string>& answers) {
-    const Call call(doorChild(options, ask));
-    std::string shown;
-    for (const std::string& answer : answers) {
-        shown += call.until(position);
-        call.type(answer);
-    }
-    shown += call.until("ready");
-    call.type("\xc3\xb6q");
-    return shown + call.until("the end");
-}
-
 } // namespace
 
 TEST(Terminal, IsRawDuringTheCallAndRestoredAfterItOrItsCrash) {
@@ -71,23 +58,6 @@ TEST(Terminal, HasASecondToAnswer) {
     EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(900));
     call.type("\033[1;6Rb");
     EXPECT_EQ(call.until(">"), "<98>") << "an answer that comes too late is no key either";
-}
-
-TEST(Terminal, IsMeasuredForItsCharacterSet) {
-    const std::string question = "\xc3\xb6" + position + corner + position + "\033[3;6H  \033[3;6H";
-    const std::string utf8 = "\033[0;31;40m1ready<148>\033[0m";
-    const std::string cp437 = "\033[0;31m1ready<195><182>\033[0m";
-    const std::string here = "\033[3;6R";
-    const std::string full = "\033[24;80R";
-    const std::string start = "hello" + position;
-    EXPECT_EQ(measured({"-L"}, {here, "\033[3;7R" + full}), start + question + utf8);
-    EXPECT_EQ(measured({"-L"}, {here, "\033[3;8R" + full}), start + question + cp437);
-    EXPECT_EQ(measured({"-L", "-GRAPHICS"}, {here, "\033[3;7R" + full}),
-              "\033[0;37mhello" + position + question + utf8);
-    EXPECT_THAT(measured({"-L"}, {here, here + here}), testing::EndsWith(cp437)) << "the locale's";
-    EXPECT_THAT(measured({"-L"}, {"\033[1;79R", "\033[1;80R" + full}), testing::EndsWith(cp437))
-        << "there is no room for two";
-    EXPECT_EQ(measured({"-L", "-ASCII"}, {}), "hello0ready<195><182>") << "not asked";
 }
 
 TEST(Terminal, SendsAnEscapeAloneAsAKey) {
