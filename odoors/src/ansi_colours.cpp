@@ -1,6 +1,7 @@
 #include "ansi_colours.h"
 
 #include <algorithm>
+#include <array>
 
 #include "text.h"
 
@@ -18,12 +19,15 @@ char digitOf(int colour) { return ansiDigits[static_cast<unsigned>(colour % brig
 
 int colourOf(int parameter) { return ansiDigits[static_cast<std::size_t>(parameter % 10)] - '0'; }
 
-// "97;40": what a UTF-8 terminal gets for the colours of an attribute.
-std::string bothColours(const Attribute& attribute) {
-    std::string parameters(1, attribute.foreground >= brightBit ? '9' : '3');
-    parameters += digitOf(attribute.foreground);
-    parameters.append(";4") += digitOf(attribute.background);
-    return parameters;
+// Appends "97;40m", what a UTF-8 terminal gets for the colours of an attribute.
+void appendBothColours(std::string& bytes, const Attribute& attribute) {
+    const std::array parameters{attribute.foreground >= brightBit ? '9' : '3',
+                                digitOf(attribute.foreground),
+                                ';',
+                                '4',
+                                digitOf(attribute.background),
+                                'm'};
+    bytes.append(parameters.data(), parameters.size());
 }
 
 bool isBetween(int number, int first, int last) { return number >= first && number <= last; }
@@ -60,7 +64,8 @@ bool apply(int parameter, Attribute& attribute) {
 
 // Appends the sequence with these parameters to the bytes, rewritten.
 void appendRewritten(std::string& bytes, std::string_view parameters, Attribute& attribute) {
-    std::string kept;
+    const std::size_t start = bytes.size();
+    bytes += sequenceStart;
     std::size_t begin = 0;
     int parameter = 0;
     for (std::size_t i = 0; i <= parameters.size(); ++i) {
@@ -69,16 +74,17 @@ void appendRewritten(std::string& bytes, std::string_view parameters, Attribute&
             continue;
         }
         if (isOtherColour(parameter)) {
+            bytes.resize(start);
             bytes.append(sequenceStart).append(parameters) += 'm';
             return;
         }
         if (!apply(parameter, attribute)) {
-            kept.append(parameters.substr(begin, i - begin)) += ';';
+            bytes.append(parameters, begin, i - begin) += ';';
         }
         begin = i + 1;
         parameter = 0;
     }
-    bytes.append(sequenceStart).append(kept).append(bothColours(attribute)) += 'm';
+    appendBothColours(bytes, attribute);
 }
 
 } // namespace
@@ -86,8 +92,9 @@ void appendRewritten(std::string& bytes, std::string_view parameters, Attribute&
 std::string ansiSequence(const Attribute& attribute, Charset charset) {
     std::string sequence = "\033[0";
     if (charset == Charset::utf8) {
-        sequence.append(attribute.flashing ? ";5;" : ";").append(bothColours(attribute));
-        return sequence + 'm';
+        sequence += attribute.flashing ? ";5;" : ";";
+        appendBothColours(sequence, attribute);
+        return sequence;
     }
     if (attribute.foreground >= brightBit) {
         sequence += ";1";
