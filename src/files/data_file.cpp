@@ -205,12 +205,17 @@ int Replacement::writeInPlace(std::string_view content) {
     return (cut && flushed) || errno == EINVAL ? 0 : errno;
 }
 
-int Replacement::replace(std::string_view content) {
+int Replacement::stage(std::string_view content) {
+    staged_ = content;
     if (temporary_ < 0) {
-        return inPlace_ >= 0 ? writeInPlace(content) : openError_;
+        return inPlace_ >= 0 ? 0 : openError_;
     }
-    if (const int error = finishTemporary(content)) {
-        return error;
+    return finishTemporary(content);
+}
+
+int Replacement::commit() {
+    if (temporary_ < 0) {
+        return writeInPlace(staged_);
     }
     // Where there are no locks, another call may have put its own file there.
     if (!isStillThere(temporary_, temporaryName_)) {
@@ -222,7 +227,12 @@ int Replacement::replace(std::string_view content) {
         return 0;
     }
     const int error = errno;
-    return needsWritingInPlace(error) && inPlace_ >= 0 ? writeInPlace(content) : error;
+    return needsWritingInPlace(error) && inPlace_ >= 0 ? writeInPlace(staged_) : error;
+}
+
+int Replacement::replace(std::string_view content) {
+    const int error = stage(content);
+    return error == 0 ? commit() : error;
 }
 
 int replaceFile(const Transaction& transaction, const std::string& path, std::string_view content) {

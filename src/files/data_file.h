@@ -37,7 +37,9 @@ void createWith(const std::string& path, std::string_view content);
 bool appendTo(const std::string& path, std::string_view text);
 
 // A file held open for being replaced. Opening tells whether the file can be written at all and
-// changes nothing yet; replace() then puts the new content in the file's place.
+// changes nothing yet; replace() then puts the new content in the file's place. Who replaces
+// several files stages all of them first, so that a full disk is found before any of them is
+// replaced.
 class Replacement {
 public:
     // Opens a file that others may replace too; does not when the transaction may not write.
@@ -56,12 +58,18 @@ public:
     // it was, unless it had to be written in place.
     int replace(std::string_view content);
 
+    // The two steps of replace(): writes the new content beside the file, and puts it in the file's
+    // place. The content must live until then.
+    int stage(std::string_view content);
+    int commit();
+
 private:
     std::string target_;        // what the path leads to, links followed
     std::string temporaryName_; // beside it
     int temporary_ = -1;        // the temporary file, once it is open
     int inPlace_ = -1;          // the file itself, if there is one
     int openError_ = 0;
+    std::string_view staged_;
 
     void open(const std::string& path);
     void openTemporary();

@@ -20,6 +20,7 @@ constexpr off_t transactionByte = 0;
 constexpr off_t nextByte = 1;
 constexpr off_t typingByte = 2;
 constexpr off_t firstUserByte = off_t{1} << 32;
+constexpr off_t toTheEnd = 0; // a length
 
 // What follows on one key, up to five transactions, waits two seconds at most.
 constexpr std::chrono::milliseconds longestWait(1800);
@@ -112,7 +113,11 @@ void GameLock::leave() {
     userByte_ = 0;
 }
 
-bool GameLock::isInside(std::string_view user) { return !user.empty() && othersHold(byteOf(user)); }
+bool GameLock::isInside(std::string_view user) {
+    return !user.empty() && othersHold(byteOf(user), 1);
+}
+
+bool GameLock::isAnybodyInside() { return othersHold(firstUserByte, toTheEnd); }
 
 void GameLock::setTyping(bool typing) {
     if (typing && openToLock()) {
@@ -123,7 +128,7 @@ void GameLock::setTyping(bool typing) {
     }
 }
 
-bool GameLock::othersType() { return othersHold(typingByte); }
+bool GameLock::othersType() { return othersHold(typingByte, 1); }
 
 // Who comes waits for nextByte first. So a process that has just ended a transaction cannot begin
 // another one before those that wait already.
@@ -213,8 +218,9 @@ void GameLock::release(off_t byte) {
     }
 }
 
-bool GameLock::othersHold(off_t byte) {
-    struct flock range = rangeOf(byte, F_WRLCK);
+bool GameLock::othersHold(off_t first, off_t length) {
+    struct flock range = rangeOf(first, F_WRLCK);
+    range.l_len = length;
     return openToAsk() && ::fcntl(descriptor_, F_OFD_GETLK, &range) == 0 && range.l_type != F_UNLCK;
 }
 

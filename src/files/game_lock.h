@@ -39,6 +39,9 @@ public:
     // Whether another process has marked the user as inside.
     bool isInside(std::string_view user);
 
+    // Whether another process has marked any user as inside.
+    bool isAnybodyInside();
+
     // Marks the process as one that has a message typed, or takes the mark away.
     void setTyping(bool typing);
 
@@ -62,7 +65,7 @@ private:
     Outcome tryToTake(off_t byte, short type);
     bool waitFor(off_t byte, Moment deadline);
     void release(off_t byte);
-    bool othersHold(off_t byte);
+    bool othersHold(off_t first, off_t length);
 
     std::string path_;
     int descriptor_ = -1;
