@@ -1,26 +1,21 @@
 #include "sysop/backup.h"
 
 #include "files/data_file.h"
+#include "files/scroll_file.h"
+#include "state/roster.h"
+#include "sysop/charset.h"
 #include "sysop/failure.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 
 namespace morvek {
 namespace {
 
-namespace fs = std::filesystem;
-
+constexpr std::size_t backupsKept = 50;
 constexpr std::size_t stampLength = std::string_view("20261115-120000").size();
-
-struct SavedFile {
-    std::string name;
-    std::string content;
-};
-
-fs::path backupDirectory(const GameDirectory& home) {
-    return (home.data / "backup").lexically_normal();
-}
+constexpr const char* unfinished = ".new";
 
 // A backup's name in the order of time: the second, and its number within the second.
 struct BackupName {
@@ -32,11 +27,7 @@ struct BackupName {
     }
 
     [[nodiscard]] std::string text() const {
-        std::string name = stamp;
-        if (number > 1) {
-            name.append(".").append(std::to_string(number));
-        }
-        return name;
+        return number > 1 ? stamp + "." + std::to_string(number) : stamp;
     }
 };
 
@@ -49,51 +40,124 @@ BackupName parseName(const std::string& name) {
     return digits && parsed.text() == name ? parsed : BackupName{};
 }
 
-std::vector<BackupName> backupsOf(const GameDirectory& home) {
-    std::vector<BackupName> names;
-    std::error_code ignored;
-    for (const fs::directory_entry& entry :
-         fs::directory_iterator(backupDirectory(home), ignored)) {
+fs::path directoryOf(const GameDirectory& home, const std::string& name) {
+    return (home.data / name).lexically_normal();
+}
+
+std::set<BackupName> backupsIn(const fs::path& directory) {
+    std::set<BackupName> names;
+    std::error_code notThere;
+    for (const fs::directory_entry& entry : fs::directory_iterator(directory, notThere)) {
         const BackupName name = parseName(entry.path().filename().string());
         if (name.number > 0) {
-            names.push_back(name);
+            names.insert(name);
         }
     }
-    std::sort(names.begin(), names.end());
     return names;
 }
 
-void createDirectories(const fs::path& path) {
-    std::error_code failed;
-    fs::create_directories(path, failed);
-    if (failed) {
-        throw Failure(path.string() + " cannot be created: " + failed.message() +
-                      "; nothing was changed");
-    }
-}
-
-fs::path newBackup(const GameDirectory& home) {
-    createDirectories(backupDirectory(home));
-    BackupName name{localTime("%Y%m%d-%H%M%S"), 1};
-    for (const BackupName& other : backupsOf(home)) {
-        if (other.stamp == name.stamp) {
-            name.number = other.number + 1;
+// Removes what a program has left that was killed while it made a backup: whoever makes one has
+// the game's lock, so nobody makes one now.
+void removeUnfinished(const fs::path& directory) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
+        const fs::path& path = entry.path();
+        if (path.extension() == unfinished && parseName(path.stem().string()).number > 0) {
+            fs::remove_all(path);
         }
     }
-    return backupDirectory(home) / name.text();
 }
 
-void removeOldest(const GameDirectory& home) {
-    const std::vector<BackupName> names = backupsOf(home);
-    for (std::size_t i = 0; i + backupsKept < names.size(); ++i) {
+// Removes all but the newest ones, and the two that the operator was told of.
+void removeOldest(const fs::path& directory, const fs::path& made, const fs::path& kept) {
+    const std::set<BackupName> names = backupsIn(directory);
+    std::size_t surplus = names.size() - std::min(names.size(), backupsKept);
+    for (const BackupName& name : names) {
+        const fs::path path = directory / name.text();
         std::error_code ignored;
-        fs::remove_all(backupDirectory(home) / names[i].text(), ignored);
+        if (surplus > 0 && path != made && !fs::equivalent(path, kept, ignored)) {
+            fs::remove_all(path, ignored);
+            --surplus;
+        }
     }
 }
 
-// The backup of that name, which may lie in the backup directory.
+// The content as the game has it. Of the board, also what a caller who types has taken out of it.
+std::string contentOf(const GameDirectory& home, const std::string& name) {
+    return name == scrollFileName ? readBoard(home) : readData(home, name);
+}
+
+std::size_t playersIn(const Contents& files) {
+    const auto content = files.find(characterFileName);
+    return content == files.end() ? 0 : takenPlaces(charactersIn(content->second));
+}
+
+} // namespace
+
+fs::path makeBackup(const GameDirectory& home, const std::string& in, const fs::path& kept) {
+    const fs::path directory = directoryOf(home, in);
+    createDirectories(directory);
+    removeUnfinished(directory);
+    BackupName name{localTime("%Y%m%d-%H%M%S"), 1};
+    for (const BackupName& other : backupsIn(directory)) {
+        name.number = other.stamp == name.stamp ? other.number + 1 : name.number;
+    }
+    const fs::path made = makeBackupIn(home, directory / name.text());
+    removeOldest(directory, made, kept);
+    return made;
+}
+
+fs::path makeBackupIn(const GameDirectory& home, const fs::path& directory) {
+    const fs::path staged = directory.string() + unfinished;
+    for (const fs::path& path : {directory, staged}) {
+        if (fs::exists(fs::symlink_status(path))) {
+            throw Failure(path.string() + " already exists");
+        }
+    }
+    createDirectories(staged);
+    try {
+        for (const std::string& name : dataFiles(home)) {
+            const std::string path = (staged / name).string();
+            if (const int error = replaceFile(path, contentOf(home, name))) {
+                throw cannot(path, "written", error);
+            }
+            fs::permissions(path, fs::status(home.file(name)).permissions());
+        }
+        fs::rename(staged, directory);
+    } catch (...) {
+        std::error_code ignored;
+        fs::remove_all(staged, ignored);
+        throw;
+    }
+    return directory;
+}
+
+void listBackups(const GameDirectory& home, bool asJson, std::ostream& out) {
+    Json list = Json::array();
+    for (const std::string in : {automaticBackups, ownBackups}) {
+        for (const BackupName& name : backupsIn(directoryOf(home, in))) {
+            const std::string path = (directoryOf(home, in) / name.text()).string();
+            Json row{{"path", path}, {"automatic", in == automaticBackups}};
+            try {
+                const Contents files = readBackup(path);
+                row.update({{"files", files.size()}, {"players", playersIn(files)}});
+                out << (asJson ? "" : path + "  " + summaryOf(files) + "\n");
+            } catch (const Failure& failure) {
+                row["fault"] = failure.what();
+                out << (asJson ? "" : path + "  cannot be restored\n");
+            }
+            list.push_back(row);
+        }
+    }
+    if (asJson) {
+        out << list.dump(2) << '\n';
+    } else if (list.empty()) {
+        out << "There are no backups yet.\n";
+    }
+}
+
 fs::path findBackup(const GameDirectory& home, const std::string& named) {
-    for (const fs::path& path : {fs::path(named), backupDirectory(home) / named}) {
+    for (const fs::path& path : {fs::path(named), directoryOf(home, ownBackups) / named,
+                                 directoryOf(home, automaticBackups) / named}) {
         if (fs::is_directory(path)) {
             return path;
         }
@@ -101,121 +165,30 @@ fs::path findBackup(const GameDirectory& home, const std::string& named) {
     throw Failure(named + ": no such backup; `backup --list` lists them");
 }
 
-std::vector<SavedFile> readBackup(const fs::path& path) {
-    const GameDirectory saved{path, path, {}};
-    std::vector<SavedFile> files;
+Contents readBackup(const fs::path& path) {
+    const GameDirectory saved(path, path);
+    Contents files;
     for (const fs::directory_entry& entry : fs::directory_iterator(path)) {
         const std::string name = entry.path().filename().string();
         if (!isDataFileName(name) || !entry.is_regular_file()) {
-            throw Failure(path.string() + " contains \"" + name +
-                          "\", which is not a data file; nothing was changed");
+            throw Failure(path.string() + " contains \"" + name + "\", which is not a data file");
         }
-        files.push_back({name, readData(saved, name)});
+        files[name] = readData(saved, name);
+    }
+    if (files.empty()) {
+        throw Failure(path.string() + " is empty");
+    }
+    const auto characters = files.find(characterFileName);
+    if (characters != files.end() &&
+        characters->second.size() != slotCount * sizeof(PlayerRecord)) {
+        throw Failure((path / characterFileName).string() + " has " +
+                      counted(characters->second.size(), "byte") + "; must be 75000");
     }
     return files;
 }
 
-bool holds(const std::vector<SavedFile>& files, const std::string& name) {
-    return std::any_of(files.begin(), files.end(),
-                       [&](const SavedFile& file) { return file.name == name; });
-}
-
-void removeData(const GameDirectory& home, const std::string& name) {
-    std::error_code failed;
-    if (!fs::remove(home.file(name), failed)) {
-        throw Failure(home.file(name) + " cannot be removed: " + failed.message());
-    }
-}
-
-std::size_t playersIn(const std::vector<SavedFile>& files) {
-    std::size_t players = 0;
-    for (const SavedFile& file : files) {
-        if (file.name == characterFileName) {
-            const Characters characters = charactersIn(file.content);
-            players = characters.size() - static_cast<std::size_t>(std::count_if(
-                                              characters.begin(), characters.end(), isFree));
-        }
-    }
-    return players;
-}
-
-std::string counted(std::size_t count, const std::string& what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
-} // namespace
-
-std::string makeBackup(const GameDirectory& home, const std::string& directory) {
-    if (!directory.empty() && fs::exists(directory)) {
-        throw Failure(directory + " already exists");
-    }
-    const fs::path path = directory.empty() ? newBackup(home) : fs::path(directory);
-    const fs::path staged = path.string() + ".new";
-    createDirectories(staged);
-    std::error_code failed;
-    try {
-        for (const std::string& name : dataFiles(home)) {
-            writeData({staged, staged, {}}, name, readData(home, name));
-        }
-        fs::rename(staged, path);
-    } catch (const std::exception& error) {
-        fs::remove_all(staged, failed);
-        throw Failure(std::string(error.what()) + "; nothing was changed");
-    }
-    if (directory.empty()) {
-        removeOldest(home);
-    }
-    return path.string();
-}
-
-void backUp(const GameDirectory& home, std::ostream& out, const std::string& directory) {
-    const std::string made = makeBackup(home, directory);
-    out << "Backup: " << made << '\n';
-}
-
-void listBackups(const GameDirectory& home, std::ostream& out) {
-    const std::vector<BackupName> names = backupsOf(home);
-    for (const BackupName& name : names) {
-        const fs::path path = backupDirectory(home) / name.text();
-        const std::vector<SavedFile> files = readBackup(path);
-        out << path.string() << "  " << counted(files.size(), "file") << ", "
-            << counted(playersIn(files), "player") << '\n';
-    }
-    if (names.empty()) {
-        out << "There are no backups yet.\n";
-    }
-}
-
-void restoreBackup(const GameDirectory& home, const std::string& named, std::ostream& out) {
-    const fs::path path = findBackup(home, named);
-    const std::vector<SavedFile> files = readBackup(path);
-    if (files.empty()) {
-        throw Failure(path.string() + " is empty; nothing was changed");
-    }
-    backUp(home, out);
-    for (const SavedFile& file : files) {
-        writeData(home, file.name, file.content);
-    }
-    for (const std::string& name : dataFiles(home)) {
-        if (!holds(files, name)) {
-            removeData(home, name);
-        }
-    }
-    out << "Restored " << path.string() << ": " << counted(files.size(), "file") << ", "
-        << counted(playersIn(files), "player") << ".\n";
-}
-
-void beginSeason(const GameDirectory& home, std::ostream& out) {
-    const std::vector<std::string> names = dataFiles(home);
-    if (names.empty()) {
-        out << "There is nothing to reset: nobody has played yet.\n";
-        return;
-    }
-    backUp(home, out);
-    for (const std::string& name : names) {
-        removeData(home, name);
-    }
-    out << "A new season: " << counted(names.size(), "data file") << " removed.\n";
+std::string summaryOf(const Contents& files) {
+    return counted(files.size(), "file") + ", " + counted(playersIn(files), "player");
 }
 
 } // namespace morvek

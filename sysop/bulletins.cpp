@@ -3,212 +3,160 @@
 #include "files/score_file.h"
 #include "files/scroll_file.h"
 #include "sysop/charset.h"
-#include "sysop/fields.h"
 
 #include <algorithm>
 #include <array>
-#include <nlohmann/json.hpp>
-#include <span>
-#include <vector>
+#include <sstream>
 
 namespace morvek {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr const char* style = R"(
     body { background: #14100c; color: #d8cdb8; font: 16px/1.5 Georgia, serif; margin: 2em auto;
            max-width: 42em; padding: 0 1em; }
-    h1 { color: #d64b3c; font-weight: normal; }
+    h1, th, td:first-child { color: #d64b3c; font-weight: normal; text-align: left; }
     table { border-collapse: collapse; width: 100%; }
-    th { color: #d64b3c; font-weight: normal; text-align: left; }
-    th, td { border-bottom: 1px solid #3a3027; padding: .3em .6em; }
-    td.number, th.number { text-align: right; font-variant-numeric: tabular-nums; }
-    dt { color: #d64b3c; }
-    dd { margin: 0 0 .6em 1.5em; }
+    th, td { border-bottom: 1px solid #3a3027; padding: .3em .6em; vertical-align: top; }
     footer { color: #8a7d6a; font-size: 85%; margin-top: 2em; }
 )";
 
-void beginPage(const std::string& title, std::ostream& out) {
-    out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n  <meta charset=\"utf-8\">\n"
-        << "  <meta name=\"viewport\" content=\"width=device-width\">\n  <title>" << title
-        << "</title>\n  <style>" << style << "  </style>\n</head>\n<body>\n<h1>" << title
-        << "</h1>\n";
-}
+// A bulletin as a table; its texts are CP437.
+struct Page {
+    std::string title;
+    std::vector<std::vector<std::string>> rows;
+};
 
-void endPage(const GameDirectory& home, std::ostream& out) {
-    const std::string board = escaped(toUtf8(home.configuration.hostName));
-    if (!board.empty()) {
+void writeHtml(const GameDirectory& home, const Page& page, std::ostream& out) {
+    out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n  <meta charset=\"utf-8\">\n"
+        << "  <meta name=\"viewport\" content=\"width=device-width\">\n  <title>" << page.title
+        << "</title>\n  <style>" << style << "  </style>\n</head>\n<body>\n<h1>" << page.title
+        << "</h1>\n<table>\n";
+    for (const std::vector<std::string>& row : page.rows) {
+        out << "<tr>";
+        for (const std::string& cell : row) {
+            out << "<td>" << toHtml(cell) << "</td>";
+        }
+        out << "</tr>\n";
+    }
+    out << "</table>\n";
+    if (const std::string board = toHtml(home.configuration.hostName); !board.empty()) {
         out << "<footer>Hosted by " << board << "</footer>\n";
     }
     out << "</body>\n</html>\n";
 }
 
-using Entries = std::span<const ScoreEntry>;
-
-void writeScorePage(const GameDirectory& home, Entries entries, std::ostream& out) {
-    beginPage("Morvek: Top Players", out);
-    out << "<table>\n<tr><th class=\"number\">Rank</th><th>Name</th>"
-        << "<th class=\"number\">Experience</th><th>Class</th></tr>\n";
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        out << "<tr><td class=\"number\">" << i + 1 << "</td><td>"
-            << escaped(toUtf8(entries[i].name)) << "</td><td class=\"number\">" << entries[i].score
-            << "</td><td>" << escaped(toUtf8(entries[i].className)) << "</td></tr>\n";
+// A title and lines; the first of two columns is a name.
+void writeLines(const Page& page, bool ansi, std::ostream& out) {
+    out << (ansi ? "\033[0;31m" : "") << page.title
+        << (ansi ? "\033[1m:\033[0;1;37m\n\n" : ":\n\n");
+    for (const std::vector<std::string>& row : page.rows) {
+        if (row.size() > 1) {
+            out << (ansi ? "\033[0;31m" : "") << row.front() << (ansi ? "\033[1m: \033[37m" : ": ");
+        }
+        out << row.back() << '\n';
     }
-    out << "</table>\n";
-    endPage(home, out);
+    out << (ansi ? "\033[0m" : "");
 }
 
-void writeScoreJson(Entries entries, std::ostream& out) {
-    Json list = Json::array();
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        list.push_back({{"rank", i + 1},
-                        {"name", toUtf8(entries[i].name)},
-                        {"score", entries[i].score},
-                        {"class", toUtf8(entries[i].className)}});
-    }
-    out << list.dump(2) << '\n';
-}
-
-// The lines of a day's news, as CP437 without control bytes.
-std::vector<std::string> newsLines(std::string_view text) {
-    std::vector<std::string> lines;
-    while (!text.empty()) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        text.remove_prefix(std::min(line.size() + 1, text.size()));
-        if (std::string shown = withoutControls(line); !shown.empty()) {
-            lines.push_back(std::move(shown));
+// The lines of a day's news.
+std::vector<std::vector<std::string>> newsLines(const std::string& news) {
+    std::vector<std::vector<std::string>> lines;
+    std::istringstream text(news);
+    for (std::string line; std::getline(text, line);) {
+        if (line = withoutControls(line); !line.empty()) {
+            lines.push_back({line});
         }
     }
     return lines;
 }
 
-void writeNewsPage(const GameDirectory& home, const std::string& title,
-                   const std::vector<std::string>& lines, std::ostream& out) {
-    beginPage(title, out);
-    for (const std::string& line : lines) {
-        out << "<p>" << escaped(toUtf8(line)) << "</p>\n";
-    }
-    endPage(home, out);
-}
-
-Json jsonOfNews(const std::string& stamp, const std::vector<std::string>& lines) {
-    Json list = Json::array();
-    for (const std::string& line : lines) {
-        list.push_back(toUtf8(line));
-    }
-    return {{"day", dayOf(*wholeNumber(stamp))}, {"lines", list}};
-}
-
-// What the board shows, oldest first, as CP437 without control bytes and colour codes.
-std::vector<ScrollEntry> shownEntries(const GameDirectory& home) {
-    Scroll board;
-    const std::string content = readData(home, scrollFileName);
-    overlayScroll(std::span(content.data(), std::min(content.size(), scrollSize)), board);
-    std::vector<ScrollEntry> shown;
-    for (const ScrollEntry& entry : board) {
-        if (!entry.author.empty() && !entry.message.empty()) {
-            shown.push_back({withoutControls(withoutColourCodes(entry.author)),
-                             withoutControls(withoutColourCodes(entry.message))});
-        }
-    }
-    return shown;
-}
-
-void writeBoardPage(const GameDirectory& home, const std::vector<ScrollEntry>& entries,
-                    std::ostream& out) {
-    beginPage("Morvek's Scroll", out);
-    out << "<dl>\n";
-    for (const ScrollEntry& entry : entries) {
-        out << "<dt>" << escaped(toUtf8(entry.author)) << "</dt><dd>"
-            << escaped(toUtf8(entry.message)) << "</dd>\n";
-    }
-    out << "</dl>\n";
-    endPage(home, out);
-}
-
-void writeBoardJson(const std::vector<ScrollEntry>& entries, std::ostream& out) {
-    Json list = Json::array();
-    for (const ScrollEntry& entry : entries) {
-        list.push_back({{"author", toUtf8(entry.author)}, {"message", toUtf8(entry.message)}});
-    }
-    out << list.dump(2) << '\n';
-}
-
 } // namespace
 
-std::string withoutColourCodes(std::string_view text) {
+std::string shownText(std::string_view text) {
     std::string shown;
     bool inCode = false;
     for (const char one : text) {
         if (one == '`') {
             inCode = !inCode;
-        } else if (!inCode) {
+        } else if (!inCode && !isControl(one)) {
             shown += one;
         }
     }
     return shown;
 }
 
-void writeScores(const GameDirectory& home, Format format, std::ostream& out) {
+bool isShown(const ScrollEntry& entry) { return !entry.author.empty() && !entry.message.empty(); }
+
+std::vector<ScoreEntry> scoresOf(const GameDirectory& home) {
     std::array<ScoreEntry, topTenSize> table;
-    const auto count = static_cast<std::size_t>(parseScores(readData(home, scoreFileName), table));
-    std::vector<ScoreEntry> entries(table.begin(), table.begin() + static_cast<long>(count));
+    const std::int32_t count = parseScores(readData(home, scoreFileName), table);
+    std::vector<ScoreEntry> entries(table.begin(), table.begin() + count);
     std::erase_if(entries, isEmptyEntry);
-    switch (format) {
-    case Format::text:
-        out << plainBulletin(entries);
-        break;
-    case Format::ansi:
-        out << ansiBulletin(entries);
-        break;
-    case Format::html:
-        writeScorePage(home, entries, out);
-        break;
-    case Format::json:
-        writeScoreJson(entries, out);
-        break;
+    return entries;
+}
+
+void writeScores(const GameDirectory& home, Format format, std::ostream& out) {
+    const std::vector<ScoreEntry> entries = scoresOf(home);
+    if (format == Format::text || format == Format::ansi) {
+        out << (format == Format::text ? plainBulletin(entries) : ansiBulletin(entries));
+        return;
+    }
+    Page page{"Morvek: Top Players", {{"Rank", "Name", "Experience", "Class"}}};
+    Json list = Json::array();
+    for (const ScoreEntry& entry : entries) {
+        const std::size_t rank = list.size() + 1;
+        page.rows.push_back(
+            {std::to_string(rank), entry.name, std::to_string(entry.score), entry.className});
+        list.push_back({{"rank", rank},
+                        {"name", toUtf8(entry.name)},
+                        {"score", entry.score},
+                        {"class", toUtf8(entry.className)}});
+    }
+    if (format == Format::html) {
+        writeHtml(home, page, out);
+    } else {
+        out << list.dump(2) << '\n';
     }
 }
 
 void writeNews(const GameDirectory& home, const std::string& stamp, Format format,
                std::ostream& out) {
-    const std::string title = "Morvek: News of " + dayOf(*wholeNumber(stamp));
-    std::vector<std::string> lines = newsLines(readData(home, stamp + ".txt"));
+    Page page{"Morvek: News of " + dayOf(stamp), newsLines(readData(home, stamp + ".txt"))};
     if (format == Format::json) {
-        out << jsonOfNews(stamp, lines).dump(2) << '\n';
+        Json list = Json::array();
+        for (const std::vector<std::string>& row : page.rows) {
+            list.push_back(toUtf8(row.front()));
+        }
+        out << Json{{"day", dayOf(stamp)}, {"lines", list}}.dump(2) << '\n';
         return;
     }
-    if (lines.empty()) {
-        lines.emplace_back("Nobody has joined the game.");
+    if (page.rows.empty()) {
+        page.rows.push_back({"Nobody has joined the game."});
     }
     if (format == Format::html) {
-        writeNewsPage(home, title, lines, out);
-        return;
+        writeHtml(home, page, out);
+    } else {
+        writeLines(page, format == Format::ansi, out);
     }
-    const bool ansi = format == Format::ansi;
-    out << (ansi ? "\033[0;31m" : "") << title << (ansi ? "\033[1m:\033[0;1;37m\n\n" : ":\n\n");
-    for (const std::string& line : lines) {
-        out << line << '\n';
-    }
-    out << (ansi ? "\033[0m" : "");
 }
 
 void writeBoard(const GameDirectory& home, Format format, std::ostream& out) {
-    const std::vector<ScrollEntry> entries = shownEntries(home);
-    if (format == Format::html) {
-        writeBoardPage(home, entries, out);
-        return;
+    Page page{"Morvek's Scroll", {}};
+    Json list = Json::array();
+    for (const std::string& bytes : boardEntries(readBoard(home))) {
+        const ScrollEntry entry = textsOf(bytes);
+        if (isShown(entry)) {
+            page.rows.push_back({shownText(entry.author), shownText(entry.message)});
+            list.push_back({{"author", toUtf8(page.rows.back().front())},
+                            {"message", toUtf8(page.rows.back().back())}});
+        }
     }
     if (format == Format::json) {
-        writeBoardJson(entries, out);
-        return;
-    }
-    const bool ansi = format == Format::ansi;
-    out << (ansi ? "\033[0;31mMorvek's Scroll\033[1m:\033[0m\n\n" : "Morvek's Scroll:\n\n");
-    for (const ScrollEntry& entry : entries) {
-        out << (ansi ? "\033[0;31m" : "") << entry.author << (ansi ? "\033[1m: \033[37m" : ": ")
-            << entry.message << (ansi ? "\033[0m\n" : "\n");
+        out << list.dump(2) << '\n';
+    } else if (format == Format::html) {
+        writeHtml(home, page, out);
+    } else {
+        writeLines(page, format == Format::ansi, out);
     }
 }
 

@@ -3,12 +3,14 @@
 // in what callers have written never comes through, and neither does a colour code.
 #pragma once
 
+#include "state/scores.h"
 #include "sysop/game_directory.h"
 
 #include <cstdint>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace morvek {
 
@@ -22,8 +24,14 @@ void writeNews(const GameDirectory& home, const std::string& stamp, Format forma
 
 void writeBoard(const GameDirectory& home, Format format, std::ostream& out);
 
+// The ten best, without empty entries.
+std::vector<ScoreEntry> scoresOf(const GameDirectory& home);
+
+// Whether the board shows the entry: a text of more than 15 characters is not in the file.
+bool isShown(const ScrollEntry& entry);
+
 // The text that a caller sees of one with colour codes: what stands between two backquotes, or
-// behind the last of an odd number, is none of it.
-std::string withoutColourCodes(std::string_view text);
+// behind the last of an odd number, is none of it, and neither is a control byte.
+std::string shownText(std::string_view text);
 
 } // namespace morvek

@@ -5,14 +5,21 @@
 #include <algorithm>
 
 namespace morvek {
-namespace {
-
-std::string blanks(std::string_view cp437, std::size_t width) {
-    const std::size_t shown = withoutControls(cp437).size();
-    return std::string(width - std::min(width, shown), ' ');
+bool holdsControls(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), isControl);
 }
 
-} // namespace
+bool looksLikeUtf8(std::string_view bytes) {
+    text::Utf8Reader reader;
+    bool isPlain = true;
+    for (const char byte : bytes) {
+        isPlain = isPlain && static_cast<unsigned char>(byte) < 128;
+        if (reader.read(byte) == text::Utf8Reader::Step::malformed) {
+            return false;
+        }
+    }
+    return !isPlain && !reader.midway();
+}
 
 std::string toUtf8(std::string_view cp437) {
     std::string utf8;
@@ -25,38 +32,30 @@ std::string inQuotes(std::string_view cp437) {
     return text.append(toUtf8(cp437)).append("\"");
 }
 
-std::string column(std::string_view cp437, std::size_t width) {
-    return toUtf8(cp437) + blanks(cp437, width);
+std::size_t lengthOf(std::string_view utf8) {
+    return static_cast<std::size_t>(std::count_if(
+        utf8.begin(), utf8.end(), [](char byte) { return (byte & '\xc0') != '\x80'; }));
 }
 
-std::string rightColumn(std::string_view cp437, std::size_t width) {
-    return blanks(cp437, width) + toUtf8(cp437);
+std::string padded(const std::string& utf8, std::size_t width, bool toTheRight) {
+    const std::string blanks(width - std::min(width, lengthOf(utf8)), ' ');
+    return toTheRight ? blanks + utf8 : utf8 + blanks;
 }
 
-std::string escaped(std::string_view utf8) {
-    std::string text;
-    for (const char one : utf8) {
-        switch (one) {
-        case '&':
-            text += "&amp;";
-            break;
-        case '<':
-            text += "&lt;";
-            break;
-        case '>':
-            text += "&gt;";
-            break;
-        case '"':
-            text += "&quot;";
-            break;
-        case '\'':
-            text += "&#39;";
-            break;
-        default:
-            text += one;
+std::string toHtml(std::string_view cp437) {
+    std::string html;
+    for (const char one : toUtf8(cp437)) {
+        if (std::string_view("&<>\"'").find(one) == std::string_view::npos) {
+            html += one;
+        } else {
+            html.append("&#").append(std::to_string(int{one})).append(";");
         }
     }
-    return text;
+    return html;
+}
+
+std::string counted(std::size_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 } // namespace morvek

@@ -7,16 +7,17 @@
 #include "sysop/charset.h"
 
 #include <algorithm>
-#include <bit>
+#include <array>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <set>
 #include <span>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace morvek {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::string_view newDay = "It's a new day!\n\r";
 constexpr std::string_view newsLineEnd = "\n\r";
@@ -24,219 +25,200 @@ constexpr std::string_view newsLineEnd = "\n\r";
 constexpr std::size_t longestAuthor = 50;
 constexpr std::size_t longestMessage = 49;
 
-bool holdsControls(std::string_view text) {
-    return std::any_of(text.begin(), text.end(), isControl);
-}
-
-void checkConfigurationLine(std::size_t number, std::string_view line, Findings& findings) {
-    const std::string place = "line " + std::to_string(number);
-    if (line.size() > longestConfigurationLine) {
-        findings.push_back({Severity::error, configurationFileName, place, "",
-                            "is longer than 253 characters: the game does not start"});
-    } else if (line.ends_with('\r')) {
-        findings.push_back({number == configurationLines ? Severity::error : Severity::warning,
-                            configurationFileName, place, "",
-                            "ends in a carriage return, which the game reads as part of it: use "
-                            "line feeds only"});
-    } else if (holdsControls(line)) {
-        findings.push_back(
-            {Severity::warning, configurationFileName, place, "", "contains a control byte"});
-    }
-}
-
-void checkGameDirectory(const GameDirectory& home, Findings& findings) {
-    const std::string& led = home.configuration.gameDirectory;
-    std::error_code ignored;
-    if (led.empty()) {
-        findings.push_back({Severity::warning, configurationFileName, "line 3", "",
-                            "is empty: the game uses the directory that it is started in"});
-    } else if (!led.ends_with('\r') && !fs::is_directory(home.start / led, ignored)) {
-        findings.push_back({Severity::error, configurationFileName, "line 3", "",
-                            "is " + inQuotes(led) +
-                                ", which is not a directory: the game uses the directory that it "
-                                "is started in"});
-    }
-}
-
-// One text of a board's entry. Of one that is longer than 15 characters the file holds no more
-// than the length.
-void checkBoardText(const TextSlot& cell, const std::string& place, const char* field,
-                    std::size_t longest, Findings& findings) {
-    if (cell.length > longest) {
-        findings.push_back({Severity::error, scrollFileName, place, field,
-                            "has the length " + std::to_string(cell.length) + "; must be at most " +
-                                std::to_string(longest)});
-    } else if (cell.length > TextSlot::capacity) {
-        findings.push_back({Severity::note, scrollFileName, place, field,
-                            "had " + std::to_string(cell.length) +
-                                " characters; the file keeps only the length of more than 15"});
-    } else if (holdsControls(cell.view())) {
-        findings.push_back({Severity::error, scrollFileName, place, field,
-                            "contains a control byte (" + inQuotes(cell.view()) + " without it)"});
-    }
-}
-
-void checkScoreEntry(const ScoreEntry& entry, const std::string& place, Findings& findings) {
-    if (holdsControls(entry.name)) {
-        findings.push_back({Severity::error, scoreFileName, place, "name",
-                            "contains a control byte (" + inQuotes(entry.name) + " without it)"});
-    }
-    // The inn enters even who has no experience yet.
-    if (entry.score < 0) {
-        findings.push_back({Severity::warning, scoreFileName, place, "score",
-                            "is " + std::to_string(entry.score) + "; must not be negative"});
-    }
-    if (entry.className.empty() || entry.className != colourOfClass(entry.className).name) {
-        findings.push_back({Severity::error, scoreFileName, place, "className",
-                            "reads as " + inQuotes(entry.className) + ", which is not a class"});
-    }
-}
+constexpr std::array severityWords{"error", "warning", "note"};
 
 std::string lineOf(std::size_t index) { return "line " + std::to_string(index + 1); }
 
+std::string withoutIt(std::string_view text) {
+    return "contains a control byte (" + inQuotes(text) + " without it)";
+}
+
+// As long as it lives, root asks with the rights of the directory's owner, as whom the game runs.
+class AsOwner {
+public:
+    explicit AsOwner(const fs::path& directory) {
+        struct stat status {};
+        if (user_ == 0 && ::stat(directory.c_str(), &status) == 0) {
+            isRefused_ = ::setegid(status.st_gid) != 0 || ::seteuid(status.st_uid) != 0;
+        }
+    }
+    ~AsOwner() { isRefused_ = ::seteuid(user_) != 0 || ::setegid(group_) != 0; }
+    AsOwner(const AsOwner&) = delete;
+    AsOwner& operator=(const AsOwner&) = delete;
+
+private:
+    uid_t user_ = ::geteuid();
+    gid_t group_ = ::getegid();
+    bool isRefused_ = false;
+};
+
+// One text of a board's entry. Of one that is longer than 15 characters the file holds no more
+// than the length.
+void checkBoardText(const TextSlot& cell, const Subject& about, std::size_t longest) {
+    const std::string length = std::to_string(cell.length);
+    if (!about.error(cell.length > longest,
+                     "has the length " + length + "; must be at most " + std::to_string(longest))) {
+        about.note(cell.length > TextSlot::capacity,
+                   "had " + length + " characters; the file keeps only the length of more than 15");
+    }
+    about.error(holdsControls(cell.view()), withoutIt(cell.view()));
+}
+
 // What was not read, or would be written otherwise than it stands.
 void checkScoreText(std::string_view text, std::span<const ScoreEntry> entries,
-                    Findings& findings) {
+                    const Subject& about) {
+    bool isBlankTold = false;
     for (std::size_t i = 0; i < entries.size(); ++i) {
+        const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
         const std::string line = scoreLine(entries[i]);
-        if (!text.starts_with(line)) {
-            findings.push_back({Severity::warning, scoreFileName, lineOf(i), "",
-                                "is not as the game writes it; it reads as " +
-                                    inQuotes(line.substr(0, line.size() - 1))});
+        if (!text.starts_with(line) && text.substr(blanks).starts_with(line)) {
+            isBlankTold = isBlankTold ||
+                          about.at(lineOf(i), "name")
+                              .note(true, "begins with a blank, which the game leaves out when it "
+                                          "reads the file");
+            text.remove_prefix(blanks);
+        }
+        if (about.at(lineOf(i)).warning(!text.starts_with(line),
+                                        "is not as the game writes it; it reads as " +
+                                            inQuotes(line.substr(0, line.size() - 1)))) {
             return;
         }
         text.remove_prefix(line.size());
     }
-    if (!text.empty()) {
-        findings.push_back({Severity::error, scoreFileName, lineOf(entries.size()), "",
-                            entries.size() < topTenSize
-                                ? "cannot be read: the list ends before it"
-                                : "is one too many: the list has ten entries"});
-    }
+    about.at(lineOf(entries.size()))
+        .error(!text.empty(), entries.size() < topTenSize
+                                  ? "cannot be read: the list ends before it"
+                                  : "is one too many: the list has ten entries");
 }
 
-void checkScoreOrder(std::span<const ScoreEntry> entries, Findings& findings) {
-    std::set<std::string> names;
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        if (i > 0 && entries[i].score > entries[i - 1].score) {
-            findings.push_back(
-                {Severity::error, scoreFileName, lineOf(i), "score",
-                 "is " + std::to_string(entries[i].score) + ", more than in the line before"});
-        }
-        if (!names.insert(entries[i].name).second) {
-            findings.push_back({Severity::warning, scoreFileName, lineOf(i), "name",
-                                "is " + inQuotes(entries[i].name) + " again"});
-        }
-    }
-}
-
-void checkNewsText(const std::string& file, std::string_view text, Findings& findings) {
-    if (!text.starts_with(newDay)) {
-        findings.push_back({Severity::note, file, "line 1", "",
-                            "is not \"It's a new day!\": the first call of the day was cut off"});
-    }
+void checkNewsText(std::string_view text, const Subject& about) {
+    about.at("line 1").note(!text.starts_with(newDay),
+                            "is not \"It's a new day!\": the first call of the day was cut off");
     for (std::size_t i = 0; !text.empty(); ++i) {
         const std::size_t end = text.find(newsLineEnd);
-        const std::string_view line = text.substr(0, end);
-        if (end == std::string_view::npos) {
-            findings.push_back({Severity::warning, file, lineOf(i), "",
-                                "does not end in a line feed and a carriage return"});
-        }
-        if (holdsControls(line)) {
-            findings.push_back({Severity::error, file, lineOf(i), "", "contains a control byte"});
-        }
+        about.at(lineOf(i)).warning(end == std::string_view::npos,
+                                    "does not end in a line feed and a carriage return");
+        about.at(lineOf(i)).error(holdsControls(text.substr(0, end)), "contains a control byte");
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + newsLineEnd.size());
     }
 }
 
-const char* wordOf(Severity severity) {
-    switch (severity) {
-    case Severity::error:
-        return "error";
-    case Severity::warning:
-        return "warning";
-    case Severity::note:
-        break;
+void checkMenu(const GameDirectory& home, const std::string& file, Findings& findings) {
+    const std::optional<std::string> content = contentToCheck(home, file, findings);
+    if (!content) {
+        return;
     }
-    return "note";
-}
-
-std::size_t countOf(const Findings& findings, Severity severity) {
-    return static_cast<std::size_t>(
-        std::count_if(findings.begin(), findings.end(),
-                      [&](const Finding& finding) { return finding.severity == severity; }));
-}
-
-void tell(const Finding& finding, std::ostream& out) {
-    out << wordOf(finding.severity) << ": " << finding.file;
-    if (!finding.place.empty()) {
-        out << ": " << finding.place;
+    const Subject about(findings, file);
+    about.warning(content->empty(), "is empty");
+    about.warning(looksLikeUtf8(*content),
+                  "is in UTF-8: callers see other characters; convert it to CP437");
+    std::size_t lines = 0;
+    for (std::size_t at = 0; (at = content->find('\n', at)) != std::string::npos; ++at, ++lines) {
+        if (about.at(lineOf(lines))
+                .warning(at == 0 || (*content)[at - 1] != '\r',
+                         "ends in a line feed without a carriage return: what follows does not "
+                         "begin at the left")) {
+            return;
+        }
     }
-    if (!finding.field.empty()) {
-        out << ": " << finding.field;
-    }
-    out << ' ' << finding.text << '\n';
-}
-
-std::string counted(std::size_t count, const std::string& what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 } // namespace
 
+bool Subject::add(Severity severity, bool holds, const std::string& text) const {
+    if (holds) {
+        findings_.push_back({severity, file_, place_, field_, text});
+    }
+    return holds;
+}
+
 std::optional<std::string> contentToCheck(const GameDirectory& home, const std::string& name,
                                           Findings& findings) {
     const fs::path path = home.data / name;
+    const Subject about(findings, name);
     std::error_code ignored;
-    if (!fs::exists(fs::symlink_status(path, ignored))) {
+    if (!fs::exists(fs::symlink_status(path, ignored)) ||
+        about.error(!fs::is_regular_file(path, ignored), "is not a regular file")) {
         return std::nullopt;
     }
-    std::optional<std::string> content;
-    if (fs::is_regular_file(path, ignored)) {
-        content = readWhole(path.string());
-        if (!content) {
-            findings.push_back({Severity::error, name, "", "",
-                                std::string("cannot be read: ") + std::strerror(errno)});
-        }
-    } else {
-        findings.push_back({Severity::error, name, "", "", "is not a regular file"});
-    }
+    std::optional<std::string> content = readWhole(path.string());
+    about.error(!content, std::string("cannot be read: ") + std::strerror(errno));
     return content;
 }
 
 void checkConfiguration(const GameDirectory& home, Findings& findings) {
+    const Subject about(findings, configurationFileName);
     const std::optional<std::string> text =
         readWhole((home.start / configurationFileName).string());
     if (!text) {
-        findings.push_back({Severity::warning, configurationFileName, "", "",
-                            "is missing: no board is named, and the game uses the directory that "
-                            "it is started in"});
+        about.warning(true, std::string("cannot be read: ") + std::strerror(errno) +
+                                ": no board is named, and the game uses the directory that it is "
+                                "started in");
         return;
     }
     std::string_view rest = *text;
-    for (std::size_t number = 1; number <= configurationLines; ++number) {
+    for (std::size_t i = 0; i < configurationLines; ++i) {
         const std::string_view line = rest.substr(0, rest.find('\n'));
-        checkConfigurationLine(number, line, findings);
+        const Subject here = about.at(lineOf(i));
+        const bool isLast = i + 1 == configurationLines;
+        if (!here.error(line.size() > longestConfigurationLine,
+                        "is longer than 253 characters: the game does not start") &&
+            !here.add(isLast ? Severity::error : Severity::warning, line.ends_with('\r'),
+                      "ends in a carriage return, which the game reads as part of it: use line "
+                      "feeds only")) {
+            here.warning(holdsControls(line), "contains a control byte");
+        }
+        here.warning(i == 1 && looksLikeUtf8(line),
+                     "is in UTF-8: callers see other characters; convert it to CP437");
         rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     }
-    if (parseConfiguration(*text)) {
-        checkGameDirectory(home, findings);
+    if (const auto configuration = parseConfiguration(*text)) {
+        const std::string& led = configuration->gameDirectory;
+        std::error_code ignored;
+        const std::string instead = "the game uses the directory that it is started in";
+        about.at("line 3").warning(led.empty(), "is empty: " + instead);
+        about.at("line 3").error(!led.empty() && !led.ends_with('\r') &&
+                                     !fs::is_directory(home.start / led, ignored),
+                                 "is " + inQuotes(led) + ", which is not a directory: " + instead);
     }
+}
+
+void checkAccess(const GameDirectory& home, Findings& findings) {
+    const AsOwner owner(home.data);
+    const auto check = [&](const std::string& path, const std::string& name, int mode) {
+        if (::faccessat(AT_FDCWD, path.c_str(), mode, AT_EACCESS) != 0 && errno != ENOENT) {
+            Subject(findings, name)
+                .warning(true, std::string("cannot be written by the board's user: ") +
+                                   std::strerror(errno));
+        }
+    };
+    check(home.data.string(), home.data.string(), W_OK | X_OK);
+    std::vector<std::string> names = dataFiles(home);
+    names.emplace_back(lockFileName);
+    for (const std::string& name : names) {
+        check(home.file(name), name, W_OK);
+    }
+    const Subject lock(findings, lockFileName);
+    lock.warning(!home.lock->works(), "cannot be locked, the file system has no locks: let one "
+                                      "caller play at a time (-ONECALLER)");
+    lock.warning(!contentToCheck(home, lockFileName, findings).value_or("").empty(),
+                 "is not empty");
 }
 
 void checkMenus(const GameDirectory& home, Findings& findings) {
     for (const std::string& name : menuNames) {
-        const bool plain = canRead(home.file(name + ".asc"));
-        const bool coloured = canRead(home.file(name + ".ans"));
-        if (!plain && !coloured) {
-            findings.push_back({Severity::error, name + ".asc", "", "",
-                                "is missing, and " + name + ".ans too: callers see no menu"});
-        } else if (!plain) {
-            findings.push_back({Severity::warning, name + ".asc", "", "",
-                                "is missing: callers without ANSI graphics see no menu"});
-        } else if (!coloured) {
-            findings.push_back({Severity::warning, name + ".ans", "", "",
-                                "is missing: all callers see the plain menu"});
+        const auto plain = findInAnyCase(home, name + ".asc");
+        const auto coloured = findInAnyCase(home, name + ".ans");
+        const Subject about(findings, name + (plain ? ".ans" : ".asc"));
+        if (!about.error(!plain && !coloured,
+                         "is missing, and " + name + ".ans too: callers see no menu")) {
+            about.warning(!plain, "is missing: callers without ANSI graphics see no menu");
+            about.warning(!coloured, "is missing: all callers see the plain menu");
+        }
+        for (const auto& file : {plain, coloured}) {
+            if (file) {
+                checkMenu(home, *file, findings);
+            }
         }
     }
 }
@@ -246,74 +228,95 @@ void checkBoard(const GameDirectory& home, Findings& findings) {
     if (!content) {
         return;
     }
-    if (content->empty()) {
-        findings.push_back({Severity::note, scrollFileName, "", "",
-                            "is empty: a call was cut off while a message was written"});
-    } else if (content->size() != scrollSize && content->size() != 2 * scrollSize) {
-        findings.push_back({Severity::error, scrollFileName, "", "",
-                            "has " + std::to_string(content->size()) +
-                                " bytes; must be 480, or 960 once it was shown"});
-    }
-    std::array<TextSlot, scrollSize / sizeof(TextSlot)> cells{};
-    std::memcpy(cells.data(), content->data(), std::min(content->size(), scrollSize));
-    for (std::size_t i = 0; i < cells.size(); i += 2) {
-        const std::string place = "entry " + std::to_string(i / 2 + 1);
-        checkBoardText(cells[i], place, "author", longestAuthor, findings);
-        checkBoardText(cells[i + 1], place, "message", longestMessage, findings);
+    const Subject about(findings, scrollFileName);
+    const std::size_t size = content->size();
+    about.note(size == 0 && !home.lock->othersType(),
+               "is empty: a call was cut off while a message was written");
+    about.error(size != 0 && size != scrollSize && size != 2 * scrollSize,
+                "has " + std::to_string(size) + " bytes; must be 480, or 960 once it was shown");
+    const std::vector<std::string> entries = boardEntries(*content);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        std::array<TextSlot, 2> cells;
+        std::memcpy(cells.data(), entries[i].data(), sizeof cells);
+        const std::string place = "entry " + std::to_string(i + 1);
+        checkBoardText(cells[0], about.at(place, "author"), longestAuthor);
+        checkBoardText(cells[1], about.at(place, "message"), longestMessage);
     }
 }
 
 void checkScores(const GameDirectory& home, Findings& findings) {
+    contentToCheck(home, plainBulletinName, findings);
+    contentToCheck(home, ansiBulletinName, findings);
     const std::optional<std::string> text = contentToCheck(home, scoreFileName, findings);
-    if (!text) {
-        return;
-    }
-    if (text->empty()) {
-        findings.push_back({Severity::warning, scoreFileName, "", "",
-                            "is empty: it reads as one entry without a name"});
+    const Subject about(findings, scoreFileName);
+    if (!text || about.warning(text->empty(), "is empty: it reads as one entry without a name")) {
         return;
     }
     std::array<ScoreEntry, topTenSize> table;
     const auto count = static_cast<std::size_t>(parseScores(*text, table));
     const auto entries = std::span<const ScoreEntry>(table).first(count);
-    checkScoreText(*text, entries, findings);
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        checkScoreEntry(entries[i], lineOf(i), findings);
+    checkScoreText(*text, entries, about);
+    std::set<std::string> names;
+    for (std::size_t i = 0; i < count; ++i) {
+        const ScoreEntry& entry = entries[i];
+        const std::string score = "is " + std::to_string(entry.score);
+        const Subject name = about.at(lineOf(i), "name");
+        name.error(holdsControls(entry.name), withoutIt(entry.name));
+        name.warning(!names.insert(entry.name).second, "is " + inQuotes(entry.name) + " again");
+        // The inn enters even who has no experience yet.
+        name.in("score").warning(entry.score < 0, score + "; must not be negative");
+        name.in("score").error(i > 0 && entry.score > entries[i - 1].score,
+                               score + ", more than in the line before");
+        name.in("className")
+            .error(entry.className.empty() ||
+                       entry.className != colourOfClass(entry.className).name,
+                   "reads as " + inQuotes(entry.className) + ", which is not a class");
     }
-    checkScoreOrder(entries, findings);
 }
 
 void checkNews(const GameDirectory& home, Findings& findings) {
     for (const std::string& name : dataFiles(home)) {
-        if (!isNewsFileName(name)) {
-            continue;
-        }
-        if (sortableDay(name.substr(0, 6)).empty()) {
-            findings.push_back({Severity::warning, name, "", "", "is not named after a date"});
-        }
-        if (const std::optional<std::string> text = contentToCheck(home, name, findings)) {
-            checkNewsText(name, *text, findings);
+        if (isNewsFileName(name)) {
+            const Subject about(findings, name);
+            about.warning(dayOf(name.substr(0, 6)).empty(), "is not named after a date");
+            if (const std::optional<std::string> text = contentToCheck(home, name, findings)) {
+                checkNewsText(*text, about);
+            }
         }
     }
 }
 
-bool checkGame(const GameDirectory& home, std::ostream& out) {
+bool checkGame(const GameDirectory& home, bool asJson, std::ostream& out) {
+    const Transaction transaction(*home.lock);
     Findings findings;
     for (const auto& look : {checkConfiguration, checkAccess, checkMenus, checkCharacters,
                              checkBoard, checkScores, checkNews}) {
         look(home, findings);
     }
-    for (const Finding& finding : findings) {
-        tell(finding, out);
+    std::array<std::size_t, severityWords.size()> counts{};
+    Json list = Json::array();
+    for (const auto& [severity, file, place, field, text] : findings) {
+        const auto kind = static_cast<std::size_t>(severity);
+        ++counts[kind];
+        list.push_back({{"severity", severityWords[kind]},
+                        {"file", file},
+                        {"place", place},
+                        {"field", field},
+                        {"text", text}});
+        if (!asJson) {
+            out << severityWords[kind] << ": " << file << (place.empty() ? "" : ": " + place)
+                << (field.empty() ? "" : ": " + field) << ' ' << text << '\n';
+        }
     }
-    const std::size_t errors = countOf(findings, Severity::error);
-    const std::size_t warnings = countOf(findings, Severity::warning);
-    if (errors + warnings == 0) {
+    const bool isGood = counts[0] + counts[1] == 0;
+    if (asJson) {
+        out << list.dump(2) << '\n';
+    } else if (isGood) {
         out << "No errors or warnings.\n";
-        return true;
+    } else {
+        out << counted(counts[0], "error") << " and " << counted(counts[1], "warning") << ".\n";
     }
-    out << counted(errors, "error") << " and " << counted(warnings, "warning") << ".\n";
-    return false;
+    return isGood;
 }
 
 } // namespace morvek

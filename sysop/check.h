@@ -14,12 +14,12 @@ namespace morvek {
 
 enum class Severity : std::uint8_t {
     error,   // the game misreads it, or plays wrong with it
-    warning, // the game plays on, but it did not come from the game
+    warning, // the game plays on, but it did not come from the game or needs the operator
     note,    // nothing is wrong: worth knowing
 };
 
 struct Finding {
-    Severity severity = Severity::error;
+    Severity severity;
     std::string file;
     std::string place; // the record, line or entry; empty: the whole file
     std::string field; // empty: all of the place
@@ -27,6 +27,37 @@ struct Finding {
 };
 
 using Findings = std::vector<Finding>;
+
+// Adds what is found about a place of a file, each where the condition holds.
+class Subject {
+public:
+    Subject(Findings& findings, std::string file, std::string place = {}, std::string field = {})
+        : findings_(findings), file_(std::move(file)), place_(std::move(place)),
+          field_(std::move(field)) {}
+
+    [[nodiscard]] Subject at(std::string place, std::string field = {}) const {
+        return {findings_, file_, std::move(place), std::move(field)};
+    }
+    [[nodiscard]] Subject in(std::string field) const { return at(place_, std::move(field)); }
+
+    // Returns the condition.
+    bool add(Severity severity, bool holds, const std::string& text) const;
+    bool error(bool holds, const std::string& text) const {
+        return add(Severity::error, holds, text);
+    }
+    bool warning(bool holds, const std::string& text) const {
+        return add(Severity::warning, holds, text);
+    }
+    bool note(bool holds, const std::string& text) const {
+        return add(Severity::note, holds, text);
+    }
+
+private:
+    Findings& findings_;
+    std::string file_;
+    std::string place_;
+    std::string field_;
+};
 
 // Each of these looks at one kind of file and adds what it finds.
 void checkConfiguration(const GameDirectory& home, Findings& findings);
@@ -37,12 +68,11 @@ void checkBoard(const GameDirectory& home, Findings& findings);
 void checkScores(const GameDirectory& home, Findings& findings);
 void checkNews(const GameDirectory& home, Findings& findings);
 
-// Looks at everything and tells all findings, one a line, and how many they are; whether there is
-// no error and no warning among them.
-bool checkGame(const GameDirectory& home, std::ostream& out);
+// Looks at everything and tells all findings; whether there is no error and no warning among them.
+bool checkGame(const GameDirectory& home, bool asJson, std::ostream& out);
 
-// The file's content for a check; adds a finding, and gives nothing, when it cannot be read. A
-// file that is not there gives nothing and adds nothing.
+// The content of a file of the game that is to be checked. One that cannot be read is added to the
+// findings; one that is not there is not.
 std::optional<std::string> contentToCheck(const GameDirectory& home, const std::string& name,
                                           Findings& findings);
 

@@ -1,18 +1,18 @@
 #include "sysop/command_line.h"
 
-#include "sysop/backup.h"
 #include "sysop/bulletins.h"
+#include "sysop/change.h"
+#include "sysop/charset.h"
 #include "sysop/check.h"
 #include "sysop/edit.h"
 #include "sysop/failure.h"
 #include "sysop/fields.h"
-#include "sysop/game_directory.h"
 #include "sysop/new_game.h"
 #include "sysop/players.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <functional>
-#include <optional>
 #include <utility>
 
 namespace morvek {
@@ -30,12 +30,23 @@ struct Arguments {
     bool all = false;
     bool force = false;
     bool list = false;
-    Format format = Format::text;
+    bool traces = false;
+    bool dryRun = false;
+    std::vector<Format> formats;
     std::string day;
     std::string file;
-    Change change;
+    std::vector<std::string> pairs;
     NewGame wanted;
 };
+
+// The stamp of a day that was typed as MMDDYY or as 2026-11-15; empty when it is none.
+std::string stampOf(const std::string& typed) {
+    const bool isLong = typed.size() == 10;
+    const std::string stamp =
+        isLong ? typed.substr(5, 2) + typed.substr(8) + typed.substr(2, 2) : typed;
+    const std::string day = dayOf(stamp);
+    return day.empty() || (isLong && day != typed) ? std::string() : stamp;
+}
 
 class CommandLine {
 public:
@@ -56,37 +67,48 @@ public:
     }
 
     int run(const std::vector<std::string>& arguments) {
+        int status = done;
         try {
             app_.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
-            return verb_ ? verb_() : explain();
+            status = verb_ ? verb_() : explain();
+        } catch (const CLI::Success& asked) {
+            app_.exit(asked, out_, err_);
         } catch (const CLI::ParseError& error) {
-            return app_.exit(error, out_, err_) == 0 ? done : wrongUsage;
+            status = end(wrongUsage, error.what());
         } catch (const Misuse& error) {
-            err_ << "morvek-sysop: " << error.what() << '\n';
-            return wrongUsage;
+            status = end(wrongUsage, error.what());
         } catch (const std::exception& error) {
-            err_ << "morvek-sysop: " << error.what() << '\n';
-            return notDone;
+            status = end(notDone, reasonOf(error));
         }
+        if (!out_.flush()) {
+            status = end(notDone, cannot("standard output", "written", errno).what());
+        }
+        return status;
     }
 
 private:
     std::ostream& out_;
     std::ostream& err_;
+    CLI::App app_{"Looks after the files of a game of Morvek.", "morvek-sysop"};
     Arguments given_;
     std::function<int()> verb_;
-    CLI::App app_{"Maintains the files of a game of Morvek.", "morvek-sysop"};
 
-    // Without a verb there is nothing to do but to name them all.
+    int end(int status, const std::string& line) {
+        err_ << "morvek-sysop: " << withoutControls(line) << '\n';
+        return status;
+    }
+
     int explain() {
         err_ << app_.help();
         return wrongUsage;
     }
 
-    GameDirectory home() { return openGame(given_.directory); }
+    GameDirectory home() const { return openGame(given_.directory); }
 
-    CLI::App* addVerb(const char* name, const char* purpose, std::function<void()> work) {
-        CLI::App* added = app_.add_subcommand(name, purpose);
+    // A verb whose work is done unless it throws.
+    CLI::App* addVerb(const std::string& name, const std::string& meaning,
+                      std::function<void()> work) {
+        CLI::App* added = app_.add_subcommand(name, meaning);
         added->callback([this, work = std::move(work)] {
             verb_ = [work] {
                 work();
@@ -96,13 +118,45 @@ private:
         return added;
     }
 
-    CLI::Option* addNumber(CLI::App* to) {
-        return to->add_option("N", given_.number, "The player's number in the player list")
-            ->check(CLI::Range(1, 50));
+    CLI::Option* addNumber(CLI::App* to, const std::string& option, std::size_t most,
+                           const std::string& meaning) {
+        return to
+            ->add_option_function<std::string>(
+                option,
+                [this, most](const std::string& typed) {
+                    const auto number = wholeNumber(typed);
+                    if (!number || *number < 1 || *number > static_cast<std::int64_t>(most)) {
+                        throw Misuse("\"" + typed + "\" is not a number from 1 to " +
+                                     std::to_string(most));
+                    }
+                    given_.number = static_cast<std::size_t>(*number);
+                },
+                meaning)
+            ->type_name("N");
+    }
+
+    CLI::Option* addPlayer(CLI::App* to) {
+        return addNumber(to, "N", 50, "The player's number in the player list");
     }
 
     void addForce(CLI::App* to) {
-        to->add_flag("--force", given_.force, "Even while somebody is marked on-line");
+        to->add_flag("--force", given_.force, "Even while the player is in the game");
+    }
+
+    void addJson(CLI::App* to) { to->add_flag("--json", given_.json, "As JSON"); }
+
+    CLI::Option* addDay(CLI::App* to, const std::string& option, const std::string& meaning) {
+        return to
+            ->add_option_function<std::string>(
+                option,
+                [this](const std::string& typed) {
+                    given_.day = stampOf(typed);
+                    if (given_.day.empty()) {
+                        throw Misuse("\"" + typed + "\" is not a day (MMDDYY or YYYY-MM-DD)");
+                    }
+                },
+                meaning)
+            ->type_name("DAY");
     }
 
     void addInit() {
@@ -115,120 +169,149 @@ private:
         init->add_option("--menus", given_.wanted.menus,
                          "Where to copy the display files from (default: where they are installed)")
             ->type_name("DIR");
+        init->add_option("--keeper", given_.wanted.keeper,
+                         "Player 1, whom robbers overwrite: a name that no caller has")
+            ->type_name("NAME");
     }
 
     void addReadingVerbs() {
-        CLI::App* players = addVerb("players", "List all characters",
-                                    [this] { listPlayers(home(), given_.json, out_); });
-        players->add_flag("--json", given_.json, "As JSON");
+        addJson(addVerb("players", "List all characters",
+                        [this] { listPlayers(home(), given_.json, out_); }));
         CLI::App* show = addVerb("show", "Show all fields of a character",
                                  [this] { showPlayer(home(), given_.number, given_.json, out_); });
-        addNumber(show)->required();
-        show->add_flag("--json", given_.json, "As JSON");
-        app_.add_subcommand("check", "Check every file of the game")
-            ->footer("Status 1 when there is an error or a warning. An error is what the game "
-                     "misreads\nor plays wrong with; a warning was not written by the game, but "
-                     "does no harm.")
-            ->callback(
-                [this] { verb_ = [this] { return checkGame(home(), out_) ? done : notDone; }; });
+        addPlayer(show)->required();
+        addJson(show);
+        CLI::App* check = app_.add_subcommand("check", "Check every file of the game");
+        check->footer("Status 1 when there is an error or a warning. An error is what the game "
+                      "misreads\nor plays wrong with; a warning was not written by the game, but "
+                      "does no harm.");
+        check->callback([this] {
+            verb_ = [this] { return checkGame(home(), given_.json, out_) ? done : notDone; };
+        });
+        addJson(check);
     }
 
     void addChangingVerbs() {
-        CLI::App* set = addVerb("set", "Change a field of a character", [this] {
-            given_.change.number = given_.number;
-            refuseWhilePlayed(home(), given_.force);
-            setPlayer(home(), given_.change, out_);
+        CLI::App* set = addVerb("set", "Change fields of a character", [this] {
+            if (given_.pairs.size() % 2 != 0) {
+                throw Misuse(given_.pairs.back() + ": a value is missing");
+            }
+            setPlayer(home(), given_.number, given_.pairs, given_.force, out_);
         });
-        addNumber(set)->required();
-        set->add_option("FIELD", given_.change.field,
+        addPlayer(set)->required();
+        set->add_option("FIELD VALUE", given_.pairs,
                         "A field as `show` names it, or a flag of the world: searched.12, "
-                        "cleared.12,\ncastle1.3, castle2.3, mortuary1.3, cavern1.3")
-            ->required();
-        set->add_option("VALUE", given_.change.value,
-                        "Its new value, within the range that the game can reach")
+                        "cleared.12,\ncastle1.3, castle2.3, mortuary1.3, cavern1.3; and its new "
+                        "value, within\nthe range that the game can reach")
             ->required();
         addForce(set);
         CLI::App* remove = addVerb("remove", "Remove a character", [this] {
-            refuseWhilePlayed(home(), given_.force);
-            removePlayer(home(), given_.number, out_);
+            removePlayer(home(), given_.number, given_.traces, given_.force, out_);
         });
-        addNumber(remove)->required();
+        addPlayer(remove)->required();
+        remove->add_flag("--traces", given_.traces,
+                         "Also his messages, his scores and his lines in the news");
         remove->footer("The last character of the file moves into the free slot.");
         addForce(remove);
+        CLI::App* purged = addVerb("purge", "Remove what is old", [this] {
+            purge(home(), dayOf(given_.day), given_.dryRun, out_);
+        });
+        addDay(purged, "--before",
+               "Remove the characters that nobody has played since, and older news")
+            ->required();
+        purged->add_flag("--dry-run", given_.dryRun, "Only say what would go");
+        purged->footer("Player 1 stays.");
         CLI::App* offline = addVerb("offline", "Clear the on-line mark that a dropped call left",
                                     [this] { clearMarks(); });
-        CLI::Option* number = addNumber(offline);
-        offline->add_flag("--all", given_.all, "Of all characters")->excludes(number);
+        CLI::Option* number = addPlayer(offline);
+        offline->add_flag("--all", given_.all, "Of all who are not in the game")->excludes(number);
     }
 
     void clearMarks() {
         if (!given_.all && given_.number == 0) {
             throw Misuse("offline needs a player's number or --all");
         }
-        markOffline(home(), given_.all ? std::nullopt : std::optional(given_.number), out_);
+        markOffline(home(), given_.number, out_);
     }
 
     void addBackupVerbs() {
         CLI::App* backup = addVerb("backup", "Back up the data files", [this] { backUpOrList(); });
         backup->add_option("DIRECTORY", given_.file,
                            "The directory to make (default: one in backup/)");
-        backup->add_flag("--list", given_.list, "List the backups in backup/ instead");
+        CLI::Option* list =
+            backup->add_flag("--list", given_.list, "List the backups in backup/ instead");
+        backup->add_flag("--json", given_.json, "The list as JSON")->needs(list);
         backup->footer("Backups in backup/ are named by date and time; the newest 50 are kept. "
-                       "Every verb that\nchanges anything makes one first.");
+                       "Every verb that\nchanges anything makes one in backup/auto/ first, where "
+                       "the newest 50 are kept too.");
         CLI::App* restore = addVerb("restore", "Restore the data files from a backup", [this] {
-            refuseWhilePlayed(home(), given_.force);
-            restoreBackup(home(), given_.file, out_);
+            restoreBackup(home(), given_.file, given_.force, out_);
         });
         restore->add_option("DIRECTORY", given_.file, "The backup, or its name in backup/")
             ->required();
         addForce(restore);
-        CLI::App* reset = addVerb(
-            "reset", "Start a new season: remove characters, board, scores and news", [this] {
-                refuseWhilePlayed(home(), given_.force);
-                beginSeason(home(), out_);
-            });
+        CLI::App* reset =
+            addVerb("reset", "Start a new season: remove characters, board, scores and news",
+                    [this] { beginSeason(home(), given_.force, out_); });
         reset->footer("The display files and morvek.cfg stay.");
         addForce(reset);
     }
 
     void backUpOrList() {
+        const GameDirectory game = home();
         if (given_.list) {
-            listBackups(home(), out_);
-        } else {
-            backUp(home(), out_, given_.file);
+            listBackups(game, given_.json, out_);
+            return;
         }
+        const Change change(game);
+        const fs::path made =
+            given_.file.empty() ? makeBackup(game, ownBackups) : makeBackupIn(game, given_.file);
+        out_ << "Backup: " << made.string() << '\n';
     }
 
     void addFormats(CLI::App* to) {
-        CLI::Option_group* formats = to->add_option_group("Format");
-        formats->require_option(0, 1);
-        addFormat(formats, "--text", Format::text, "Plain text, CP437 (default)");
-        addFormat(formats, "--ansi", Format::ansi, "Coloured by ANSI sequences, CP437");
-        addFormat(formats, "--html", Format::html, "A web page, UTF-8");
-        addFormat(formats, "--json", Format::json, "JSON, UTF-8");
+        const auto add = [&](const char* flag, Format format, const char* meaning) {
+            to->add_flag_callback(
+                flag, [this, format] { given_.formats.push_back(format); }, meaning);
+        };
+        add("--text", Format::text, "Plain text, CP437 (default)");
+        add("--ansi", Format::ansi, "Coloured by ANSI sequences, CP437");
+        add("--html", Format::html, "A web page, UTF-8");
+        add("--json", Format::json, "JSON, UTF-8");
     }
 
-    void addFormat(CLI::App* to, const char* flag, Format format, const char* meaning) {
-        to->add_flag_callback(
-            flag, [this, format] { given_.format = format; }, meaning);
+    Format format() const {
+        if (given_.formats.size() > 1) {
+            throw Misuse("choose one of --text, --ansi, --html and --json");
+        }
+        return given_.formats.empty() ? Format::text : given_.formats.front();
     }
 
     void addBulletins() {
-        addFormats(addVerb("scores", "Write the ten best scores",
-                           [this] { writeScores(home(), given_.format, out_); }));
+        CLI::App* scores = addVerb("scores", "Write the ten best scores", [this] {
+            if (given_.number > 0) {
+                removeScore(home(), given_.number, out_);
+            } else {
+                writeScores(home(), format(), out_);
+            }
+        });
+        addFormats(scores);
+        addNumber(scores, "--remove", 10, "Remove this line instead, from the bulletins too");
         CLI::App* news = addVerb("news", "Write the news of a day", [this] {
-            writeNews(home(), given_.day.empty() ? localTime("%m%d%y") : given_.day, given_.format,
+            writeNews(home(), given_.day.empty() ? localTime("%m%d%y") : given_.day, format(),
                       out_);
         });
-        news->add_option("--date", given_.day, "The day (default: today)")
-            ->type_name("MMDDYY")
-            ->check([](const std::string& typed) {
-                return sortableDay(typed).empty() ? typed + " is not a date (MMDDYY)"
-                                                  : std::string();
-            });
+        addDay(news, "--date", "The day (default: today)");
         addFormats(news);
-        addFormats(addVerb("board", "Write the message board",
-                           [this] { writeBoard(home(), given_.format, out_); }));
+        CLI::App* board = addVerb("board", "Write the message board", [this] {
+            if (given_.number > 0) {
+                removeMessage(home(), given_.number, out_);
+            } else {
+                writeBoard(home(), format(), out_);
+            }
+        });
+        addFormats(board);
+        addNumber(board, "--remove", 10, "Remove this message instead, counted from the top");
     }
 };
 

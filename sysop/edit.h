@@ -1,33 +1,45 @@
-// The verbs that change the character file. The game writes the whole file from its memory at each
-// save, so what is changed while somebody plays is lost: they refuse while a character is marked
-// on-line, unless forced. Each makes a backup first, and none when there is nothing to change.
+// The verbs that change the data files. Each is one change, after a backup, and none when there is
+// nothing to change. The game's saves take over what others have changed, character by character:
+// so a character can be changed while others play, but not while its own player is in the game.
 #pragma once
 
 #include "sysop/game_directory.h"
 
 #include <cstddef>
-#include <optional>
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace morvek {
 
-// Throws Failure when somebody is marked on-line and it is not forced.
-void refuseWhilePlayed(const GameDirectory& home, bool forced);
-
-struct Change {
-    std::size_t number = 0; // of the player
-    std::string field;      // of the record, or a flag of the world
-    std::string value;
-};
-
-void setPlayer(const GameDirectory& home, const Change& change, std::ostream& out);
+// Sets fields of the player with that number, in pairs of a field's name and its value.
+void setPlayer(const GameDirectory& home, std::size_t number, const std::vector<std::string>& pairs,
+               bool forced, std::ostream& out);
 
 // Removes the player. The last one of the file takes his place and number, since a gap would give
 // every later caller a second record at his next save. A slot that is already free is filled too.
-void removePlayer(const GameDirectory& home, std::size_t number, std::ostream& out);
+// His traces are his messages, his scores and his lines in the news.
+void removePlayer(const GameDirectory& home, std::size_t number, bool traces, bool forced,
+                  std::ostream& out);
 
-// Takes the on-line mark off that player, or off all.
-void markOffline(const GameDirectory& home, std::optional<std::size_t> number, std::ostream& out);
+// Removes the characters that nobody has played since the day, and the news of the days before;
+// says first what goes, and changes nothing in a dry run. Player 1 stays: who takes his place would
+// get what a robber saves there.
+void purge(const GameDirectory& home, const std::string& day, bool dryRun, std::ostream& out);
+
+// Takes the on-line mark that a call has left behind off that player, or off all with number 0.
+void markOffline(const GameDirectory& home, std::size_t number, std::ostream& out);
+
+// Takes one message off the board, or one line off the ten best and their bulletins; counted as
+// `board` and `scores` show them.
+void removeMessage(const GameDirectory& home, std::size_t number, std::ostream& out);
+void removeScore(const GameDirectory& home, std::size_t number, std::ostream& out);
+
+// Puts the data files back as the backup holds them; files that it does not hold go.
+void restoreBackup(const GameDirectory& home, const std::string& named, bool forced,
+                   std::ostream& out);
+
+// Removes all data files: a new season.
+void beginSeason(const GameDirectory& home, bool forced, std::ostream& out);
 
 } // namespace morvek

@@ -1,7 +1,10 @@
 // Errors that end a verb with one line on standard error and a status.
 #pragma once
 
+#include <cstring>
+#include <filesystem>
 #include <stdexcept>
+#include <string>
 
 namespace morvek {
 
@@ -19,5 +22,16 @@ struct Failure : std::runtime_error {
 struct Misuse : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
+
+// The failure of a system call: "PATH cannot be read: Permission denied".
+inline Failure cannot(const std::string& path, const std::string& what, int error) {
+    return Failure(path + " cannot be " + what + ": " + std::strerror(error));
+}
+
+// What happened, in the words that an operator reads.
+inline std::string reasonOf(const std::exception& error) {
+    const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error);
+    return file != nullptr ? file->path1().string() + ": " + file->code().message() : error.what();
+}
 
 } // namespace morvek

@@ -5,7 +5,9 @@
 #include "sysop/fields.h"
 
 #include "files/score_file.h"
+#include "state/game_state.h"
 #include "state/roster.h"
+#include "state/store_player.h"
 #include "state/world_words.h"
 #include "sysop/charset.h"
 #include "sysop/failure.h"
@@ -16,8 +18,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstring>
 #include <limits>
 
 namespace morvek {
@@ -33,41 +33,19 @@ constexpr std::string_view classNames =
 using enum FieldKind;
 using enum FieldRule;
 
-// clang-format off
-constexpr std::array fields{
-    Field{"version",          text,   offsetof(PlayerRecord, version), 0, 0, versionMark},
-    Field{"bbsName",          text,   offsetof(PlayerRecord, bbsName)},
-    Field{"slotIndex",        number, offsetof(PlayerRecord, slotIndex), 0, slotCount - 1},
-    Field{"lastPlayedDay",    number, offsetof(PlayerRecord, lastPlayedDay), 0, 123199, day},
-    Field{"onlineFlag",       number, offsetof(PlayerRecord, onlineFlag), 0, 1},
-    Field{"ownerName",        text,   offsetof(PlayerRecord, ownerName), 0, 0, filled},
-    Field{"name",             text,   offsetof(PlayerRecord, name), 0, 0, filled},
-    Field{"className",        text,   offsetof(PlayerRecord, className), 0, 0, oneOfTheClasses},
-    Field{"level",            number, offsetof(PlayerRecord, level), 1, 7},
-    Field{"experience",       number, offsetof(PlayerRecord, experience), 0, mostOfWord},
-    Field{"gold",             money,  offsetof(PlayerRecord, gold), deepestDebt, mostMoney},
-    Field{"bankGold",         money,  offsetof(PlayerRecord, bankGold), 0, mostMoney},
-    Field{"experienceNeeded", number, offsetof(PlayerRecord, experienceNeeded), 1000, 13000},
-    Field{"hitPoints",        number, offsetof(PlayerRecord, hitPoints), 1, 141, upToMaximum},
-    Field{"maxHitPoints",     number, offsetof(PlayerRecord, maxHitPoints), 13, 141},
-    Field{"strength",         number, offsetof(PlayerRecord, strength), 3, 126},
-    Field{"constitution",     number, offsetof(PlayerRecord, constitution), 3, 18},
-    Field{"dexterity",        number, offsetof(PlayerRecord, dexterity), 3, 126},
-    Field{"intelligence",     number, offsetof(PlayerRecord, intelligence), 3, 126},
-    Field{"wisdom",           number, offsetof(PlayerRecord, wisdom), 3, 18},
-    Field{"charisma",         number, offsetof(PlayerRecord, charisma), 3, 18},
-    Field{"weaponNumber",     number, offsetof(PlayerRecord, weaponNumber), 0, 6},
-    Field{"weapon",           text,   offsetof(PlayerRecord, weapon), 0, 0, filled},
-    Field{"armourNumber",     number, offsetof(PlayerRecord, armourNumber), 0, 6},
-    Field{"armour",           text,   offsetof(PlayerRecord, armour), 0, 0, filled},
-    Field{"turnsLeft",        number, offsetof(PlayerRecord, turnsLeft), 0, 30},
-    Field{"turnsPerDay",      number, offsetof(PlayerRecord, turnsPerDay), 30, 30},
-    Field{"reserved",         number, offsetof(PlayerRecord, reserved), 0, 0},
-    Field{"reservedCounter",  number, offsetof(PlayerRecord, reservedCounter), 0, 0},
-    Field{"inUse",            byte,   offsetof(PlayerRecord, inUse), 1, 1},
-    Field{"currentLocation",  number, offsetof(PlayerRecord, currentLocation), 0, locationCount},
+// What the shops sell, by its number.
+struct Wares {
+    std::string_view name;
+    std::string_view number;
+    std::array<std::string_view, 7> names;
 };
-// clang-format on
+
+constexpr std::array<Wares, 2> wares{{
+    {"weapon", "weaponNumber", {"Fists", "Club", "Dagger", "Javelin", "Mace", "Sickle", "Spear"}},
+    {"armour",
+     "armourNumber",
+     {"T-Shirt", "Cloth", "Feyweave", "Starweave", "Leather", "Feyleather", "Starleather"}},
+}};
 
 template <class Value>
 Value get(const Field& field, const PlayerRecord& slot) {
@@ -81,74 +59,98 @@ void put(const Field& field, PlayerRecord& slot, const Value& value) {
     std::memcpy(reinterpret_cast<char*>(&slot) + field.offset, &value, sizeof value);
 }
 
-const TextSlot& textAt(const Field& field, const PlayerRecord& slot) {
-    return *reinterpret_cast<const TextSlot*>(reinterpret_cast<const char*>(&slot) + field.offset);
+double numberIn(const Field& field, const PlayerRecord& slot) {
+    return field.kind == money  ? get<double>(field, slot)
+           : field.kind == byte ? get<std::uint8_t>(field, slot)
+                                : get<std::int32_t>(field, slot);
 }
 
+// All its digits, with no exponent.
 std::string shown(double amount) {
-    std::array<char, 400> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), "%.15g", amount);
-    return buffer.data();
+    std::array<char, 1100> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), amount,
+                                   std::chars_format::fixed);
+    return {digits.data(), end.ptr};
 }
 
 std::string rangeOf(const Field& field) {
-    if (field.least == field.most) {
-        return "must be " + shown(field.least);
-    }
-    return "must be " + shown(field.least) + " to " + shown(field.most);
+    const std::string most = shown(field.most);
+    return "must be " + (field.least == field.most ? most : shown(field.least) + " to " + most);
 }
 
-std::optional<std::string> complaintAboutNumber(const Field& field, const PlayerRecord& slot) {
-    const FieldValue held = valueOf(field, slot);
-    const double value = field.kind == money ? std::get<double>(held)
-                                             : static_cast<double>(std::get<std::int64_t>(held));
+const Wares& waresOf(const Field& field) {
+    return field.name == wares[0].name || field.name == wares[0].number ? wares[0] : wares[1];
+}
+
+std::optional<std::string> complaintAboutNumber(const Field& field, const PlayerRecord& slot,
+                                                std::size_t index) {
+    const double value = numberIn(field, slot);
+    const std::string is = "is " + shown(value);
     if (!(value >= field.least && value <= field.most)) {
-        return "is " + shownValue(field, slot) + "; " + rangeOf(field);
+        return is + "; " + rangeOf(field);
     }
-    if (field.kind == money && value != std::floor(value)) {
-        return "is " + shownValue(field, slot) + "; must be a whole number";
+    if (value != std::floor(value)) {
+        return is + "; must be a whole number";
     }
-    if (field.rule == day && value != 0 && dayOf(static_cast<std::int64_t>(value)).empty()) {
-        return "is " + shownValue(field, slot) + "; must be a date as MMDDYY";
+    if (field.rule == day && value != 0 && dayOf(slot.lastPlayedDay).empty()) {
+        return is + "; must be a date as MMDDYY";
     }
     if (field.rule == upToMaximum && value > slot.maxHitPoints) {
-        return "is " + shownValue(field, slot) + ", above maxHitPoints (" +
-               std::to_string(slot.maxHitPoints) + ")";
+        return is + ", above maxHitPoints (" + std::to_string(slot.maxHitPoints) + ")";
+    }
+    if (field.rule == ownSlot && value != 0 && value != static_cast<double>(index)) {
+        return is + "; must be 0 or " + std::to_string(index) + ", as the slot";
     }
     return std::nullopt;
 }
 
 std::optional<std::string> complaintAboutText(const Field& field, const PlayerRecord& slot) {
-    const TextSlot& held = textAt(field, slot);
+    const TextSlot held = get<TextSlot>(field, slot);
     const std::string_view view = held.view();
+    const auto mustBe = [&](std::string_view wanted) {
+        return "is " + inQuotes(view) + "; must be " + std::string(wanted);
+    };
     if (held.length > TextSlot::capacity) {
         return "has the length " + std::to_string(held.length) +
                "; must be at most 15 (the game reads it as empty)";
     }
-    if (std::any_of(view.begin(), view.end(), isControl)) {
+    if (holdsControls(view)) {
         return "contains a control byte (" + inQuotes(view) + " without it)";
     }
-    if (field.rule == versionMark && view != emptySlot().version.view()) {
-        return "is " + inQuotes(view) + "; must be " + inQuotes(emptySlot().version.view());
+    if (field.rule == versionMark && view != slotVersion) {
+        return mustBe(inQuotes(slotVersion));
     }
-    if (field.rule == filled && view.empty()) {
+    if (field.rule != none && view.empty()) {
         return "is empty";
     }
-    if (field.rule == oneOfTheClasses && (view.empty() || view != colourOfClass(view).name)) {
-        return "is " + inQuotes(view) + "; must be " + std::string(classNames);
+    if (field.rule == characterName && view.find('#') != std::string_view::npos) {
+        return "is " + inQuotes(view) + "; a '#' would break scores.dat";
+    }
+    if (field.rule == oneOfTheClasses && view != colourOfClass(view).name) {
+        return mustBe(classNames);
+    }
+    if (field.rule == ware) {
+        const Wares& kind = waresOf(field);
+        const auto number =
+            static_cast<std::size_t>(get<std::int32_t>(recordField(kind.number), slot));
+        if (number < kind.names.size() && view != kind.names[number]) {
+            return mustBe(kind.names[number]) + ", which is number " + std::to_string(number);
+        }
     }
     return std::nullopt;
 }
 
 void setText(const Field& field, PlayerRecord& slot, std::string_view typed) {
     const std::optional<std::string> value = text::toCp437(typed);
+    const std::string subject = field.name + ": \"" + std::string(typed) + "\" ";
     if (!value) {
-        throw Misuse(std::string(field.name) + ": \"" + std::string(typed) +
-                     "\" has a character that is not in CP437");
+        throw Misuse(subject + "has a character that is not in CP437");
     }
     if (value->size() > TextSlot::capacity) {
-        throw Misuse(std::string(field.name) + ": \"" + std::string(typed) +
-                     "\" is longer than 15 characters");
+        throw Misuse(subject + "is longer than 15 characters");
+    }
+    if (field.rule == owner && (value->starts_with(' ') || value->ends_with(' '))) {
+        throw Misuse(subject + "begins or ends with a blank, which no caller's name does");
     }
     put(field, slot, TextSlot(*value));
 }
@@ -156,13 +158,11 @@ void setText(const Field& field, PlayerRecord& slot, std::string_view typed) {
 void setNumber(const Field& field, PlayerRecord& slot, std::string_view typed) {
     const std::optional<std::int64_t> value = wholeNumber(typed);
     if (!value) {
-        throw Misuse(std::string(field.name) + ": \"" + std::string(typed) +
-                     "\" is not a whole number");
+        throw Misuse(field.name + ": \"" + std::string(typed) + "\" is not a whole number");
     }
     const auto amount = static_cast<double>(*value);
     if (amount < field.least || amount > field.most) {
-        throw Misuse(std::string(field.name) + " cannot be " + std::to_string(*value) + "; " +
-                     rangeOf(field));
+        throw Misuse(field.name + " cannot be " + std::to_string(*value) + "; " + rangeOf(field));
     }
     if (field.kind == money) {
         put(field, slot, amount);
@@ -173,69 +173,184 @@ void setNumber(const Field& field, PlayerRecord& slot, std::string_view typed) {
     }
 }
 
-char lower(char one) { return one >= 'A' && one <= 'Z' ? static_cast<char>(one - 'A' + 'a') : one; }
+void setWare(PlayerRecord& slot, const Wares& kind, std::size_t number) {
+    put(recordField(kind.number), slot, static_cast<std::int32_t>(number));
+    put(recordField(kind.name), slot, TextSlot(kind.names.at(number)));
+}
+
+void setWareByName(const Field& field, PlayerRecord& slot, std::string_view typed) {
+    const Wares& kind = waresOf(field);
+    std::string all;
+    for (std::size_t number = 0; number < kind.names.size(); ++number) {
+        if (text::sameLetters(kind.names[number], typed)) {
+            setWare(slot, kind, number);
+            return;
+        }
+        all.append(number > 0 ? ", " : "").append(kind.names[number]);
+    }
+    throw Misuse(field.name + ": \"" + std::string(typed) + "\" is none of " + all);
+}
+
+// The flags by the numbers of their words; empty where a word is none.
+std::array<std::string, worldWordCount> flagsByWord() {
+    std::array<std::string, worldWordCount> names;
+    for (std::size_t kind = 0; kind < worldPlaces().size(); ++kind) {
+        const Places& places = worldPlaces()[kind];
+        for (int i = 1; i <= places.count; ++i) {
+            const std::size_t word = kind == 0   ? searchedWord(i)
+                                     : kind == 1 ? clearedWord(i)
+                                                 : levelClearedWord(levelWords[kind - 2].level, i);
+            names[word] = places.key + "." + std::to_string(i);
+        }
+    }
+    return names;
+}
+
+// Stores a world whose every word holds its number plus one, to see where each word goes.
+std::vector<Field> findWorldFields() {
+    resetGame();
+    for (std::size_t word = 0; word < worldWordCount; ++word) {
+        game.world.words[word] = static_cast<std::int32_t>(word + 1);
+    }
+    PlayerRecord slot;
+    storePlayer(slot, StoreKind::whole);
+    resetGame();
+    const auto names = flagsByWord();
+    std::vector<Field> found;
+    std::array<bool, worldWordCount> met{};
+    for (std::size_t i = 0; i < slot.worldState.size(); ++i) {
+        const auto word = static_cast<std::size_t>(slot.worldState[i] - 1);
+        if (slot.worldState[i] != 0 && !names[word].empty()) {
+            const std::size_t offset =
+                offsetof(PlayerRecord, worldState) + i * sizeof(std::int32_t);
+            found.push_back({names[word], number, offset, 0, 1, none, met[word]});
+            met[word] = true;
+        }
+    }
+    return found;
+}
 
 } // namespace
 
-std::span<const Field> allFields() { return fields; }
+// clang-format off
+const std::vector<Field>& recordFields() {
+    static const std::vector<Field> fields{
+        {"version",          text,   offsetof(PlayerRecord, version), 0, 0, versionMark},
+        {"bbsName",          text,   offsetof(PlayerRecord, bbsName)},
+        {"slotIndex",        number, offsetof(PlayerRecord, slotIndex), 0, slotCount - 1, ownSlot},
+        {"lastPlayedDay",    number, offsetof(PlayerRecord, lastPlayedDay), 0, 123199, day},
+        {"onlineFlag",       number, offsetof(PlayerRecord, onlineFlag), 0, 1},
+        {"ownerName",        text,   offsetof(PlayerRecord, ownerName), 0, 0, owner},
+        {"name",             text,   offsetof(PlayerRecord, name), 0, 0, characterName},
+        {"className",        text,   offsetof(PlayerRecord, className), 0, 0, oneOfTheClasses},
+        {"level",            number, offsetof(PlayerRecord, level), 1, 7},
+        {"experience",       number, offsetof(PlayerRecord, experience), 0, mostOfWord},
+        {"gold",             money,  offsetof(PlayerRecord, gold), deepestDebt, mostMoney},
+        {"bankGold",         money,  offsetof(PlayerRecord, bankGold), 0, mostMoney},
+        {"experienceNeeded", number, offsetof(PlayerRecord, experienceNeeded), 1000, 13000},
+        {"hitPoints",        number, offsetof(PlayerRecord, hitPoints), 1, 141, upToMaximum},
+        {"maxHitPoints",     number, offsetof(PlayerRecord, maxHitPoints), 13, 141},
+        {"strength",         number, offsetof(PlayerRecord, strength), 3, 126},
+        {"constitution",     number, offsetof(PlayerRecord, constitution), 3, 18},
+        {"dexterity",        number, offsetof(PlayerRecord, dexterity), 3, 126},
+        {"intelligence",     number, offsetof(PlayerRecord, intelligence), 3, 126},
+        {"wisdom",           number, offsetof(PlayerRecord, wisdom), 3, 18},
+        {"charisma",         number, offsetof(PlayerRecord, charisma), 3, 18},
+        {"weaponNumber",     number, offsetof(PlayerRecord, weaponNumber), 0, 6, ware},
+        {"weapon",           text,   offsetof(PlayerRecord, weapon), 0, 0, ware},
+        {"armourNumber",     number, offsetof(PlayerRecord, armourNumber), 0, 6, ware},
+        {"armour",           text,   offsetof(PlayerRecord, armour), 0, 0, ware},
+        {"turnsLeft",        number, offsetof(PlayerRecord, turnsLeft), 0, 30},
+        {"turnsPerDay",      number, offsetof(PlayerRecord, turnsPerDay), 30, 30},
+        {"reserved",         number, offsetof(PlayerRecord, reserved), 0, 0},
+        {"reservedCounter",  number, offsetof(PlayerRecord, reservedCounter), 0, 0},
+        {"inUse",            byte,   offsetof(PlayerRecord, inUse), 1, 1},
+        {"currentLocation",  number, offsetof(PlayerRecord, currentLocation), 0, locationCount},
+    };
+    return fields;
+}
+// clang-format on
 
-bool sameWord(std::string_view one, std::string_view other) {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [](char left, char right) { return lower(left) == lower(right); });
+const Field& recordField(std::string_view name) {
+    return *std::find_if(recordFields().begin(), recordFields().end(),
+                         [&](const Field& field) { return field.name == name; });
 }
 
-const Field* findField(std::string_view name) {
-    const auto found = std::find_if(fields.begin(), fields.end(),
-                                    [&](const Field& field) { return sameWord(field.name, name); });
-    return found == fields.end() ? nullptr : &*found;
+const std::vector<Places>& worldPlaces() {
+    static const std::vector<Places> places{
+        {"searched", "searched", locationCount, false},
+        {"cleared", "cleared", locationCount, false},
+        {"castle1", "Castle Level 1", levelWords[0].rooms, true},
+        {"castle2", "Castle Level 2", levelWords[1].rooms, true},
+        {"mortuary1", "Underground Mortuary Level 1", levelWords[2].rooms, true},
+        {"cavern1", "Rattlehead Cavern Level 1", levelWords[3].rooms, true},
+    };
+    return places;
 }
 
-FieldValue valueOf(const Field& field, const PlayerRecord& slot) {
-    switch (field.kind) {
-    case text:
-        return textAt(field, slot).view();
-    case money:
-        return get<double>(field, slot);
-    case byte:
-        return std::int64_t{get<std::uint8_t>(field, slot)};
-    case number:
-        break;
+const std::vector<Field>& worldFields() {
+    static const std::vector<Field> fields = findWorldFields();
+    return fields;
+}
+
+std::vector<int> visitedPlaces(const Places& places, const PlayerRecord& slot) {
+    std::vector<int> numbers;
+    for (const Field& flag : worldFields()) {
+        if (flag.name.starts_with(places.key + ".") && !flag.isCopy && numberIn(flag, slot) == 1) {
+            numbers.push_back(std::stoi(flag.name.substr(places.key.size() + 1)));
+        }
     }
-    return std::int64_t{get<std::int32_t>(field, slot)};
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
 }
 
 std::string shownValue(const Field& field, const PlayerRecord& slot) {
-    const FieldValue value = valueOf(field, slot);
-    if (const auto* words = std::get_if<std::string_view>(&value)) {
-        return toUtf8(*words);
-    }
-    if (const auto* amount = std::get_if<double>(&value)) {
-        return shown(*amount);
-    }
-    return std::to_string(std::get<std::int64_t>(value));
+    return field.kind == text ? toUtf8(get<TextSlot>(field, slot).view())
+                              : shown(numberIn(field, slot));
 }
 
-void setField(const Field& field, PlayerRecord& slot, std::string_view typed) {
+Json jsonValue(const Field& field, const PlayerRecord& slot) {
     if (field.kind == text) {
-        setText(field, slot, typed);
-    } else {
-        setNumber(field, slot, typed);
+        return shownValue(field, slot);
     }
-    if (const std::optional<std::string> wrong = complaintAbout(field, slot)) {
-        throw Misuse(std::string(field.name) + " not changed: it " + *wrong);
-    }
+    const double value = numberIn(field, slot);
+    return std::abs(value) <= mostMoney && value == std::floor(value)
+               ? Json(static_cast<std::int64_t>(value))
+               : Json(value);
 }
 
-std::optional<std::string> complaintAbout(const Field& field, const PlayerRecord& slot) {
-    return field.kind == text ? complaintAboutText(field, slot) : complaintAboutNumber(field, slot);
+const Field& setField(PlayerRecord& slot, std::string_view name, std::string_view typed) {
+    const Field* named = nullptr;
+    for (const auto* fields : {&recordFields(), &worldFields()}) {
+        for (const Field& field : *fields) {
+            if (!text::sameLetters(field.name, name)) {
+                continue;
+            }
+            named = named == nullptr ? &field : named;
+            if (field.kind == text && field.rule == ware) {
+                setWareByName(field, slot, typed);
+            } else if (field.kind == text) {
+                setText(field, slot, typed);
+            } else {
+                setNumber(field, slot, typed);
+            }
+            if (field.kind == number && field.rule == ware) {
+                setWare(slot, waresOf(field), static_cast<std::size_t>(numberIn(field, slot)));
+            }
+        }
+    }
+    if (named == nullptr) {
+        throw Misuse(std::string(name) +
+                     " is not a field of a character (`show` lists them) or a " +
+                     "flag of the world, such as searched.12");
+    }
+    return *named;
 }
 
-std::string dayOf(std::int64_t stamp) {
-    std::array<char, 32> digits{};
-    std::snprintf(digits.data(), digits.size(), "%06lld", static_cast<long long>(stamp));
-    const std::string day = sortableDay(digits.data());
-    return day.empty() ? day
-                       : "20" + day.substr(0, 2) + "-" + day.substr(2, 2) + "-" + day.substr(4);
+std::optional<std::string> complaintAbout(const Field& field, const PlayerRecord& slot,
+                                          std::size_t index) {
+    return field.kind == text ? complaintAboutText(field, slot)
+                              : complaintAboutNumber(field, slot, index);
 }
 
 std::optional<std::int64_t> wholeNumber(std::string_view typed) {

@@ -1,16 +1,18 @@
 // The fields of a character record, by the names that the record gives them, and what play can put
-// into each.
+// into each. What a character has done to the world are fields too, flags that are 0 or 1:
+// searched.12 and cleared.12 for the numbered places, castle1.3, castle2.3, mortuary1.3 and
+// cavern1.3 for the cleared rooms of the levels.
 #pragma once
 
 #include "state/player_record.h"
+#include "sysop/charset.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
-#include <variant>
+#include <vector>
 
 namespace morvek {
 
@@ -20,47 +22,62 @@ enum class FieldKind : std::uint8_t { text, number, byte, money };
 enum class FieldRule : std::uint8_t {
     none,
     versionMark,
-    filled,
+    owner, // as a board gives a caller's name
+    characterName,
     oneOfTheClasses,
+    ware, // the name of what the number says
+    ownSlot,
     day,
     upToMaximum, // of the hit points
 };
 
 struct Field {
-    std::string_view name;
+    std::string name;
     FieldKind kind;
     std::size_t offset;
     double least = 0; // of a number
     double most = 0;
     FieldRule rule = FieldRule::none;
+    bool isCopy = false; // of a flag, and never read by the game
 };
 
 // In the order of the record; the world's flags are not among them.
-std::span<const Field> allFields();
+const std::vector<Field>& recordFields();
 
-// The field of that name, upper and lower case alike; null when there is none.
-const Field* findField(std::string_view name);
+// The field of that very name.
+const Field& recordField(std::string_view name);
 
-// A text as the record holds it, a whole number, or an amount of money.
-using FieldValue = std::variant<std::string_view, std::int64_t, double>;
+// The flags of the world, in the order of the record.
+const std::vector<Field>& worldFields();
 
-FieldValue valueOf(const Field& field, const PlayerRecord& slot);
+// A kind of place: the beginning of its flags' names, what it is called, and how many there are.
+struct Places {
+    std::string key;
+    std::string title;
+    int count;
+    bool isLevel;
+};
+
+const std::vector<Places>& worldPlaces();
+
+// The numbers of those places whose flags are set.
+std::vector<int> visitedPlaces(const Places& places, const PlayerRecord& slot);
 
 // The value in UTF-8, as it is typed in to set it.
 std::string shownValue(const Field& field, const PlayerRecord& slot);
 
-// Puts the typed value, which is UTF-8, into the record; throws Misuse when it does not fit.
-void setField(const Field& field, PlayerRecord& slot, std::string_view typed);
+// The value as JSON: a text in UTF-8, a whole number where it is one.
+Json jsonValue(const Field& field, const PlayerRecord& slot);
 
-// What is wrong with the field as a sentence without its subject ("is 99; must be 1 to 7");
-// nothing when play could have given it.
-std::optional<std::string> complaintAbout(const Field& field, const PlayerRecord& slot);
+// Puts the typed value, which is UTF-8, into the fields of that name, upper and lower case alike. A
+// weapon's or an armour's number is set with its name and its name with the number. Returns the
+// field; throws Misuse when there is none or the value is not of its kind.
+const Field& setField(PlayerRecord& slot, std::string_view name, std::string_view typed);
 
-// The day of a stamp as 2026-11-15; empty when the number is no day.
-std::string dayOf(std::int64_t stamp);
-
-// Whether both texts are the same but for upper and lower case.
-bool sameWord(std::string_view one, std::string_view other);
+// What is wrong with the field in the slot of that number, as a sentence without its subject ("is
+// 99; must be 1 to 7"); nothing when play could have given it.
+std::optional<std::string> complaintAbout(const Field& field, const PlayerRecord& slot,
+                                          std::size_t index);
 
 // A whole number in decimal, a minus sign allowed; nothing when the text is anything else.
 std::optional<std::int64_t> wholeNumber(std::string_view typed);

@@ -4,20 +4,20 @@
 #include "files/score_file.h"
 #include "files/scroll_file.h"
 #include "state/roster.h"
-#include "sysop/charset.h"
 #include "sysop/failure.h"
+#include "text/characters.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
+#include <chrono>
+#include <cstdio>
 #include <ctime>
-#include <span>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace morvek {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::array<std::string_view, 5> namedDataFiles{
     characterFileName, scrollFileName, scoreFileName, plainBulletinName, ansiBulletinName};
@@ -25,29 +25,17 @@ constexpr std::array<std::string_view, 5> namedDataFiles{
 constexpr std::string_view newsEnding = ".txt";
 constexpr std::size_t stampLength = 6;
 
-bool isThere(const fs::path& path) {
-    std::error_code ignored;
-    return fs::exists(path, ignored);
-}
+const std::string emptyEntry(scrollEntrySize, '\0');
 
-bool isDirectory(const fs::path& path) {
-    std::error_code ignored;
-    return fs::is_directory(path, ignored);
+bool isStamp(std::string_view text) {
+    return text.size() == stampLength && std::all_of(text.begin(), text.end(), text::isDigit);
 }
 
 bool holdsGame(const GameDirectory& home) {
     const bool menu = std::any_of(menuNames.begin(), menuNames.end(), [&](const auto& name) {
-        return isThere(home.data / (name + ".asc")) || isThere(home.data / (name + ".ans"));
+        return findInAnyCase(home, name + ".asc") || findInAnyCase(home, name + ".ans");
     });
-    return menu || isThere(home.start / configurationFileName) || !dataFiles(home).empty();
-}
-
-int numberAt(std::string_view digits, std::size_t position) {
-    return (digits[position] - '0') * 10 + (digits[position + 1] - '0');
-}
-
-std::span<char> bytesOf(Characters& characters) {
-    return {reinterpret_cast<char*>(characters.data()), characters.size() * sizeof(PlayerRecord)};
+    return menu || fs::exists(home.start / configurationFileName) || !dataFiles(home).empty();
 }
 
 } // namespace
@@ -57,22 +45,47 @@ const std::vector<std::string> menuNames{"intmenu", "clasmenu", "townmenu", "wea
                                          "drink",   "training", "areaone"};
 
 GameDirectory openGame(const std::string& directory) {
-    if (!isDirectory(directory)) {
+    if (!fs::is_directory(directory)) {
         throw Failure(directory + ": not a directory");
     }
-    GameDirectory home{directory, directory, {}};
-    const std::string text =
-        readWhole((home.start / configurationFileName).string()).value_or(std::string());
-    home.configuration = parseConfiguration(text).value_or(Configuration{});
-    const std::string& led = home.configuration.gameDirectory;
-    if (!led.empty() && isDirectory(home.start / led)) {
-        home.data = (home.start / led).lexically_normal();
+    const std::string path = (fs::path(directory) / configurationFileName).string();
+    const auto configuration =
+        parseConfiguration(readWhole(path).value_or("")).value_or(Configuration{});
+    fs::path data = directory;
+    if (!configuration.gameDirectory.empty() &&
+        fs::is_directory(data / configuration.gameDirectory)) {
+        data = (data / configuration.gameDirectory).lexically_normal();
     }
+    GameDirectory home(directory, data);
+    home.configuration = configuration;
     if (!holdsGame(home)) {
         throw Failure(directory + ": no game found, neither " + configurationFileName +
                       " nor any file of a game; name its directory with --game");
     }
     return home;
+}
+
+std::optional<std::string> findInAnyCase(const GameDirectory& home, const std::string& name) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(home.data)) {
+        if (text::sameLetters(entry.path().filename().string(), name)) {
+            return entry.path().filename().string();
+        }
+    }
+    return std::nullopt;
+}
+
+fs::path createDirectories(const fs::path& path) {
+    const fs::path above = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    if (fs::is_directory(path)) {
+        return {};
+    }
+    const fs::path created = path.has_parent_path() ? createDirectories(above) : fs::path();
+    struct stat owner {};
+    if (::mkdir(path.c_str(), 0777) != 0 || ::stat(above.c_str(), &owner) != 0 ||
+        (::geteuid() == 0 && ::chown(path.c_str(), owner.st_uid, owner.st_gid) != 0)) {
+        throw cannot(path.string(), "created", errno);
+    }
+    return created.empty() ? path : created;
 }
 
 std::string localTime(const char* format) {
@@ -85,27 +98,33 @@ std::string localTime(const char* format) {
 }
 
 bool isNewsFileName(std::string_view name) {
-    return name.size() == stampLength + newsEnding.size() && name.ends_with(newsEnding) &&
-           name.substr(0, stampLength).find_first_not_of("0123456789") == std::string_view::npos;
+    return name.ends_with(newsEnding) && isStamp(name.substr(0, name.size() - newsEnding.size()));
 }
 
-std::string sortableDay(std::string_view stamp) {
-    if (stamp.size() != stampLength ||
-        stamp.find_first_not_of("0123456789") != std::string_view::npos) {
+std::string dayOf(std::string_view stamp) {
+    if (!isStamp(stamp)) {
         return {};
     }
-    const int month = numberAt(stamp, 0);
-    const int day = numberAt(stamp, 2);
-    if (month < 1 || month > 12 || day < 1 || day > 31) {
-        return {};
-    }
-    return std::string(stamp.substr(4)).append(stamp.substr(0, 4));
+    const auto number = [&](std::size_t at) {
+        return (stamp[at] - '0') * 10 + stamp[at + 1] - '0';
+    };
+    const std::chrono::year_month_day day{std::chrono::year(2000 + number(4)),
+                                          std::chrono::month(static_cast<unsigned>(number(0))),
+                                          std::chrono::day(static_cast<unsigned>(number(2)))};
+    const std::string text(stamp);
+    return day.ok() ? "20" + text.substr(4) + "-" + text.substr(0, 2) + "-" + text.substr(2, 2)
+                    : "";
+}
+
+std::string dayOf(std::int32_t stamp) {
+    std::array<char, 16> digits{};
+    std::snprintf(digits.data(), digits.size(), "%06d", stamp);
+    return dayOf(std::string_view(digits.data()));
 }
 
 std::vector<std::string> dataFiles(const GameDirectory& home) {
     std::vector<std::string> names;
-    std::error_code ignored;
-    for (const fs::directory_entry& entry : fs::directory_iterator(home.data, ignored)) {
+    for (const fs::directory_entry& entry : fs::directory_iterator(home.data)) {
         const std::string name = entry.path().filename().string();
         if (isDataFileName(name)) {
             names.push_back(name);
@@ -123,15 +142,46 @@ bool isDataFileName(std::string_view name) {
 std::string readData(const GameDirectory& home, const std::string& name) {
     const std::optional<std::string> content = readWhole(home.file(name));
     if (!content && errno != ENOENT) {
-        throw Failure(home.file(name) + " cannot be read: " + std::strerror(errno));
+        throw cannot(home.file(name), "read", errno);
     }
     return content.value_or(std::string());
 }
 
-void writeData(const GameDirectory& home, const std::string& name, std::string_view content) {
-    if (const int error = replaceFile(home.file(name), content)) {
-        throw Failure(home.file(name) + " cannot be written: " + std::strerror(error));
+std::string readBoard(const GameDirectory& home) {
+    std::string board = readData(home, scrollFileName);
+    const std::string old =
+        home.lock->othersType() ? readData(home, oldScrollFileName) : std::string();
+    if (old.empty()) {
+        return board;
     }
+    std::vector<std::string> entries = boardEntries(old);
+    for (const std::string& entry : boardEntries(board)) {
+        if (entry != emptyEntry &&
+            std::find(entries.begin(), entries.end(), entry) == entries.end()) {
+            entries.push_back(entry);
+        }
+    }
+    board.clear();
+    for (auto entry = entries.end() - std::tuple_size_v<Scroll>; entry != entries.end(); ++entry) {
+        board += *entry;
+    }
+    return board;
+}
+
+std::vector<std::string> boardEntries(const std::string& content) {
+    std::string whole = content;
+    whole.resize(scrollSize);
+    std::vector<std::string> entries;
+    for (std::size_t at = 0; at < scrollSize; at += scrollEntrySize) {
+        entries.push_back(whole.substr(at, scrollEntrySize));
+    }
+    return entries;
+}
+
+ScrollEntry textsOf(const std::string& entry) {
+    Scroll board;
+    overlayScroll(entry, board);
+    return board.front();
 }
 
 Characters readCharacters(const GameDirectory& home) {
@@ -140,27 +190,20 @@ Characters readCharacters(const GameDirectory& home) {
 
 Characters charactersIn(std::string_view content) {
     Characters characters(slotCount, emptySlot());
-    const std::span<char> bytes = bytesOf(characters);
-    std::copy_n(content.begin(), std::min(content.size(), bytes.size()), bytes.begin());
+    content.copy(reinterpret_cast<char*>(characters.data()), slotCount * sizeof(PlayerRecord));
     return characters;
 }
 
-void writeCharacters(const GameDirectory& home, const Characters& characters) {
-    writeData(home, characterFileName,
-              {reinterpret_cast<const char*>(characters.data()),
-               characters.size() * sizeof(PlayerRecord)});
+std::string bytesOf(const Characters& characters) {
+    return {reinterpret_cast<const char*>(characters.data()),
+            characters.size() * sizeof(PlayerRecord)};
 }
 
 bool isFree(const PlayerRecord& slot) { return slot.ownerName.view().empty(); }
 
-std::string namesOnline(const Characters& characters) {
-    std::string names;
-    for (const PlayerRecord& slot : characters) {
-        if (!isFree(slot) && slot.onlineFlag != 0) {
-            names.append(names.empty() ? "" : ", ").append(toUtf8(slot.name.view()));
-        }
-    }
-    return names;
+std::size_t takenPlaces(const Characters& characters) {
+    const auto end = characters.begin() + searchedSlots;
+    return searchedSlots - static_cast<std::size_t>(std::count_if(characters.begin(), end, isFree));
 }
 
 } // namespace morvek

@@ -3,18 +3,17 @@
 #include "files/data_file.h"
 #include "sysop/charset.h"
 #include "sysop/failure.h"
+#include "sysop/fields.h"
 #include "sysop/game_directory.h"
 #include "text/cp437.h"
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
+#include <map>
 #include <vector>
 
 namespace morvek {
 namespace {
-
-namespace fs = std::filesystem;
 
 // Where the display files may lie: beside the program in the tree that it was installed into, in
 // an archive that was unpacked, or where it was built to be installed.
@@ -64,9 +63,57 @@ void refuseWhatIsThere(const fs::path& directory) {
     }
 }
 
-void write(const fs::path& path, const std::string& content) {
-    if (const int error = replaceFile(path.string(), content)) {
-        throw Failure(path.string() + " cannot be written: " + std::strerror(error));
+// The character file with one character who belongs to no caller.
+std::string charactersWith(const std::string& keeper) {
+    Characters characters = charactersIn("");
+    PlayerRecord& slot = characters.front();
+    for (const char* name : {"bbsName", "ownerName", "name"}) {
+        setField(slot, name, keeper);
+    }
+    for (const char* name : {"strength", "constitution", "dexterity", "intelligence", "wisdom",
+                             "charisma", "maxHitPoints", "hitPoints"}) {
+        setField(slot, name, "18");
+    }
+    for (const char* name : {"turnsLeft", "turnsPerDay"}) {
+        setField(slot, name, "30");
+    }
+    setField(slot, "className", "Fighter");
+    setField(slot, "level", "1");
+    setField(slot, "experienceNeeded", "1000");
+    setField(slot, "weaponNumber", "0");
+    setField(slot, "armourNumber", "0");
+    setField(slot, "inUse", "1");
+    for (const Field& field : recordFields()) {
+        if (const auto fault = complaintAbout(field, slot, 0)) {
+            throw Misuse("--keeper: the " + field.name + " " + *fault);
+        }
+    }
+    return bytesOf(characters);
+}
+
+// All files of the new game.
+std::map<std::string, std::string> filesOf(const NewGame& wanted) {
+    std::map<std::string, std::string> files{{configurationFileName, configurationOf(wanted)}};
+    if (!wanted.keeper.empty()) {
+        files[characterFileName] = charactersWith(wanted.keeper);
+    }
+    const fs::path menus = findMenus(wanted);
+    for (const std::string& name : menuNames) {
+        for (const std::string& file : {name + ".asc", name + ".ans"}) {
+            if (const auto content = readWhole((menus / file).string())) {
+                files[file] = *content;
+            }
+        }
+    }
+    return files;
+}
+
+void writeFiles(const fs::path& directory, const std::map<std::string, std::string>& files) {
+    for (const auto& [name, content] : files) {
+        const std::string path = (directory / name).string();
+        if (const int error = replaceFile(path, content)) {
+            throw cannot(path, "written", error);
+        }
     }
 }
 
@@ -74,26 +121,20 @@ void write(const fs::path& path, const std::string& content) {
 
 void makeGame(const NewGame& wanted, std::ostream& out) {
     const fs::path directory = wanted.directory;
-    const std::string configuration = configurationOf(wanted);
     refuseWhatIsThere(directory);
-    const fs::path menus = findMenus(wanted);
-    std::error_code failed;
-    fs::create_directories(directory, failed);
-    if (failed) {
-        throw Failure(directory.string() + " cannot be created: " + failed.message());
-    }
-    std::size_t copied = 0;
-    for (const std::string& name : menuNames) {
-        for (const char* ending : {".asc", ".ans"}) {
-            if (const auto content = readWhole((menus / (name + ending)).string())) {
-                write(directory / (name + ending), *content);
-                ++copied;
-            }
+    const std::map<std::string, std::string> files = filesOf(wanted);
+    const fs::path created = createDirectories(directory);
+    try {
+        writeFiles(directory, files);
+    } catch (...) {
+        for (const auto& [name, content] : files) {
+            fs::remove(directory / name);
         }
+        fs::remove_all(created);
+        throw;
     }
-    write(directory / configurationFileName, configuration);
-    out << directory.string() << " is ready: " << configurationFileName << " and " << copied
-        << " display files. Start the game in this directory, with the caller's drop file.\n";
+    out << directory.string() << " is ready: " << counted(files.size(), "file")
+        << ". Start the game in this directory, with the caller's drop file.\n";
 }
 
 } // namespace morvek

@@ -22,7 +22,7 @@ extern const Target sysop = [](std::string_view input) {
     }
     workFolder().write(files[kind], input);
     Findings findings;
-    checks[kind]({".", ".", {}}, findings);
+    checks[kind](GameDirectory(".", "."), findings);
     for (const Finding& finding : findings) {
         require(std::none_of(finding.text.begin(), finding.text.end(), odoors::isControl));
     }

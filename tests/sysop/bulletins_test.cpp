@@ -12,7 +12,7 @@ TEST_F(Sysop, ScoresAreTheGamesBulletins) {
                               "1.    <b>Zo\x89[2J</b>         1500              Ranger         \n"
                               "2.    Bjorn                 900               Wizard         \n");
     EXPECT_THAT(told("scores --ansi"), HasSubstr("\033[0;33mRanger"));
-    EXPECT_THAT(told("scores --html"), HasSubstr("<td>&lt;b&gt;Zo\u00EB[2J&lt;/b&gt;</td>"));
+    EXPECT_THAT(told("scores --html"), HasSubstr("<td>&#60;b&#62;Zo\u00EB[2J&#60;/b&#62;</td>"));
     EXPECT_THAT(told("scores --html"), HasSubstr("Hosted by The Board"));
     EXPECT_EQ(json::parse(told("scores --json")), json::parse(R"([
         {"rank": 1, "name": "<b>Zoë[2J</b>", "score": 1500, "class": "Ranger"},
@@ -27,7 +27,8 @@ TEST_F(Sysop, BoardHasNoColourCodesOrLostMessages) {
     writeFile("scroll.dat", storedText("Ar\bwen") + storedText("`red`R&D\x07`") +
                                 storedText("Bjorn") + lost + storedText("Cyra"));
     EXPECT_EQ(told("board"), "Morvek's Scroll:\n\nArwen: R&D\n");
-    EXPECT_THAT(told("board --html"), HasSubstr("<dt>Arwen</dt><dd>R&amp;D</dd>\n</dl>"));
+    EXPECT_THAT(told("board --html"),
+                HasSubstr("<tr><td>Arwen</td><td>R&#38;D</td></tr>\n</table>"));
     EXPECT_EQ(json::parse(told("board --json")),
               json::parse(R"([{"author": "Arwen", "message": "R&D"}])"));
 }
@@ -45,12 +46,13 @@ TEST_F(Sysop, PlayersAreListed) {
     zoe.onlineFlag = 1;
     zoe.lastPlayedDay = 10226;
     save({character("Bob", "Bjorn"), zoe});
-    EXPECT_THAT(told("players"),
-                HasSubstr("  2  Al\u00EBx            Zo\u00EB             Ranger "
-                          "      1           0          25  yes     2026-01-02\n"));
+    EXPECT_THAT(
+        told("players"),
+        EndsWith("  2  Al\u00EBx   Zo\u00EB        Ranger      1           0    25  marked   "
+                 "2026-01-02\n2 of 49 places are taken.\n"));
     EXPECT_EQ(json::parse(told("players --json"))[1], json::parse(R"({"number": 2,
         "ownerName": "Alëx", "name": "Zoë", "className": "Ranger", "level": 1, "experience": 0,
-        "gold": 25, "online": true, "lastDay": "2026-01-02"})"));
+        "gold": 25, "online": true, "inside": false, "lastDay": "2026-01-02"})"));
 }
 
 TEST_F(Sysop, OnePlayerIsShownWhole) {

@@ -79,7 +79,7 @@ TEST_F(Check, NamesMissingAndUnwritableFiles) {
     const AsNobody nobody;
     for (const char* fault :
          {"warning: heal.asc is missing", "error: drink.asc is missing, and drink.ans too",
-          "warning: . is not writable", "warning: scores.dat is not writable",
+          "warning: . cannot be written", "warning: scores.dat cannot be written",
           "1 error and 3 warnings"}) {
         expectFault(fault);
     }

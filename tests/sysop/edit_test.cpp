@@ -1,5 +1,7 @@
 #include "sysop/tool.h"
 
+#include "files/game_lock.h"
+
 struct Edit : Sysop {
     Edit() {
         PlayerRecord carol = character("Carol", "Cyra");
@@ -52,8 +54,7 @@ TEST_F(Edit, SetRefusesWhatDoesNotFit) {
 TEST_F(Edit, NothingChangesWithoutABackup) {
     writeFile("backup", "in the way");
     for (const char* line : {"set 1 gold 1", "remove 1", "reset"}) {
-        EXPECT_THAT(told(line),
-                    HasSubstr("cannot be created: Not a directory; nothing was changed"));
+        EXPECT_THAT(told(line), HasSubstr("cannot be created: File exists; nothing was changed"));
     }
     EXPECT_TRUE(isUnchanged());
 }
@@ -67,16 +68,53 @@ TEST_F(Edit, RemoveFillsThePlaceWithTheLast) {
     EXPECT_THAT(told("check"), EndsWith("No errors or warnings.\n"));
 }
 
-TEST_F(Edit, OnlineMarksKeepTheOtherVerbsAway) {
-    PlayerRecord alice = character("Alice", "Arwen");
-    alice.onlineFlag = 1;
-    save({alice, character("Bob", "Bjorn")});
-    for (const char* line : {"set 2 gold 1", "remove 2", "reset", "restore x"}) {
-        EXPECT_THAT(told(line), HasSubstr("marked on-line: Arwen")) << line;
+TEST_F(Edit, NobodyInsideIsChanged) {
+    GameLock call("morvek.lock");
+    ASSERT_TRUE(call.enter("Carol"));
+    const std::string isInside = "(Cyra, the character of Carol) is in the game now";
+    for (const char* line : {"set 3 gold 1", "remove 3", "offline 3"}) {
+        EXPECT_THAT(told(line), HasSubstr(isInside)) << line;
     }
-    EXPECT_THAT(told("set 2 gold 1 --force"), HasSubstr("25 -> 1\n"));
+    EXPECT_THAT(told("set 1 ownerName Carol"), StartsWith("2: "));
+    EXPECT_THAT(told("remove 1"), HasSubstr("would become player 1, but is in the game now"));
+    told("backup kept");
+    for (const char* line : {"reset", "restore kept"}) {
+        EXPECT_THAT(told(line), HasSubstr("in the game now: Cyra")) << line;
+    }
+    EXPECT_TRUE(isUnchanged());
+    told("set 3 gold 1 --force");
+    EXPECT_EQ(double{storedSlot(2).gold}, 1);
+}
+
+TEST_F(Edit, OthersAreChangedWhileOnePlays) {
+    GameLock call("morvek.lock");
+    ASSERT_TRUE(call.enter("Alice"));
+    told("set 2 gold 7");
+    EXPECT_EQ(double{storedSlot(1).gold}, 7);
+    told("remove 2");
+    EXPECT_EQ(storedSlot(1).name.view(), "Cyra");
+    call.leave();
+    ASSERT_TRUE(call.enter("Dora")); // who has no character yet
+    EXPECT_THAT(told("reset"), HasSubstr("in the game now: a new caller"));
+}
+
+TEST_F(Edit, MarksThatNobodyHoldsAreCleared) {
+    std::vector<PlayerRecord> marked{character("Alice", "Arwen"), character("Bob", "Bjorn")};
+    marked[0].onlineFlag = marked[1].onlineFlag = 1;
+    save(marked);
+    GameLock call("morvek.lock");
+    ASSERT_TRUE(call.enter("Alice"));
+    EXPECT_THAT(told("players"), HasSubstr("inside"));
     told("offline --all");
-    EXPECT_EQ(storedSlot(0).onlineFlag, 0u);
+    EXPECT_EQ(storedSlot(0).onlineFlag, 1u);
+    EXPECT_EQ(storedSlot(1).onlineFlag, 0u);
+}
+
+TEST_F(Edit, NothingChangesWhileAnotherProgramHoldsTheFiles) {
+    GameLock other("morvek.lock");
+    const Transaction held(other);
+    EXPECT_THAT(told("set 1 gold 7"), HasSubstr("another program holds the game's files"));
+    EXPECT_TRUE(isUnchanged());
 }
 
 TEST_F(Edit, BackupIsADirectoryOfTheDataFiles) {
@@ -95,25 +133,23 @@ TEST_F(Edit, BackupRestoresEverythingAsItWas) {
     EXPECT_TRUE(isUnchanged());
     EXPECT_EQ(readFile("scores.dat"), "Arwen#1500Ranger\n");
     EXPECT_FALSE(fs::exists("111626.txt"));
-    EXPECT_EQ(told("backup --list"), "backup/20261115-120000  2 files, 3 players\n"
-                                     "backup/20261115-120000.2  1 file, 0 players\n");
+    EXPECT_EQ(told("backup --list"), "backup/auto/20261115-120000  2 files, 3 players\n"
+                                     "backup/auto/20261115-120000.2  1 file, 0 players\n");
 }
 
 TEST_F(Edit, FailedBackupLeavesNothingBehind) {
     fs::create_directory("111626.txt");
-    EXPECT_THAT(told("backup kept"), EndsWith("111626.txt cannot be read: Is a directory; "
-                                              "nothing was changed\n"));
+    EXPECT_THAT(told("backup kept"), EndsWith("111626.txt cannot be read: Is a directory\n"));
     EXPECT_FALSE(fs::exists("kept"));
     EXPECT_FALSE(fs::exists("kept.new"));
 }
 
 TEST_F(Edit, RestoreRefusesWhatIsNoBackup) {
     fs::create_directory("empty");
-    EXPECT_THAT(told("restore empty"), EndsWith("empty is empty; nothing was changed\n"));
+    EXPECT_THAT(told("restore empty"), EndsWith("empty is empty\n"));
     fs::create_directory("foreign");
     writeFile("foreign/letter", "");
-    EXPECT_THAT(told("restore foreign"),
-                HasSubstr("\"letter\", which is not a data file; nothing was changed"));
+    EXPECT_THAT(told("restore foreign"), HasSubstr("\"letter\", which is not a data file"));
     EXPECT_THAT(told("restore nowhere"), HasSubstr("nowhere: no such backup"));
     EXPECT_TRUE(isUnchanged());
 }
