@@ -2,7 +2,6 @@
 
 #include "sysop/bulletins.h"
 #include "sysop/change.h"
-#include "sysop/charset.h"
 #include "sysop/check.h"
 #include "sysop/edit.h"
 #include "sysop/failure.h"
@@ -13,305 +12,241 @@
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <functional>
-#include <utility>
+#include <map>
 
 namespace morvek {
 namespace {
 
-constexpr const char* statuses =
-    "Status: 0 done; 1 failed, or `check` found something; 2 wrong usage.\n"
-    "Help on a verb: morvek-sysop VERB --help";
-
-// Everything that may be typed.
-struct Arguments {
-    std::string directory = ".";
-    std::size_t number = 0;
-    bool json = false;
-    bool all = false;
-    bool force = false;
-    bool list = false;
-    bool traces = false;
-    bool dryRun = false;
-    std::vector<Format> formats;
-    std::string day;
-    std::string file;
-    std::vector<std::string> pairs;
-    NewGame wanted;
+struct Option {
+    std::string type; // of its value; empty for a flag
+    std::string meaning;
 };
 
-// The stamp of a day that was typed as MMDDYY or as 2026-11-15; empty when it is none.
-std::string stampOf(const std::string& typed) {
-    const bool isLong = typed.size() == 10;
-    const std::string stamp =
-        isLong ? typed.substr(5, 2) + typed.substr(8) + typed.substr(2, 2) : typed;
-    const std::string day = dayOf(stamp);
-    return day.empty() || (isLong && day != typed) ? std::string() : stamp;
-}
+const std::map<std::string, Option> options{
+    {"--game", {"DIR", "The game's directory, or the one with its morvek.cfg (default: .)"}},
+    {"DIR", {"DIR", "The directory, new or empty"}},
+    {"--board", {"NAME", "The board's name, as callers see it"}},
+    {"--menus", {"DIR", "Where to copy the display files from (default: the installed ones)"}},
+    {"--keeper", {"NAME", "Player 1, whom robbers overwrite: a name that no caller has"}},
+    {"N", {"N", "The player's number in the player list"}},
+    {"--force", {"", "Even while players are in the game"}},
+    {"--traces", {"", "Also the player's messages, scores and lines in the news"}},
+    {"--before", {"DAY", "Remove who has not played since that day, and older news"}},
+    {"--dry-run", {"", "Only say what would go"}},
+    {"--all", {"", "Of all who are not in the game"}},
+    {"DIRECTORY", {"DIR", "The directory to make (default: one in backup/)"}},
+    {"BACKUP", {"DIR", "The backup, or its name in backup/ or backup/auto/"}},
+    {"--list", {"", "List the backups instead"}},
+    {"--date", {"DAY", "The day (default: today)"}},
+    {"--remove", {"N", "Remove that line instead, counted from the top"}},
+    {"--text", {"", "Plain text, CP437 (default)"}},
+    {"--ansi", {"", "Coloured by ANSI sequences, CP437"}},
+    {"--html", {"", "A web page, UTF-8"}},
+    {"--json", {"", "JSON, UTF-8"}},
+};
+
+const std::vector<std::string> formats{"--text", "--ansi", "--html", "--json"};
 
 class CommandLine {
 public:
     CommandLine(std::ostream& out, std::ostream& err) : out_(out), err_(err) {
-        app_.require_subcommand(0, 1);
-        app_.fallthrough();
-        app_.footer(statuses);
+        app_.require_subcommand(0, 1)->fallthrough()->footer(
+            "Status: 0 done; 1 failed, or `check` found something; 2 wrong usage.\n"
+            "Help on a verb: morvek-sysop VERB --help");
         app_.set_version_flag("--version", MORVEK_VERSION);
-        app_.add_option("--game", given_.directory,
-                        "The game's directory, or the one that holds its morvek.cfg")
-            ->type_name("DIR")
-            ->capture_default_str();
-        addInit();
-        addReadingVerbs();
-        addChangingVerbs();
-        addBackupVerbs();
+        addOption(app_, "--game");
+        addVerbs();
         addBulletins();
     }
 
     int run(const std::vector<std::string>& arguments) {
-        int status = done;
         try {
             app_.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
-            status = verb_ ? verb_() : explain();
+            if (app_.get_subcommands().empty()) {
+                status_ = wrongUsage;
+                err_ << app_.help();
+            }
         } catch (const CLI::Success& asked) {
             app_.exit(asked, out_, err_);
         } catch (const CLI::ParseError& error) {
-            status = end(wrongUsage, error.what());
+            fail(wrongUsage, error.what());
         } catch (const Misuse& error) {
-            status = end(wrongUsage, error.what());
+            fail(wrongUsage, error.what());
         } catch (const std::exception& error) {
-            status = end(notDone, reasonOf(error));
+            fail(notDone, reasonOf(error));
         }
         if (!out_.flush()) {
-            status = end(notDone, cannot("standard output", "written", errno).what());
+            fail(notDone, cannot("standard output", "written", errno).what());
         }
-        return status;
+        return status_;
     }
 
 private:
     std::ostream& out_;
     std::ostream& err_;
     CLI::App app_{"Looks after the files of a game of Morvek.", "morvek-sysop"};
-    Arguments given_;
-    std::function<int()> verb_;
+    int status_ = done;
+    std::map<std::string, std::string> given_; // by the options' names
+    std::vector<std::string> pairs_;           // of a field and its value
 
-    int end(int status, const std::string& line) {
+    void fail(int status, const std::string& line) {
+        status_ = status;
         err_ << "morvek-sysop: " << withoutControls(line) << '\n';
-        return status;
     }
 
-    int explain() {
-        err_ << app_.help();
-        return wrongUsage;
+    // A name that ends in "!" is that of an option that must be given.
+    void addOption(CLI::App& to, std::string name) {
+        const bool isRequired = name.ends_with('!');
+        name.resize(name.size() - (isRequired ? 1 : 0));
+        const Option& option = options.at(name);
+        if (option.type.empty()) {
+            to.add_flag_callback(
+                name, [this, name] { given_[name] = "yes"; }, option.meaning);
+            return;
+        }
+        const auto keep = [this, name](const std::string& typed) { given_[name] = typed; };
+        to.add_option_function<std::string>(name, keep, option.meaning)
+            ->type_name(option.type)
+            ->required(isRequired);
     }
 
-    GameDirectory home() const { return openGame(given_.directory); }
-
-    // A verb whose work is done unless it throws.
-    CLI::App* addVerb(const std::string& name, const std::string& meaning,
-                      std::function<void()> work) {
-        CLI::App* added = app_.add_subcommand(name, meaning);
-        added->callback([this, work = std::move(work)] {
-            verb_ = [work] {
-                work();
-                return done;
-            };
-        });
-        return added;
+    CLI::App& add(const char* verb, const char* meaning, const std::vector<std::string>& taken,
+                  const std::function<void()>& work) {
+        CLI::App* added = app_.add_subcommand(verb, meaning);
+        for (const std::string& name : taken) {
+            addOption(*added, name);
+        }
+        added->callback(work);
+        return *added;
     }
 
-    CLI::Option* addNumber(CLI::App* to, const std::string& option, std::size_t most,
-                           const std::string& meaning) {
-        return to
-            ->add_option_function<std::string>(
-                option,
-                [this, most](const std::string& typed) {
-                    const auto number = wholeNumber(typed);
-                    if (!number || *number < 1 || *number > static_cast<std::int64_t>(most)) {
-                        throw Misuse("\"" + typed + "\" is not a number from 1 to " +
-                                     std::to_string(most));
-                    }
-                    given_.number = static_cast<std::size_t>(*number);
-                },
-                meaning)
-            ->type_name("N");
+    bool has(const std::string& option) const { return given_.count(option) > 0; }
+
+    std::string text(const std::string& option) const {
+        return has(option) ? given_.at(option) : std::string();
     }
 
-    CLI::Option* addPlayer(CLI::App* to) {
-        return addNumber(to, "N", 50, "The player's number in the player list");
+    std::size_t number(const std::string& option, std::int64_t most = 50) const {
+        const auto typed = wholeNumber(text(option));
+        if (!typed || *typed < 1 || *typed > most) {
+            throw Misuse("\"" + text(option) + "\" is not a number from 1 to " +
+                         std::to_string(most));
+        }
+        return static_cast<std::size_t>(*typed);
     }
 
-    void addForce(CLI::App* to) {
-        to->add_flag("--force", given_.force, "Even while the player is in the game");
+    // The stamp of the day, which was typed as MMDDYY or as 2026-11-15.
+    std::string stamp(const std::string& option) const {
+        const std::string typed = text(option);
+        const bool isLong = typed.size() == 10;
+        const std::string stamp =
+            isLong ? typed.substr(5, 2) + typed.substr(8) + typed.substr(2, 2) : typed;
+        if (dayOf(stamp).empty() || (isLong && dayOf(stamp) != typed)) {
+            throw Misuse("\"" + typed + "\" is not a day (MMDDYY or YYYY-MM-DD)");
+        }
+        return stamp;
     }
 
-    void addJson(CLI::App* to) { to->add_flag("--json", given_.json, "As JSON"); }
-
-    CLI::Option* addDay(CLI::App* to, const std::string& option, const std::string& meaning) {
-        return to
-            ->add_option_function<std::string>(
-                option,
-                [this](const std::string& typed) {
-                    given_.day = stampOf(typed);
-                    if (given_.day.empty()) {
-                        throw Misuse("\"" + typed + "\" is not a day (MMDDYY or YYYY-MM-DD)");
-                    }
-                },
-                meaning)
-            ->type_name("DAY");
-    }
-
-    void addInit() {
-        CLI::App* init = addVerb("init", "Create a game directory that is ready to run",
-                                 [this] { makeGame(given_.wanted, out_); });
-        init->add_option("DIR", given_.wanted.directory, "The directory, new or empty")->required();
-        init->add_option("--board", given_.wanted.board, "The board's name, as callers see it")
-            ->type_name("NAME")
-            ->required();
-        init->add_option("--menus", given_.wanted.menus,
-                         "Where to copy the display files from (default: where they are installed)")
-            ->type_name("DIR");
-        init->add_option("--keeper", given_.wanted.keeper,
-                         "Player 1, whom robbers overwrite: a name that no caller has")
-            ->type_name("NAME");
-    }
-
-    void addReadingVerbs() {
-        addJson(addVerb("players", "List all characters",
-                        [this] { listPlayers(home(), given_.json, out_); }));
-        CLI::App* show = addVerb("show", "Show all fields of a character",
-                                 [this] { showPlayer(home(), given_.number, given_.json, out_); });
-        addPlayer(show)->required();
-        addJson(show);
-        CLI::App* check = app_.add_subcommand("check", "Check every file of the game");
-        check->footer("Status 1 when there is an error or a warning. An error is what the game "
-                      "misreads\nor plays wrong with; a warning was not written by the game, but "
-                      "does no harm.");
-        check->callback([this] {
-            verb_ = [this] { return checkGame(home(), given_.json, out_) ? done : notDone; };
-        });
-        addJson(check);
-    }
-
-    void addChangingVerbs() {
-        CLI::App* set = addVerb("set", "Change fields of a character", [this] {
-            if (given_.pairs.size() % 2 != 0) {
-                throw Misuse(given_.pairs.back() + ": a value is missing");
+    Format format() const {
+        std::vector<Format> chosen;
+        for (std::size_t i = 0; i < formats.size(); ++i) {
+            if (has(formats[i])) {
+                chosen.push_back(static_cast<Format>(i));
             }
-            setPlayer(home(), given_.number, given_.pairs, given_.force, out_);
-        });
-        addPlayer(set)->required();
-        set->add_option("FIELD VALUE", given_.pairs,
+        }
+        if (chosen.size() > 1) {
+            throw Misuse("choose one of --text, --ansi, --html and --json");
+        }
+        return chosen.empty() ? Format::text : chosen.front();
+    }
+
+    GameDirectory home() const { return openGame(has("--game") ? text("--game") : "."); }
+
+    void addVerbs() {
+        add("init", "Create a game directory that is ready to run",
+            {"DIR!", "--board!", "--menus", "--keeper"}, [this] {
+                makeGame({text("DIR"), text("--board"), text("--menus"), text("--keeper")}, out_);
+            });
+        add("players", "List all characters", {"--json"},
+            [this] { listPlayers(home(), has("--json"), out_); });
+        add("show", "Show all fields of a character", {"N!", "--json"},
+            [this] { showPlayer(home(), number("N"), has("--json"), out_); });
+        add("check", "Check every file of the game", {"--json"},
+            [this] { status_ = checkGame(home(), has("--json"), out_) ? done : notDone; })
+            .footer(
+                "Status 1 when there is an error or a warning. An error is what the game misreads"
+                "\nor plays wrong with; a warning was not written by the game, or needs you.");
+        add("set", "Change fields of a character", {"N!", "--force"}, [this] { set(); })
+            .add_option("FIELD VALUE", pairs_,
                         "A field as `show` names it, or a flag of the world: searched.12, "
                         "cleared.12,\ncastle1.3, castle2.3, mortuary1.3, cavern1.3; and its new "
                         "value, within\nthe range that the game can reach")
             ->required();
-        addForce(set);
-        CLI::App* remove = addVerb("remove", "Remove a character", [this] {
-            removePlayer(home(), given_.number, given_.traces, given_.force, out_);
+        add("remove", "Remove a character", {"N!", "--traces", "--force"}, [this] {
+            removePlayer(home(), number("N"), has("--traces"), has("--force"), out_);
+        }).footer("The last character of the file moves into the free slot.");
+        add("purge", "Remove characters and news that are old", {"--before!", "--dry-run"}, [this] {
+            purge(home(), dayOf(stamp("--before")), has("--dry-run"), out_);
+        }).footer("Player 1 and those who are in the game stay.");
+        add("offline", "Clear the on-line mark that a dropped call left", {"N", "--all"}, [this] {
+            if (has("--all") == has("N")) {
+                throw Misuse("offline needs a player's number or --all");
+            }
+            markOffline(home(), has("N") ? number("N") : 0, out_);
         });
-        addPlayer(remove)->required();
-        remove->add_flag("--traces", given_.traces,
-                         "Also his messages, his scores and his lines in the news");
-        remove->footer("The last character of the file moves into the free slot.");
-        addForce(remove);
-        CLI::App* purged = addVerb("purge", "Remove what is old", [this] {
-            purge(home(), dayOf(given_.day), given_.dryRun, out_);
-        });
-        addDay(purged, "--before",
-               "Remove the characters that nobody has played since, and older news")
-            ->required();
-        purged->add_flag("--dry-run", given_.dryRun, "Only say what would go");
-        purged->footer("Player 1 stays.");
-        CLI::App* offline = addVerb("offline", "Clear the on-line mark that a dropped call left",
-                                    [this] { clearMarks(); });
-        CLI::Option* number = addPlayer(offline);
-        offline->add_flag("--all", given_.all, "Of all who are not in the game")->excludes(number);
-    }
-
-    void clearMarks() {
-        if (!given_.all && given_.number == 0) {
-            throw Misuse("offline needs a player's number or --all");
-        }
-        markOffline(home(), given_.number, out_);
-    }
-
-    void addBackupVerbs() {
-        CLI::App* backup = addVerb("backup", "Back up the data files", [this] { backUpOrList(); });
-        backup->add_option("DIRECTORY", given_.file,
-                           "The directory to make (default: one in backup/)");
-        CLI::Option* list =
-            backup->add_flag("--list", given_.list, "List the backups in backup/ instead");
-        backup->add_flag("--json", given_.json, "The list as JSON")->needs(list);
-        backup->footer("Backups in backup/ are named by date and time; the newest 50 are kept. "
-                       "Every verb that\nchanges anything makes one in backup/auto/ first, where "
-                       "the newest 50 are kept too.");
-        CLI::App* restore = addVerb("restore", "Restore the data files from a backup", [this] {
-            restoreBackup(home(), given_.file, given_.force, out_);
-        });
-        restore->add_option("DIRECTORY", given_.file, "The backup, or its name in backup/")
-            ->required();
-        addForce(restore);
-        CLI::App* reset =
-            addVerb("reset", "Start a new season: remove characters, board, scores and news",
-                    [this] { beginSeason(home(), given_.force, out_); });
-        reset->footer("The display files and morvek.cfg stay.");
-        addForce(reset);
-    }
-
-    void backUpOrList() {
-        const GameDirectory game = home();
-        if (given_.list) {
-            listBackups(game, given_.json, out_);
-            return;
-        }
-        const Change change(game);
-        const fs::path made =
-            given_.file.empty() ? makeBackup(game, ownBackups) : makeBackupIn(game, given_.file);
-        out_ << "Backup: " << made.string() << '\n';
-    }
-
-    void addFormats(CLI::App* to) {
-        const auto add = [&](const char* flag, Format format, const char* meaning) {
-            to->add_flag_callback(
-                flag, [this, format] { given_.formats.push_back(format); }, meaning);
-        };
-        add("--text", Format::text, "Plain text, CP437 (default)");
-        add("--ansi", Format::ansi, "Coloured by ANSI sequences, CP437");
-        add("--html", Format::html, "A web page, UTF-8");
-        add("--json", Format::json, "JSON, UTF-8");
-    }
-
-    Format format() const {
-        if (given_.formats.size() > 1) {
-            throw Misuse("choose one of --text, --ansi, --html and --json");
-        }
-        return given_.formats.empty() ? Format::text : given_.formats.front();
+        add("backup", "Back up the data files", {"DIRECTORY", "--list", "--json"},
+            [this] { backUp(); })
+            .footer("Backups are named by date and time. Yours are in backup/, those that changes "
+                    "make first\nare in backup/auto/; the newest 50 of each are kept.");
+        add("restore", "Restore the data files from a backup", {"BACKUP!", "--force"},
+            [this] { restoreBackup(home(), text("BACKUP"), has("--force"), out_); });
+        add("reset", "Start a new season: remove characters, board, scores and news", {"--force"},
+            [this] { beginSeason(home(), has("--force"), out_); })
+            .footer("The display files and morvek.cfg stay.");
     }
 
     void addBulletins() {
-        CLI::App* scores = addVerb("scores", "Write the ten best scores", [this] {
-            if (given_.number > 0) {
-                removeScore(home(), given_.number, out_);
+        const auto addBulletin = [this](const char* verb, const char* meaning, const char* option,
+                                        const std::function<void()>& work) {
+            addOption(add(verb, meaning, formats, work), option);
+        };
+        addBulletin("scores", "Write the ten best scores", "--remove", [this] {
+            if (has("--remove")) {
+                removeScore(home(), number("--remove", 10), out_);
             } else {
                 writeScores(home(), format(), out_);
             }
         });
-        addFormats(scores);
-        addNumber(scores, "--remove", 10, "Remove this line instead, from the bulletins too");
-        CLI::App* news = addVerb("news", "Write the news of a day", [this] {
-            writeNews(home(), given_.day.empty() ? localTime("%m%d%y") : given_.day, format(),
+        addBulletin("news", "Write the news of a day", "--date", [this] {
+            writeNews(home(), has("--date") ? stamp("--date") : localTime("%m%d%y"), format(),
                       out_);
         });
-        addDay(news, "--date", "The day (default: today)");
-        addFormats(news);
-        CLI::App* board = addVerb("board", "Write the message board", [this] {
-            if (given_.number > 0) {
-                removeMessage(home(), given_.number, out_);
+        addBulletin("board", "Write the message board", "--remove", [this] {
+            if (has("--remove")) {
+                removeMessage(home(), number("--remove", 10), out_);
             } else {
                 writeBoard(home(), format(), out_);
             }
         });
-        addFormats(board);
-        addNumber(board, "--remove", 10, "Remove this message instead, counted from the top");
+    }
+
+    void set() {
+        if (pairs_.size() % 2 != 0) {
+            throw Misuse(pairs_.back() + ": a value is missing");
+        }
+        setPlayer(home(), number("N"), pairs_, has("--force"), out_);
+    }
+
+    void backUp() {
+        const GameDirectory game = home();
+        if (has("--list")) {
+            listBackups(game, has("--json"), out_);
+            return;
+        }
+        const Change change(game);
+        const fs::path made =
+            has("DIRECTORY") ? makeBackupIn(game, text("DIRECTORY")) : makeBackup(game, ownBackups);
+        out_ << "Backup: " << made.string() << '\n';
     }
 };
 
