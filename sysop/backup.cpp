@@ -7,119 +7,55 @@
 #include "sysop/failure.h"
 
 #include <algorithm>
-#include <set>
-#include <tuple>
+#include <deque>
 
 namespace morvek {
 namespace {
 
+constexpr const char* ownBackups = "backup";
+constexpr const char* automaticBackups = "backup/auto";
+constexpr const char* unfinished = ".new";
 constexpr std::size_t backupsKept = 50;
 constexpr std::size_t stampLength = std::string_view("20261115-120000").size();
-constexpr const char* unfinished = ".new";
-
-// A backup's name in the order of time: the second, and its number within the second.
-struct BackupName {
-    std::string stamp;
-    int number = 0; // 0: no name of a backup
-
-    bool operator<(const BackupName& other) const {
-        return std::tie(stamp, number) < std::tie(other.stamp, other.number);
-    }
-
-    [[nodiscard]] std::string text() const {
-        return number > 1 ? stamp + "." + std::to_string(number) : stamp;
-    }
-};
-
-BackupName parseName(const std::string& name) {
-    BackupName parsed{name.substr(0, stampLength), 1};
-    if (name.size() > stampLength && name[stampLength] == '.') {
-        parsed.number = std::atoi(name.c_str() + stampLength + 1);
-    }
-    const bool digits = parsed.stamp.find_first_not_of("0123456789-") == std::string::npos;
-    return digits && parsed.text() == name ? parsed : BackupName{};
-}
 
 fs::path directoryOf(const GameDirectory& home, const std::string& name) {
     return (home.data / name).lexically_normal();
 }
 
-std::set<BackupName> backupsIn(const fs::path& directory) {
-    std::set<BackupName> names;
-    std::error_code notThere;
-    for (const fs::directory_entry& entry : fs::directory_iterator(directory, notThere)) {
-        const BackupName name = parseName(entry.path().filename().string());
-        if (name.number > 0) {
-            names.insert(name);
-        }
-    }
+// The number of the backup within its second; 0 when it is no backup's name.
+int numberIn(const std::string& name) {
+    const bool isFirst = name.size() == stampLength;
+    const int number =
+        isFirst || name.size() < stampLength + 2 ? 1 : std::atoi(&name[stampLength + 1]);
+    const std::string stamp = name.substr(0, stampLength);
+    const bool isStamp = stamp.find_first_not_of("0123456789-") == std::string::npos;
+    return isStamp && (isFirst || name == stamp + "." + std::to_string(number)) ? number : 0;
+}
+
+// The backups in the directory, in the order of time.
+std::vector<std::string> backupsIn(const fs::path& directory) {
+    std::vector<std::string> names =
+        fs::exists(directory) ? namesIn(directory) : std::vector<std::string>();
+    std::erase_if(names, [](const std::string& name) { return numberIn(name) == 0; });
+    std::sort(names.begin(), names.end(), [](const std::string& one, const std::string& other) {
+        const int order = one.compare(0, stampLength, other, 0, stampLength);
+        return order != 0 ? order < 0 : numberIn(one) < numberIn(other);
+    });
     return names;
-}
-
-// Removes what a program has left that was killed while it made a backup: whoever makes one has
-// the game's lock, so nobody makes one now.
-void removeUnfinished(const fs::path& directory) {
-    for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
-        const fs::path& path = entry.path();
-        if (path.extension() == unfinished && parseName(path.stem().string()).number > 0) {
-            fs::remove_all(path);
-        }
-    }
-}
-
-// Removes all but the newest ones, and the two that the operator was told of.
-void removeOldest(const fs::path& directory, const fs::path& made, const fs::path& kept) {
-    const std::set<BackupName> names = backupsIn(directory);
-    std::size_t surplus = names.size() - std::min(names.size(), backupsKept);
-    for (const BackupName& name : names) {
-        const fs::path path = directory / name.text();
-        std::error_code ignored;
-        if (surplus > 0 && path != made && !fs::equivalent(path, kept, ignored)) {
-            fs::remove_all(path, ignored);
-            --surplus;
-        }
-    }
-}
-
-// The content as the game has it. Of the board, also what a caller who types has taken out of it.
-std::string contentOf(const GameDirectory& home, const std::string& name) {
-    return name == scrollFileName ? readBoard(home) : readData(home, name);
-}
-
-std::size_t playersIn(const Contents& files) {
-    const auto content = files.find(characterFileName);
-    return content == files.end() ? 0 : takenPlaces(charactersIn(content->second));
-}
-
-} // namespace
-
-fs::path makeBackup(const GameDirectory& home, const std::string& in, const fs::path& kept) {
-    const fs::path directory = directoryOf(home, in);
-    createDirectories(directory);
-    removeUnfinished(directory);
-    BackupName name{localTime("%Y%m%d-%H%M%S"), 1};
-    for (const BackupName& other : backupsIn(directory)) {
-        name.number = other.stamp == name.stamp ? other.number + 1 : name.number;
-    }
-    const fs::path made = makeBackupIn(home, directory / name.text());
-    removeOldest(directory, made, kept);
-    return made;
 }
 
 fs::path makeBackupIn(const GameDirectory& home, const fs::path& directory) {
     const fs::path staged = directory.string() + unfinished;
     for (const fs::path& path : {directory, staged}) {
-        if (fs::exists(fs::symlink_status(path))) {
-            throw Failure(path.string() + " already exists");
-        }
+        failIf(fs::exists(fs::symlink_status(path)), path.string() + " already exists");
     }
     createDirectories(staged);
     try {
         for (const std::string& name : dataFiles(home)) {
             const std::string path = (staged / name).string();
-            if (const int error = replaceFile(path, contentOf(home, name))) {
-                throw cannot(path, "written", error);
-            }
+            const std::string content =
+                name == scrollFileName ? readBoard(home) : readData(home, name);
+            failWith(replaceFile(path, content), path, "written");
             fs::permissions(path, fs::status(home.file(name)).permissions());
         }
         fs::rename(staged, directory);
@@ -131,28 +67,32 @@ fs::path makeBackupIn(const GameDirectory& home, const fs::path& directory) {
     return directory;
 }
 
-void listBackups(const GameDirectory& home, bool asJson, std::ostream& out) {
-    Json list = Json::array();
-    for (const std::string in : {automaticBackups, ownBackups}) {
-        for (const BackupName& name : backupsIn(directoryOf(home, in))) {
-            const std::string path = (directoryOf(home, in) / name.text()).string();
-            Json row{{"path", path}, {"automatic", in == automaticBackups}};
-            try {
-                const Contents files = readBackup(path);
-                row.update({{"files", files.size()}, {"players", playersIn(files)}});
-                out << (asJson ? "" : path + "  " + summaryOf(files) + "\n");
-            } catch (const Failure& failure) {
-                row["fault"] = failure.what();
-                out << (asJson ? "" : path + "  cannot be restored\n");
-            }
-            list.push_back(row);
+// Makes a backup of a name of its own, and removes the oldest ones but `kept`. Whoever makes one
+// has the game's lock, so what is unfinished was left by a program that was killed.
+fs::path makeBackup(const GameDirectory& home, const std::string& in, const fs::path& kept = {}) {
+    const fs::path directory = directoryOf(home, in);
+    createDirectories(directory);
+    for (const fs::path path : namesIn(directory)) {
+        if (path.extension() == unfinished && numberIn(path.stem().string()) > 0) {
+            fs::remove_all(directory / path);
         }
     }
-    if (asJson) {
-        out << list.dump(2) << '\n';
-    } else if (list.empty()) {
-        out << "There are no backups yet.\n";
+    std::string name = localTime("%Y%m%d-%H%M%S");
+    const std::vector<std::string> names = backupsIn(directory);
+    for (auto other = names.rbegin(); other != names.rend(); ++other) {
+        if (other->starts_with(name)) {
+            name += "." + std::to_string(numberIn(*other) + 1);
+            break;
+        }
     }
+    makeBackupIn(home, directory / name);
+    std::error_code ignored;
+    for (std::size_t i = 0; i + backupsKept <= names.size(); ++i) {
+        if (!fs::equivalent(directory / names[i], kept, ignored)) {
+            fs::remove_all(directory / names[i], ignored);
+        }
+    }
+    return directory / name;
 }
 
 fs::path findBackup(const GameDirectory& home, const std::string& named) {
@@ -165,30 +105,135 @@ fs::path findBackup(const GameDirectory& home, const std::string& named) {
     throw Failure(named + ": no such backup; `backup --list` lists them");
 }
 
+// What the backup holds; throws Failure when it is no backup of a game.
 Contents readBackup(const fs::path& path) {
     const GameDirectory saved(path, path);
     Contents files;
     for (const fs::directory_entry& entry : fs::directory_iterator(path)) {
         const std::string name = entry.path().filename().string();
-        if (!isDataFileName(name) || !entry.is_regular_file()) {
-            throw Failure(path.string() + " contains \"" + name + "\", which is not a data file");
-        }
+        failIf(!isDataFileName(name) || !entry.is_regular_file(),
+               path.string() + " contains \"" + name + "\", which is not a data file");
         files[name] = readData(saved, name);
+        failIf(name == characterFileName && files[name]->size() != slotCount * sizeof(PlayerRecord),
+               saved.file(name) + " has " + counted(files[name]->size(), "byte") +
+                   "; must be 75000");
     }
-    if (files.empty()) {
-        throw Failure(path.string() + " is empty");
-    }
-    const auto characters = files.find(characterFileName);
-    if (characters != files.end() &&
-        characters->second.size() != slotCount * sizeof(PlayerRecord)) {
-        throw Failure((path / characterFileName).string() + " has " +
-                      counted(characters->second.size(), "byte") + "; must be 75000");
-    }
+    failIf(files.empty(), path.string() + " is empty");
     return files;
 }
 
-std::string summaryOf(const Contents& files) {
-    return counted(files.size(), "file") + ", " + counted(playersIn(files), "player");
+Json summaryOf(const fs::path& path) {
+    const GameDirectory saved(path, path);
+    return {{"path", path.string()},
+            {"files", dataFiles(saved).size()},
+            {"players", takenPlaces(readCharacters(saved))}};
+}
+
+std::string shownSummary(const Json& summary) {
+    return summary["path"].get<std::string>() + ": " + counted(summary["files"], "file") + ", " +
+           counted(summary["players"], "player");
+}
+
+} // namespace
+
+Change::Change(const GameDirectory& home) : home_(home), transaction_(*home.lock) {
+    failIf(!transaction_.mayWrite(), "another program holds the game's files (" +
+                                         home.file(lockFileName) + "); nothing was changed");
+}
+
+void Change::refuseWhilePlayed() const {
+    std::string names;
+    for (const PlayerRecord& slot : readCharacters(home_)) {
+        if (home_.isInside(slot)) {
+            names.append(names.empty() ? "" : ", ").append(toUtf8(slot.name.view()));
+        }
+    }
+    failIf(home_.lock->isAnybodyInside(),
+           "in the game now: " + (names.empty() ? "a new caller" : names) +
+               "; the next save would undo the change (--force changes nevertheless)");
+}
+
+void Change::commit(const Contents& files, std::ostream& out, const fs::path& kept) const {
+    std::deque<Replacement> staged;
+    try {
+        if (!dataFiles(home_).empty()) {
+            const fs::path made = makeBackup(home_, automaticBackups, kept);
+            out << "Backup: " << made.string() << '\n';
+        }
+        for (const auto& [name, content] : files) {
+            if (content) {
+                const std::string path = home_.file(name);
+                failWith(staged.emplace_back(transaction_, path).stage(*content), path, "written");
+            }
+        }
+    } catch (const std::exception& error) {
+        throw Failure(reasonOf(error) + "; nothing was changed");
+    }
+    auto next = staged.begin();
+    for (const auto& [name, content] : files) {
+        if (content) {
+            failWith((next++)->commit(), home_.file(name), "replaced");
+        } else {
+            fs::remove(home_.file(name));
+        }
+    }
+}
+
+void Change::backUp(const std::string& directory, std::ostream& out) const {
+    if (dataFiles(home_).empty()) {
+        out << "There is nothing to back up yet.\n";
+        return;
+    }
+    const fs::path made =
+        directory.empty() ? makeBackup(home_, ownBackups) : makeBackupIn(home_, directory);
+    out << "Backup: " << made.string() << '\n';
+}
+
+void listBackups(const GameDirectory& home, bool asJson, std::ostream& out) {
+    Json list = Json::array();
+    for (const char* in : {automaticBackups, ownBackups}) {
+        for (const std::string& name : backupsIn(directoryOf(home, in))) {
+            list.push_back(summaryOf(directoryOf(home, in) / name));
+            out << (asJson ? "" : shownSummary(list.back()) + "\n");
+        }
+    }
+    if (asJson) {
+        out << list.dump(2) << '\n';
+    } else if (list.empty()) {
+        out << "There are no backups yet.\n";
+    }
+}
+
+void restoreBackup(const GameDirectory& home, const std::string& named, bool forced,
+                   std::ostream& out) {
+    const Change change(home);
+    const fs::path path = findBackup(home, named);
+    Contents files = readBackup(path);
+    if (!forced) {
+        change.refuseWhilePlayed();
+    }
+    for (const std::string& name : dataFiles(home)) {
+        files.try_emplace(name);
+    }
+    change.commit(files, out, path);
+    out << "Restored " << shownSummary(summaryOf(path)) << ".\n";
+}
+
+void beginSeason(const GameDirectory& home, bool forced, std::ostream& out) {
+    const Change change(home);
+    if (!forced) {
+        change.refuseWhilePlayed();
+    }
+    Contents files;
+    for (const std::string& name : dataFiles(home)) {
+        files.try_emplace(name);
+    }
+    if (files.empty()) {
+        out << "There is nothing to reset: nobody has played yet.\n";
+        return;
+    }
+    change.commit(files, out);
+    out << "A new season: " << counted(files.size(), "data file") << " removed.\n";
 }
 
 } // namespace morvek

@@ -1,5 +1,6 @@
-// Backups of the data files: characters, board, scores, bulletins, news. The display files and the
-// configuration are the operator's own; no backup holds them and no verb changes them.
+// Changes of the data files (characters, board, scores, bulletins, news) and the backups that are
+// made before them. The display files and the configuration are the operator's own; no backup holds
+// them and no verb changes them.
 //
 // A backup is a directory of plain files, named YYYYMMDD-HHMMSS, with ".2", ".3", ... behind it for
 // more within a second. The operator's are in backup/ of the game's data directory, those that a
@@ -11,33 +12,44 @@
 #include "sysop/game_directory.h"
 
 #include <map>
+#include <optional>
 #include <ostream>
 #include <string>
 
 namespace morvek {
 
-inline constexpr const char* ownBackups = "backup";
-inline constexpr const char* automaticBackups = "backup/auto";
+// Contents by the names of the data files; nothing for a file that is to be removed.
+using Contents = std::map<std::string, std::optional<std::string>>;
 
-// Contents by the names of the data files.
-using Contents = std::map<std::string, std::string>;
+// A transaction under the game's lock. All new contents are written before a file is replaced.
+class Change {
+public:
+    // Takes the lock; throws Failure when another program does not let go of it.
+    explicit Change(const GameDirectory& home);
 
-// Writes a backup and returns its path, in a transaction that the caller holds: to a new directory
-// in that one of the game's, or to the directory of the name, which must not exist. The backup
-// `kept` is not removed for it. Throws Failure when it cannot be written.
-fs::path makeBackup(const GameDirectory& home, const std::string& in, const fs::path& kept = {});
-fs::path makeBackupIn(const GameDirectory& home, const fs::path& directory);
+    // Throws Failure when anybody is in the game, whose saves would undo the change.
+    void refuseWhilePlayed() const;
+
+    // Makes a backup, says where it is, and changes the files. The backup `kept` stays.
+    void commit(const Contents& files, std::ostream& out, const fs::path& kept = {}) const;
+
+    // Makes the operator's backup, in that new directory or, if its name is empty, in backup/.
+    void backUp(const std::string& directory, std::ostream& out) const;
+
+private:
+    GameDirectory home_;
+    Transaction transaction_;
+};
 
 // Lists the backups of the game, with their players.
 void listBackups(const GameDirectory& home, bool asJson, std::ostream& out);
 
-// The directory of that backup, which may be the name of one of the game's.
-fs::path findBackup(const GameDirectory& home, const std::string& named);
+// Puts the data files back as the backup holds them; files that it does not hold go. The backup is
+// a directory, or the name of one of the game's.
+void restoreBackup(const GameDirectory& home, const std::string& named, bool forced,
+                   std::ostream& out);
 
-// What the backup holds; throws Failure when it is no backup of this game.
-Contents readBackup(const fs::path& path);
-
-// "3 files, 2 players"
-std::string summaryOf(const Contents& files);
+// Removes all data files: a new season.
+void beginSeason(const GameDirectory& home, bool forced, std::ostream& out);
 
 } // namespace morvek

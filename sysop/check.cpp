@@ -5,12 +5,14 @@
 #include "files/scroll_file.h"
 #include "state/text_slot.h"
 #include "sysop/charset.h"
+#include "sysop/failure.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <map>
 #include <set>
 #include <span>
 #include <sys/stat.h>
@@ -32,25 +34,6 @@ std::string lineOf(std::size_t index) { return "line " + std::to_string(index + 
 std::string withoutIt(std::string_view text) {
     return "contains a control byte (" + inQuotes(text) + " without it)";
 }
-
-// As long as it lives, root asks with the rights of the directory's owner, as whom the game runs.
-class AsOwner {
-public:
-    explicit AsOwner(const fs::path& directory) {
-        struct stat status {};
-        if (user_ == 0 && ::stat(directory.c_str(), &status) == 0) {
-            isRefused_ = ::setegid(status.st_gid) != 0 || ::seteuid(status.st_uid) != 0;
-        }
-    }
-    ~AsOwner() { isRefused_ = ::seteuid(user_) != 0 || ::setegid(group_) != 0; }
-    AsOwner(const AsOwner&) = delete;
-    AsOwner& operator=(const AsOwner&) = delete;
-
-private:
-    uid_t user_ = ::geteuid();
-    gid_t group_ = ::getegid();
-    bool isRefused_ = false;
-};
 
 // One text of a board's entry. Of one that is longer than 15 characters the file holds no more
 // than the length.
@@ -104,7 +87,7 @@ void checkNewsText(std::string_view text, const Subject& about) {
 }
 
 void checkMenu(const GameDirectory& home, const std::string& file, Findings& findings) {
-    const std::optional<std::string> content = contentToCheck(home, file, findings);
+    const auto content = file.empty() ? std::nullopt : contentToCheck(home, file, findings);
     if (!content) {
         return;
     }
@@ -184,41 +167,42 @@ void checkConfiguration(const GameDirectory& home, Findings& findings) {
 }
 
 void checkAccess(const GameDirectory& home, Findings& findings) {
-    const AsOwner owner(home.data);
-    const auto check = [&](const std::string& path, const std::string& name, int mode) {
-        if (::faccessat(AT_FDCWD, path.c_str(), mode, AT_EACCESS) != 0 && errno != ENOENT) {
-            Subject(findings, name)
-                .warning(true, std::string("cannot be written by the board's user: ") +
-                                   std::strerror(errno));
-        }
-    };
-    check(home.data.string(), home.data.string(), W_OK | X_OK);
-    std::vector<std::string> names = dataFiles(home);
-    names.emplace_back(lockFileName);
-    for (const std::string& name : names) {
-        check(home.file(name), name, W_OK);
+    std::map<std::string, std::string> paths{{home.data.string(), home.data.string()}};
+    for (const std::string& name : dataFiles(home)) {
+        paths[name] = home.file(name);
     }
+    paths[lockFileName] = home.file(lockFileName);
+    // Root asks as the owner of the directory, as whom the game runs.
+    struct stat owner {};
+    const bool isRoot = ::geteuid() == 0 && ::stat(home.data.c_str(), &owner) == 0 &&
+                        ::setegid(owner.st_gid) == 0 && ::seteuid(owner.st_uid) == 0;
+    for (const auto& [name, path] : paths) {
+        const int mode = path == home.data ? W_OK | X_OK : W_OK;
+        const bool isRefused = ::faccessat(AT_FDCWD, path.c_str(), mode, AT_EACCESS) != 0;
+        Subject(findings, name)
+            .warning(isRefused && errno != ENOENT,
+                     std::string("cannot be written by the board's user: ") + std::strerror(errno));
+    }
+    failIf(isRoot && (::seteuid(0) != 0 || ::setegid(::getgid()) != 0), "cannot be root again");
     const Subject lock(findings, lockFileName);
     lock.warning(!home.lock->works(), "cannot be locked, the file system has no locks: let one "
                                       "caller play at a time (-ONECALLER)");
-    lock.warning(!contentToCheck(home, lockFileName, findings).value_or("").empty(),
-                 "is not empty");
+    const std::optional<std::string> content = contentToCheck(home, lockFileName, findings);
+    lock.warning(content && !content->empty(), "is not empty");
 }
 
 void checkMenus(const GameDirectory& home, Findings& findings) {
     for (const std::string& name : menuNames) {
-        const auto plain = findInAnyCase(home, name + ".asc");
-        const auto coloured = findInAnyCase(home, name + ".ans");
-        const Subject about(findings, name + (plain ? ".ans" : ".asc"));
-        if (!about.error(!plain && !coloured,
+        const std::string plain = nameInAnyCase(home, name + ".asc");
+        const std::string coloured = nameInAnyCase(home, name + ".ans");
+        const Subject about(findings, name + (plain.empty() ? ".asc" : ".ans"));
+        if (!about.error(plain.empty() && coloured.empty(),
                          "is missing, and " + name + ".ans too: callers see no menu")) {
-            about.warning(!plain, "is missing: callers without ANSI graphics see no menu");
-            about.warning(!coloured, "is missing: all callers see the plain menu");
+            about.warning(plain.empty(), "is missing: callers without ANSI graphics see no menu");
+            about.warning(coloured.empty(), "is missing: all callers see the plain menu");
         }
-        for (const auto& file : {plain, coloured}) {
-            if (file) {
-                checkMenu(home, *file, findings);
-            }
+        for (const std::string& file : {plain, coloured}) {
+            checkMenu(home, file, findings);
         }
     }
 }

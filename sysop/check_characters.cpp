@@ -6,7 +6,6 @@
 #include "sysop/check.h"
 #include "sysop/fields.h"
 
-#include <algorithm>
 #include <cstring>
 #include <map>
 #include <set>
@@ -23,9 +22,7 @@ const std::set<std::string> unreadFields{"version", "bbsName", "reserved", "rese
 bool isPadded(const Field& field, const PlayerRecord& slot) {
     TextSlot text;
     std::memcpy(&text, reinterpret_cast<const char*>(&slot) + field.offset, sizeof text);
-    return text.length > TextSlot::capacity ||
-           std::all_of(text.bytes.begin() + text.length, text.bytes.end(),
-                       [](char one) { return one == '\0'; });
+    return text.length > TextSlot::capacity || text.bytes == TextSlot(text.view()).bytes;
 }
 
 // What the game never reads harms nobody, and a character may be created without a name.
@@ -54,8 +51,6 @@ void checkTakenSlot(const GameDirectory& home, const PlayerRecord& slot, std::si
     about.in("worldState")
         .warning(unstored.worldState != PlayerRecord{}.worldState,
                  "is not zero where nothing is stored");
-    about.in("inUse").warning(slot.afterInUse != PlayerRecord{}.afterInUse,
-                              "is not followed by three zeros");
     // Who is killed while the game is full comes to stand here.
     about.note(index >= searchedSlots, "is never searched by the game: `remove` another player, "
                                        "and this one moves to his slot");

@@ -1,7 +1,7 @@
 #include "sysop/command_line.h"
 
+#include "sysop/backup.h"
 #include "sysop/bulletins.h"
-#include "sysop/change.h"
 #include "sysop/check.h"
 #include "sysop/edit.h"
 #include "sysop/failure.h"
@@ -76,7 +76,8 @@ public:
             fail(notDone, reasonOf(error));
         }
         if (!out_.flush()) {
-            fail(notDone, cannot("standard output", "written", errno).what());
+            fail(notDone,
+                 std::string("standard output cannot be written: ") + std::strerror(errno));
         }
         return status_;
     }
@@ -128,10 +129,8 @@ private:
 
     std::size_t number(const std::string& option, std::int64_t most = 50) const {
         const auto typed = wholeNumber(text(option));
-        if (!typed || *typed < 1 || *typed > most) {
-            throw Misuse("\"" + text(option) + "\" is not a number from 1 to " +
-                         std::to_string(most));
-        }
+        refuseIf(!typed || *typed < 1 || *typed > most,
+                 "\"" + text(option) + "\" is not a number from 1 to " + std::to_string(most));
         return static_cast<std::size_t>(*typed);
     }
 
@@ -141,9 +140,8 @@ private:
         const bool isLong = typed.size() == 10;
         const std::string stamp =
             isLong ? typed.substr(5, 2) + typed.substr(8) + typed.substr(2, 2) : typed;
-        if (dayOf(stamp).empty() || (isLong && dayOf(stamp) != typed)) {
-            throw Misuse("\"" + typed + "\" is not a day (MMDDYY or YYYY-MM-DD)");
-        }
+        refuseIf(dayOf(stamp).empty() || (isLong && dayOf(stamp) != typed),
+                 "\"" + typed + "\" is not a day (MMDDYY or YYYY-MM-DD)");
         return stamp;
     }
 
@@ -154,9 +152,7 @@ private:
                 chosen.push_back(static_cast<Format>(i));
             }
         }
-        if (chosen.size() > 1) {
-            throw Misuse("choose one of --text, --ansi, --html and --json");
-        }
+        refuseIf(chosen.size() > 1, "choose one of --text, --ansi, --html and --json");
         return chosen.empty() ? Format::text : chosen.front();
     }
 
@@ -189,13 +185,17 @@ private:
             purge(home(), dayOf(stamp("--before")), has("--dry-run"), out_);
         }).footer("Player 1 and those who are in the game stay.");
         add("offline", "Clear the on-line mark that a dropped call left", {"N", "--all"}, [this] {
-            if (has("--all") == has("N")) {
-                throw Misuse("offline needs a player's number or --all");
-            }
+            refuseIf(has("--all") == has("N"), "offline needs a player's number or --all");
             markOffline(home(), has("N") ? number("N") : 0, out_);
         });
         add("backup", "Back up the data files", {"DIRECTORY", "--list", "--json"},
-            [this] { backUp(); })
+            [this] {
+                if (has("--list")) {
+                    listBackups(home(), has("--json"), out_);
+                } else {
+                    Change(home()).backUp(text("DIRECTORY"), out_);
+                }
+            })
             .footer("Backups are named by date and time. Yours are in backup/, those that changes "
                     "make first\nare in backup/auto/; the newest 50 of each are kept.");
         add("restore", "Restore the data files from a backup", {"BACKUP!", "--force"},
@@ -231,22 +231,8 @@ private:
     }
 
     void set() {
-        if (pairs_.size() % 2 != 0) {
-            throw Misuse(pairs_.back() + ": a value is missing");
-        }
+        refuseIf(pairs_.size() % 2 != 0, pairs_.back() + ": a value is missing");
         setPlayer(home(), number("N"), pairs_, has("--force"), out_);
-    }
-
-    void backUp() {
-        const GameDirectory game = home();
-        if (has("--list")) {
-            listBackups(game, has("--json"), out_);
-            return;
-        }
-        const Change change(game);
-        const fs::path made =
-            has("DIRECTORY") ? makeBackupIn(game, text("DIRECTORY")) : makeBackup(game, ownBackups);
-        out_ << "Backup: " << made.string() << '\n';
     }
 };
 

@@ -3,38 +3,39 @@
 #include "files/score_file.h"
 #include "files/scroll_file.h"
 #include "state/roster.h"
+#include "sysop/backup.h"
 #include "sysop/bulletins.h"
-#include "sysop/change.h"
 #include "sysop/charset.h"
 #include "sysop/failure.h"
 #include "sysop/fields.h"
 #include "sysop/players.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 
 namespace morvek {
 namespace {
 
+const std::string lineEnd = "\n\r";
+
+// His line in the news, between two line ends.
 std::string joinedLine(const PlayerRecord& slot) {
-    return std::string(slot.ownerName.view()) + " joined the game.\n\r";
+    return std::string(lineEnd).append(slot.ownerName.view()) + " joined the game.\n\r";
 }
 
 void refuseInside(const GameDirectory& home, const PlayerRecord& slot, std::size_t number,
                   bool forced) {
-    if (!forced && home.isInside(slot)) {
-        throw Failure("player " + calledPlayer(slot, number) + " is in the game now; the next " +
-                      "save would undo the change (--force changes nevertheless)");
-    }
+    failIf(!forced && home.isInside(slot), "player " + calledPlayer(slot, number) +
+                                               " is in the game now; the next save would " +
+                                               "undo the change (--force changes nevertheless)");
 }
 
 void refuseSecondSlot(const Characters& characters, std::size_t number) {
     const std::string_view owner = characters[number - 1].ownerName.view();
     for (std::size_t i = 0; i < characters.size(); ++i) {
-        if (i + 1 != number && characters[i].ownerName.view() == owner) {
-            throw Misuse("ownerName: " + inQuotes(owner) + " already owns player " +
-                         std::to_string(i + 1));
-        }
+        refuseIf(i + 1 != number && characters[i].ownerName.view() == owner,
+                 "ownerName: " + inQuotes(owner) + " already owns player " + std::to_string(i + 1));
     }
 }
 
@@ -46,12 +47,10 @@ std::string changesOf(const PlayerRecord& before, const PlayerRecord& after, std
             const auto fault = complaintAbout(field, after, number - 1);
             const std::string was = shownValue(field, before);
             const std::string is = shownValue(field, after);
-            if (fault && (was != is || !complaintAbout(field, before, number - 1))) {
-                throw Misuse(field.name + " would be wrong: it " + *fault);
-            }
+            refuseIf(fault && (was != is || !complaintAbout(field, before, number - 1)),
+                     field.name + " would be wrong: it " + fault.value_or(""));
             if (was != is && !field.isCopy) {
-                lines += "Player " + calledPlayer(before, number) + ": " + field.name + " " + was +
-                         " -> " + is + "\n";
+                lines += field.name + " " + was + " -> " + is + "\n";
             }
         }
     }
@@ -69,10 +68,9 @@ std::string fillGap(const GameDirectory& home, Characters& characters, std::size
         return {};
     }
     const std::string moved = calledPlayer(*last, gap + 1) + " was player " + std::to_string(from);
-    if (!forced && home.isInside(*last)) {
-        throw Failure("player " + calledPlayer(*last, from) + " would become player " +
-                      std::to_string(gap + 1) + ", but is in the game now; nothing was changed");
-    }
+    failIf(!forced && home.isInside(*last), "player " + calledPlayer(*last, from) +
+                                                " would become player " + std::to_string(gap + 1) +
+                                                ", but is in the game now; nothing was changed");
     if (last->slotIndex == static_cast<std::int32_t>(from - 1)) {
         last->slotIndex = static_cast<std::int32_t>(gap);
     }
@@ -81,66 +79,59 @@ std::string fillGap(const GameDirectory& home, Characters& characters, std::size
     return "Player " + moved + ".\n";
 }
 
-template <typename Condition>
-void removeEntries(const GameDirectory& home, Change& change, Condition isToGo) {
-    if (home.lock->othersType()) {
-        throw Failure("a caller is typing a message now; nothing was changed");
-    }
+using IsToGo = std::function<bool(const ScrollEntry&)>;
+
+// Takes entries off the board; how many.
+std::size_t removeEntries(const GameDirectory& home, Contents& files, const IsToGo& isToGo) {
+    failIf(home.lock->othersType(), "a caller is typing a message now; nothing was changed");
     std::vector<std::string> entries = boardEntries(readBoard(home));
-    const std::size_t count = entries.size();
-    std::erase_if(entries, [&](const std::string& entry) { return isToGo(textsOf(entry)); });
-    std::string board((count - entries.size()) * scrollEntrySize, '\0');
-    for (const std::string& entry : entries) {
-        board += entry;
+    const std::size_t removed =
+        std::erase_if(entries, [&](const std::string& entry) { return isToGo(textsOf(entry)); });
+    if (removed > 0) {
+        std::string& board = files[scrollFileName].emplace(removed * scrollEntrySize, '\0');
+        for (const std::string& entry : entries) {
+            board += entry;
+        }
     }
-    if (board.size() > 0 && count > entries.size()) {
-        change.write(scrollFileName, board);
-    }
+    return removed;
 }
 
-template <typename Condition>
-void removeScores(const GameDirectory& home, Change& change, Condition isToGo) {
-    std::vector<ScoreEntry> entries = scoresOf(home);
-    if (std::erase_if(entries, isToGo) == 0) {
-        return;
-    }
+// Puts the scores into their file and the bulletins; an empty list has no files.
+void putScores(const std::vector<ScoreEntry>& entries, Contents& files) {
     std::string lines;
     for (const ScoreEntry& entry : entries) {
         lines += scoreLine(entry);
     }
-    const Contents files{{scoreFileName, lines},
-                         {plainBulletinName, plainBulletin(entries)},
-                         {ansiBulletinName, ansiBulletin(entries)}};
-    for (const auto& [name, content] : files) {
+    files[scoreFileName] = lines;
+    files[plainBulletinName] = plainBulletin(entries);
+    files[ansiBulletinName] = ansiBulletin(entries);
+    for (const char* name : {scoreFileName, plainBulletinName, ansiBulletinName}) {
         if (entries.empty()) {
-            change.remove(name);
-        } else {
-            change.write(name, content);
+            files[name].reset();
         }
     }
 }
 
-void removeTraces(const GameDirectory& home, Change& change, const PlayerRecord& slot) {
+void removeTraces(const GameDirectory& home, const PlayerRecord& slot, Contents& files) {
     const std::string_view name = slot.name.view();
-    removeEntries(home, change,
+    removeEntries(home, files,
                   [&](const ScrollEntry& entry) { return !name.empty() && entry.author == name; });
-    // While he creates his character, a name of more than 15 characters is in use.
-    removeScores(home, change, [&](const ScoreEntry& entry) {
-        return std::string_view(entry.name).substr(0, TextSlot::capacity) == name;
-    });
+    std::vector<ScoreEntry> scores = scoresOf(home);
+    // A new character keeps a name of more than 15 characters until its first call ends.
+    if (std::erase_if(scores, [&](const ScoreEntry& entry) {
+            return std::string_view(entry.name).substr(0, TextSlot::capacity) == name;
+        }) > 0) {
+        putScores(scores, files);
+    }
     const std::string line = joinedLine(slot);
     for (const std::string& file : dataFiles(home)) {
-        std::string news = isNewsFileName(file) ? readData(home, file) : "";
-        const std::size_t length = news.size();
-        for (std::size_t at = 0; (at = news.find(line, at)) != std::string::npos;) {
-            if (at == 0 || news[at - 1] == '\r') {
-                news.erase(at, line.size());
-            } else {
-                ++at;
-            }
+        const std::string before = isNewsFileName(file) ? lineEnd + readData(home, file) : "";
+        std::string news = before;
+        for (std::size_t at = news.find(line); at != std::string::npos; at = news.find(line)) {
+            news.erase(at, line.size() - lineEnd.size());
         }
-        if (news.size() < length) {
-            change.write(file, news);
+        if (news != before) {
+            files[file] = news.substr(lineEnd.size());
         }
     }
 }
@@ -160,15 +151,14 @@ std::string lastDayOf(const PlayerRecord& slot, const std::map<std::string, std:
 
 void setPlayer(const GameDirectory& home, std::size_t number, const std::vector<std::string>& pairs,
                bool forced, std::ostream& out) {
-    Change change(home);
+    const Change change(home);
     Characters characters = readCharacters(home);
     PlayerRecord& slot = playerOf(characters, number);
     const PlayerRecord before = slot;
     std::string unchanged;
     for (std::size_t i = 0; i + 1 < pairs.size(); i += 2) {
         const Field& field = setField(slot, pairs[i], pairs[i + 1]);
-        unchanged += "Player " + calledPlayer(before, number) + ": " + field.name + " is already " +
-                     shownValue(field, before) + ".\n";
+        unchanged += field.name + " is already " + shownValue(field, before) + ".\n";
     }
     const std::string changes = changesOf(before, slot, number);
     refuseSecondSlot(characters, number);
@@ -178,167 +168,114 @@ void setPlayer(const GameDirectory& home, std::size_t number, const std::vector<
         out << unchanged;
         return;
     }
-    change.write(characterFileName, bytesOf(characters));
-    change.commit(out);
-    out << changes;
+    change.commit({{characterFileName, bytesOf(characters)}}, out);
+    out << "Player " << calledPlayer(slot, number) << '\n' << changes;
 }
 
 void removePlayer(const GameDirectory& home, std::size_t number, bool traces, bool forced,
                   std::ostream& out) {
-    Change change(home);
+    const Change change(home);
     Characters characters = readCharacters(home);
-    PlayerRecord& slot = characters.at(number - 1);
-    const bool isGap = isFree(slot);
-    const std::string removed =
-        isGap ? std::to_string(number) + " (nobody)" : calledPlayer(slot, number);
+    const PlayerRecord slot = characters.at(number - 1);
+    Contents files;
     refuseInside(home, slot, number, forced);
     if (traces) {
-        removeTraces(home, change, playerOf(characters, number));
+        removeTraces(home, slot, files);
     }
-    slot = emptySlot();
+    characters[number - 1] = emptySlot();
     const std::string moved = fillGap(home, characters, number - 1, forced);
-    if (isGap && moved.empty()) {
-        throw Failure("no player " + std::to_string(number));
-    }
-    change.write(characterFileName, bytesOf(characters));
-    change.commit(out);
-    out << "Removed player " << removed << ".\n" << moved;
+    failIf(isFree(slot) && moved.empty(), "no player " + std::to_string(number));
+    files[characterFileName] = bytesOf(characters);
+    change.commit(files, out);
+    out << "Removed player " << calledPlayer(slot, number) << ".\n" << moved;
 }
 
 void purge(const GameDirectory& home, const std::string& day, bool dryRun, std::ostream& out) {
-    Change change(home);
-    std::map<std::string, std::string> news;
-    std::string lines;
+    const Change change(home);
+    Contents files;
+    std::map<std::string, std::string> news; // since that day
     for (const std::string& file : dataFiles(home)) {
         const std::string filed = isNewsFileName(file) ? dayOf(file.substr(0, 6)) : "";
         if (!filed.empty() && filed < day) {
-            change.remove(file);
-            lines += file + "\n";
+            files.try_emplace(file);
+            out << "To be removed: " << file << '\n';
         } else if (!filed.empty()) {
-            news[filed] = readData(home, file);
+            news[filed] = lineEnd + readData(home, file);
         }
     }
     Characters characters = readCharacters(home);
+    const std::string before = bytesOf(characters);
     for (std::size_t i = 1; i < characters.size(); ++i) {
         PlayerRecord& slot = characters[i];
         const std::string last = lastDayOf(slot, news);
         if (!isFree(slot) && last < day && !home.isInside(slot)) {
-            lines += "Player " + calledPlayer(slot, i + 1) + ", last played " +
-                     (last.empty() ? "on an unknown day" : last) + "\n";
+            out << "To be removed: player " << calledPlayer(slot, i + 1) << ", last played "
+                << (last.empty() ? "on an unknown day" : last) << '\n';
             slot = emptySlot();
         }
     }
-    out << (lines.empty() ? "There is nothing to remove.\n" : "To be removed:\n" + lines);
     std::string moved;
     for (std::size_t i = 0; i < characters.size(); ++i) {
         moved += isFree(characters[i]) ? fillGap(home, characters, i, false) : "";
     }
-    if (!dryRun && !lines.empty()) {
-        if (bytesOf(characters) != bytesOf(readCharacters(home))) {
-            change.write(characterFileName, bytesOf(characters));
-        }
-        change.commit(out);
-        out << "Removed.\n" << moved;
+    if (bytesOf(characters) != before) {
+        files[characterFileName] = bytesOf(characters);
+    }
+    if (files.empty()) {
+        out << "There is nothing to remove.\n";
+    } else if (!dryRun) {
+        change.commit(files, out);
+        out << moved;
     }
 }
 
 void markOffline(const GameDirectory& home, std::size_t number, std::ostream& out) {
-    Change change(home);
+    const Change change(home);
     Characters characters = readCharacters(home);
     if (number != 0) {
-        const PlayerRecord& slot = playerOf(characters, number);
-        if (home.isInside(slot)) {
-            throw Failure("player " + calledPlayer(slot, number) + " is in the game now");
-        }
+        refuseInside(home, playerOf(characters, number), number, false);
     }
-    std::string lines;
+    std::string cleared;
     for (std::size_t i = 0; i < characters.size(); ++i) {
         PlayerRecord& slot = characters[i];
         const bool isMeant = number == 0 || number == i + 1;
         if (isMeant && !isFree(slot) && slot.onlineFlag != 0 && !home.isInside(slot)) {
             slot.onlineFlag = 0;
-            lines += "Player " + calledPlayer(slot, i + 1) + " is marked off-line.\n";
+            cleared += "Player " + calledPlayer(slot, i + 1) + " is marked off-line.\n";
         }
     }
-    if (lines.empty()) {
-        out << "No mark to clear.\n";
-        return;
+    if (!cleared.empty()) {
+        change.commit({{characterFileName, bytesOf(characters)}}, out);
     }
-    change.write(characterFileName, bytesOf(characters));
-    change.commit(out);
-    out << lines;
+    out << (cleared.empty() ? "No mark to clear.\n" : cleared);
 }
 
 void removeMessage(const GameDirectory& home, std::size_t number, std::ostream& out) {
-    Change change(home);
+    const Change change(home);
+    Contents files;
     std::size_t count = 0;
     std::string removed;
-    removeEntries(home, change, [&](const ScrollEntry& entry) {
-        const bool isMeant = isShown(entry) && ++count == number;
-        removed = isMeant ? shownText(entry.author + ": " + entry.message) : removed;
-        return isMeant;
-    });
-    if (count < number) {
-        throw Failure("the board has no message " + std::to_string(number));
-    }
-    change.commit(out);
-    out << "Removed from the board: " << toUtf8(removed) << '\n';
+    const IsToGo isMeant = [&](const ScrollEntry& entry) {
+        const bool isIt = isShown(entry) && ++count == number;
+        removed = isIt ? shownText(entry.author) + ": " + shownText(entry.message) : removed;
+        return isIt;
+    };
+    failIf(removeEntries(home, files, isMeant) == 0,
+           "the board has no message " + std::to_string(number));
+    change.commit(files, out);
+    out << "Removed: " << toUtf8(removed) << '\n';
 }
 
 void removeScore(const GameDirectory& home, std::size_t number, std::ostream& out) {
-    Change change(home);
-    const std::vector<ScoreEntry> entries = scoresOf(home);
-    if (entries.size() < number) {
-        throw Failure("the list has no line " + std::to_string(number));
-    }
-    std::size_t count = 0;
-    removeScores(home, change, [&](const ScoreEntry&) { return ++count == number; });
-    change.commit(out);
-    const ScoreEntry& removed = entries[number - 1];
-    out << "Removed from the ten best: " << toUtf8(removed.name) << ", " << removed.score << '\n';
-}
-
-void restoreBackup(const GameDirectory& home, const std::string& named, bool forced,
-                   std::ostream& out) {
-    Change change(home);
-    const fs::path path = findBackup(home, named);
-    const Contents files = readBackup(path);
-    if (!forced) {
-        change.refuseWhilePlayed();
-    }
-    const std::vector<std::string> before = dataFiles(home);
-    for (const auto& [name, content] : files) {
-        change.write(name, content);
-    }
-    for (const std::string& name : before) {
-        if (files.count(name) == 0) {
-            change.remove(name);
-        }
-    }
-    change.commit(out, path);
-    for (const auto& [name, content] : files) {
-        if (std::find(before.begin(), before.end(), name) == before.end()) {
-            fs::permissions(home.file(name), fs::status(path / name).permissions());
-        }
-    }
-    out << "Restored " << path.string() << ": " << summaryOf(files) << ".\n";
-}
-
-void beginSeason(const GameDirectory& home, bool forced, std::ostream& out) {
-    Change change(home);
-    const std::vector<std::string> names = dataFiles(home);
-    if (!forced) {
-        change.refuseWhilePlayed();
-    }
-    if (names.empty()) {
-        out << "There is nothing to reset: nobody has played yet.\n";
-        return;
-    }
-    for (const std::string& name : names) {
-        change.remove(name);
-    }
-    change.commit(out);
-    out << "A new season: " << counted(names.size(), "data file") << " removed.\n";
+    const Change change(home);
+    std::vector<ScoreEntry> entries = scoresOf(home);
+    failIf(entries.size() < number, "the list has no line " + std::to_string(number));
+    const ScoreEntry removed = entries[number - 1];
+    entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(number) - 1);
+    Contents files;
+    putScores(entries, files);
+    change.commit(files, out);
+    out << "Removed: " << toUtf8(removed.name) << ", " << removed.score << '\n';
 }
 
 } // namespace morvek

@@ -1,6 +1,6 @@
-// The verbs that change the data files. Each is one change, after a backup, and none when there is
-// nothing to change. The game's saves take over what others have changed, character by character:
-// so a character can be changed while others play, but not while its own player is in the game.
+// The verbs that change characters, the board and the scores. The game's saves take over what
+// others have changed, character by character: so a character can be changed while others play, but
+// not while its own player is in the game. Nothing is backed up when there is nothing to change.
 #pragma once
 
 #include "sysop/game_directory.h"
@@ -34,12 +34,5 @@ void markOffline(const GameDirectory& home, std::size_t number, std::ostream& ou
 // `board` and `scores` show them.
 void removeMessage(const GameDirectory& home, std::size_t number, std::ostream& out);
 void removeScore(const GameDirectory& home, std::size_t number, std::ostream& out);
-
-// Puts the data files back as the backup holds them; files that it does not hold go.
-void restoreBackup(const GameDirectory& home, const std::string& named, bool forced,
-                   std::ostream& out);
-
-// Removes all data files: a new season.
-void beginSeason(const GameDirectory& home, bool forced, std::ostream& out);
 
 } // namespace morvek

@@ -23,9 +23,21 @@ struct Misuse : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The failure of a system call: "PATH cannot be read: Permission denied".
-inline Failure cannot(const std::string& path, const std::string& what, int error) {
-    return Failure(path + " cannot be " + what + ": " + std::strerror(error));
+inline void failIf(bool hasFailed, const std::string& text) {
+    if (hasFailed) {
+        throw Failure(text);
+    }
+}
+
+inline void refuseIf(bool isWrong, const std::string& text) {
+    if (isWrong) {
+        throw Misuse(text);
+    }
+}
+
+// Fails when a system call's error is not 0: "PATH cannot be read: Permission denied".
+inline void failWith(int error, const std::string& path, const char* what) {
+    failIf(error != 0, path + " cannot be " + what + ": " + std::strerror(error));
 }
 
 // What happened, in the words that an operator reads.

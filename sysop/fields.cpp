@@ -59,10 +59,9 @@ void put(const Field& field, PlayerRecord& slot, const Value& value) {
     std::memcpy(reinterpret_cast<char*>(&slot) + field.offset, &value, sizeof value);
 }
 
+// The byte `inUse` is read with the three zeros behind it.
 double numberIn(const Field& field, const PlayerRecord& slot) {
-    return field.kind == money  ? get<double>(field, slot)
-           : field.kind == byte ? get<std::uint8_t>(field, slot)
-                                : get<std::int32_t>(field, slot);
+    return field.kind == money ? get<double>(field, slot) : get<std::int32_t>(field, slot);
 }
 
 // All its digits, with no exponent.
@@ -82,92 +81,70 @@ const Wares& waresOf(const Field& field) {
     return field.name == wares[0].name || field.name == wares[0].number ? wares[0] : wares[1];
 }
 
-std::optional<std::string> complaintAboutNumber(const Field& field, const PlayerRecord& slot,
-                                                std::size_t index) {
+// A fault that the value may have, and whether it has it.
+struct Fault {
+    bool isThere;
+    std::string text;
+};
+
+std::vector<Fault> faultsOfNumber(const Field& field, const PlayerRecord& slot, std::size_t index) {
     const double value = numberIn(field, slot);
     const std::string is = "is " + shown(value);
-    if (!(value >= field.least && value <= field.most)) {
-        return is + "; " + rangeOf(field);
-    }
-    if (value != std::floor(value)) {
-        return is + "; must be a whole number";
-    }
-    if (field.rule == day && value != 0 && dayOf(slot.lastPlayedDay).empty()) {
-        return is + "; must be a date as MMDDYY";
-    }
-    if (field.rule == upToMaximum && value > slot.maxHitPoints) {
-        return is + ", above maxHitPoints (" + std::to_string(slot.maxHitPoints) + ")";
-    }
-    if (field.rule == ownSlot && value != 0 && value != static_cast<double>(index)) {
-        return is + "; must be 0 or " + std::to_string(index) + ", as the slot";
-    }
-    return std::nullopt;
+    const std::string own = std::to_string(index);
+    return {{!(value >= field.least && value <= field.most), is + "; " + rangeOf(field)},
+            {value != std::floor(value), is + "; must be a whole number"},
+            {field.rule == day && value != 0 && dayOf(slot.lastPlayedDay).empty(),
+             is + "; must be a date as MMDDYY"},
+            {field.rule == upToMaximum && value > slot.maxHitPoints,
+             is + ", above maxHitPoints (" + std::to_string(slot.maxHitPoints) + ")"},
+            {field.rule == ownSlot && value != 0 && value != static_cast<double>(index),
+             is + "; must be 0 or " + own + ", as the slot"}};
 }
 
-std::optional<std::string> complaintAboutText(const Field& field, const PlayerRecord& slot) {
+std::vector<Fault> faultsOfText(const Field& field, const PlayerRecord& slot) {
     const TextSlot held = get<TextSlot>(field, slot);
     const std::string_view view = held.view();
-    const auto mustBe = [&](std::string_view wanted) {
-        return "is " + inQuotes(view) + "; must be " + std::string(wanted);
-    };
-    if (held.length > TextSlot::capacity) {
-        return "has the length " + std::to_string(held.length) +
-               "; must be at most 15 (the game reads it as empty)";
-    }
-    if (holdsControls(view)) {
-        return "contains a control byte (" + inQuotes(view) + " without it)";
-    }
-    if (field.rule == versionMark && view != slotVersion) {
-        return mustBe(inQuotes(slotVersion));
-    }
-    if (field.rule != none && view.empty()) {
-        return "is empty";
-    }
-    if (field.rule == characterName && view.find('#') != std::string_view::npos) {
-        return "is " + inQuotes(view) + "; a '#' would break scores.dat";
-    }
-    if (field.rule == oneOfTheClasses && view != colourOfClass(view).name) {
-        return mustBe(classNames);
-    }
+    const std::string is = "is " + inQuotes(view);
+    std::vector<Fault> faults{
+        {held.length > TextSlot::capacity, "has the length " + std::to_string(held.length) +
+                                               "; must be at most 15 (the game reads it as empty)"},
+        {holdsControls(view), "contains a control byte (" + inQuotes(view) + " without it)"},
+        {field.rule == versionMark && view != slotVersion,
+         is + "; must be " + inQuotes(slotVersion)},
+        {field.rule != none && view.empty(), "is empty"},
+        {field.rule == characterName && view.find('#') != std::string_view::npos,
+         is + "; a '#' would break scores.dat"},
+        {field.rule == oneOfTheClasses && view != colourOfClass(view).name,
+         is + "; must be " + std::string(classNames)}};
     if (field.rule == ware) {
         const Wares& kind = waresOf(field);
-        const auto number =
-            static_cast<std::size_t>(get<std::int32_t>(recordField(kind.number), slot));
-        if (number < kind.names.size() && view != kind.names[number]) {
-            return mustBe(kind.names[number]) + ", which is number " + std::to_string(number);
-        }
+        const auto number = get<std::int32_t>(recordField(kind.number), slot);
+        const bool isKnown = number >= 0 && number < static_cast<int>(kind.names.size());
+        const std::string_view name = kind.names.at(isKnown ? static_cast<std::size_t>(number) : 0);
+        faults.push_back({isKnown && view != name,
+                          is + "; number " + std::to_string(number) + " is " + inQuotes(name)});
     }
-    return std::nullopt;
+    return faults;
 }
 
 void setText(const Field& field, PlayerRecord& slot, std::string_view typed) {
     const std::optional<std::string> value = text::toCp437(typed);
     const std::string subject = field.name + ": \"" + std::string(typed) + "\" ";
-    if (!value) {
-        throw Misuse(subject + "has a character that is not in CP437");
-    }
-    if (value->size() > TextSlot::capacity) {
-        throw Misuse(subject + "is longer than 15 characters");
-    }
-    if (field.rule == owner && (value->starts_with(' ') || value->ends_with(' '))) {
-        throw Misuse(subject + "begins or ends with a blank, which no caller's name does");
-    }
+    refuseIf(!value, subject + "has a character that is not in CP437");
+    refuseIf(value->size() > TextSlot::capacity, subject + "is longer than 15 characters");
+    refuseIf(field.rule == owner && (value->starts_with(' ') || value->ends_with(' ')),
+             subject + "begins or ends with a blank, which no caller's name does");
     put(field, slot, TextSlot(*value));
 }
 
 void setNumber(const Field& field, PlayerRecord& slot, std::string_view typed) {
     const std::optional<std::int64_t> value = wholeNumber(typed);
-    if (!value) {
-        throw Misuse(field.name + ": \"" + std::string(typed) + "\" is not a whole number");
-    }
+    refuseIf(!value, field.name + ": \"" + std::string(typed) + "\" is not a whole number");
     const auto amount = static_cast<double>(*value);
-    if (amount < field.least || amount > field.most) {
-        throw Misuse(field.name + " cannot be " + std::to_string(*value) + "; " + rangeOf(field));
-    }
+    refuseIf(amount < field.least || amount > field.most,
+             field.name + " cannot be " + std::to_string(*value) + "; " + rangeOf(field));
     if (field.kind == money) {
         put(field, slot, amount);
-    } else if (field.kind == byte) {
-        put(field, slot, static_cast<std::uint8_t>(*value));
     } else {
         put(field, slot, static_cast<std::int32_t>(*value));
     }
@@ -264,7 +241,7 @@ const std::vector<Field>& recordFields() {
         {"turnsPerDay",      number, offsetof(PlayerRecord, turnsPerDay), 30, 30},
         {"reserved",         number, offsetof(PlayerRecord, reserved), 0, 0},
         {"reservedCounter",  number, offsetof(PlayerRecord, reservedCounter), 0, 0},
-        {"inUse",            byte,   offsetof(PlayerRecord, inUse), 1, 1},
+        {"inUse",            number, offsetof(PlayerRecord, inUse), 1, 1},
         {"currentLocation",  number, offsetof(PlayerRecord, currentLocation), 0, locationCount},
     };
     return fields;
@@ -339,18 +316,21 @@ const Field& setField(PlayerRecord& slot, std::string_view name, std::string_vie
             }
         }
     }
-    if (named == nullptr) {
-        throw Misuse(std::string(name) +
-                     " is not a field of a character (`show` lists them) or a " +
-                     "flag of the world, such as searched.12");
-    }
+    refuseIf(named == nullptr, std::string(name) +
+                                   " is not a field of a character (`show` lists "
+                                   "them) or a flag of the world, such as searched.12");
     return *named;
 }
 
 std::optional<std::string> complaintAbout(const Field& field, const PlayerRecord& slot,
                                           std::size_t index) {
-    return field.kind == text ? complaintAboutText(field, slot)
-                              : complaintAboutNumber(field, slot, index);
+    for (const Fault& fault :
+         field.kind == text ? faultsOfText(field, slot) : faultsOfNumber(field, slot, index)) {
+        if (fault.isThere) {
+            return fault.text;
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<std::int64_t> wholeNumber(std::string_view typed) {

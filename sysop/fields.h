@@ -16,7 +16,7 @@
 
 namespace morvek {
 
-enum class FieldKind : std::uint8_t { text, number, byte, money };
+enum class FieldKind : std::uint8_t { text, number, money };
 
 // What a field must fulfil beside its length or its range.
 enum class FieldRule : std::uint8_t {

@@ -33,7 +33,7 @@ bool isStamp(std::string_view text) {
 
 bool holdsGame(const GameDirectory& home) {
     const bool menu = std::any_of(menuNames.begin(), menuNames.end(), [&](const auto& name) {
-        return findInAnyCase(home, name + ".asc") || findInAnyCase(home, name + ".ans");
+        return !(nameInAnyCase(home, name + ".asc") + nameInAnyCase(home, name + ".ans")).empty();
     });
     return menu || fs::exists(home.start / configurationFileName) || !dataFiles(home).empty();
 }
@@ -45,9 +45,7 @@ const std::vector<std::string> menuNames{"intmenu", "clasmenu", "townmenu", "wea
                                          "drink",   "training", "areaone"};
 
 GameDirectory openGame(const std::string& directory) {
-    if (!fs::is_directory(directory)) {
-        throw Failure(directory + ": not a directory");
-    }
+    failIf(!fs::is_directory(directory), directory + ": not a directory");
     const std::string path = (fs::path(directory) / configurationFileName).string();
     const auto configuration =
         parseConfiguration(readWhole(path).value_or("")).value_or(Configuration{});
@@ -58,20 +56,26 @@ GameDirectory openGame(const std::string& directory) {
     }
     GameDirectory home(directory, data);
     home.configuration = configuration;
-    if (!holdsGame(home)) {
-        throw Failure(directory + ": no game found, neither " + configurationFileName +
-                      " nor any file of a game; name its directory with --game");
-    }
+    failIf(!holdsGame(home), directory + ": no game found, neither " + configurationFileName +
+                                 " nor any file of a game; name its directory with --game");
     return home;
 }
 
-std::optional<std::string> findInAnyCase(const GameDirectory& home, const std::string& name) {
-    for (const fs::directory_entry& entry : fs::directory_iterator(home.data)) {
-        if (text::sameLetters(entry.path().filename().string(), name)) {
-            return entry.path().filename().string();
-        }
+std::vector<std::string> namesIn(const fs::path& directory) {
+    std::vector<std::string> names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
+        names.push_back(entry.path().filename().string());
     }
-    return std::nullopt;
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string nameInAnyCase(const GameDirectory& home, const std::string& name) {
+    const std::vector<std::string> names = namesIn(home.data);
+    const auto found = std::find_if(names.begin(), names.end(), [&](const std::string& one) {
+        return text::sameLetters(one, name);
+    });
+    return found == names.end() ? std::string() : *found;
 }
 
 fs::path createDirectories(const fs::path& path) {
@@ -81,10 +85,10 @@ fs::path createDirectories(const fs::path& path) {
     }
     const fs::path created = path.has_parent_path() ? createDirectories(above) : fs::path();
     struct stat owner {};
-    if (::mkdir(path.c_str(), 0777) != 0 || ::stat(above.c_str(), &owner) != 0 ||
-        (::geteuid() == 0 && ::chown(path.c_str(), owner.st_uid, owner.st_gid) != 0)) {
-        throw cannot(path.string(), "created", errno);
-    }
+    const bool isCreated =
+        ::mkdir(path.c_str(), 0777) == 0 && ::stat(above.c_str(), &owner) == 0 &&
+        (::geteuid() != 0 || ::chown(path.c_str(), owner.st_uid, owner.st_gid) == 0);
+    failWith(isCreated ? 0 : errno, path.string(), "created");
     return created.empty() ? path : created;
 }
 
@@ -123,14 +127,8 @@ std::string dayOf(std::int32_t stamp) {
 }
 
 std::vector<std::string> dataFiles(const GameDirectory& home) {
-    std::vector<std::string> names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(home.data)) {
-        const std::string name = entry.path().filename().string();
-        if (isDataFileName(name)) {
-            names.push_back(name);
-        }
-    }
-    std::sort(names.begin(), names.end());
+    std::vector<std::string> names = namesIn(home.data);
+    std::erase_if(names, [](const std::string& name) { return !isDataFileName(name); });
     return names;
 }
 
@@ -141,9 +139,7 @@ bool isDataFileName(std::string_view name) {
 
 std::string readData(const GameDirectory& home, const std::string& name) {
     const std::optional<std::string> content = readWhole(home.file(name));
-    if (!content && errno != ENOENT) {
-        throw cannot(home.file(name), "read", errno);
-    }
+    failWith(content || errno == ENOENT ? 0 : errno, home.file(name), "read");
     return content.value_or(std::string());
 }
 

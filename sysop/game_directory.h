@@ -8,7 +8,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,9 +47,11 @@ struct GameDirectory {
 // morvek.cfg leads to the data, if it leads anywhere. Throws Failure when no game is there.
 GameDirectory openGame(const std::string& directory);
 
-// The file's name as it is written in the directory, in whatever letter case; nothing when there
-// is none.
-std::optional<std::string> findInAnyCase(const GameDirectory& home, const std::string& name);
+// The names of everything in the directory, sorted.
+std::vector<std::string> namesIn(const fs::path& directory);
+
+// The file's name as the directory has it, in whatever letter case; empty when it has none.
+std::string nameInAnyCase(const GameDirectory& home, const std::string& name);
 
 // Creates the directory and those above it. What root creates belongs to the owner of the directory
 // that it is created in. Returns the uppermost directory that was created; empty when all are

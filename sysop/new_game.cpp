@@ -8,8 +8,8 @@
 #include "text/cp437.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
+#include <sstream>
 #include <vector>
 
 namespace morvek {
@@ -36,31 +36,20 @@ bool holdsMenus(const fs::path& place) {
 fs::path findMenus(const NewGame& wanted) {
     const std::vector<fs::path> places = menuPlaces(wanted);
     const auto found = std::find_if(places.begin(), places.end(), holdsMenus);
-    if (found != places.end()) {
-        return *found;
-    }
-    throw Failure(wanted.menus.empty()
-                      ? "the display files are not installed; name their directory with --menus"
-                      : wanted.menus + ": some display files are missing");
+    failIf(found == places.end(),
+           wanted.menus.empty()
+               ? "the display files are not installed; name their directory with --menus"
+               : wanted.menus + ": some display files are missing");
+    return *found;
 }
 
 std::string configurationOf(const NewGame& wanted) {
     const std::optional<std::string> board = text::toCp437(wanted.board);
-    if (!board || std::any_of(board->begin(), board->end(), isControl)) {
-        throw Misuse("the board's name has a character that is not in CP437");
-    }
-    if (board->empty() || board->size() > longestConfigurationLine) {
-        throw Misuse("the board's name must be 1 to 253 characters long");
-    }
+    refuseIf(!board || holdsControls(*board),
+             "the board's name has a character that is not in CP437");
+    refuseIf(board->empty() || board->size() > longestConfigurationLine,
+             "the board's name must be 1 to 253 characters long");
     return "Morvek\n" + *board + "\n.\n";
-}
-
-void refuseWhatIsThere(const fs::path& directory) {
-    std::error_code ignored;
-    if (fs::exists(directory, ignored) &&
-        (!fs::is_directory(directory, ignored) || !fs::is_empty(directory, ignored))) {
-        throw Failure(directory.string() + " already exists and is not empty");
-    }
 }
 
 // The character file with one character who belongs to no caller.
@@ -70,23 +59,16 @@ std::string charactersWith(const std::string& keeper) {
     for (const char* name : {"bbsName", "ownerName", "name"}) {
         setField(slot, name, keeper);
     }
-    for (const char* name : {"strength", "constitution", "dexterity", "intelligence", "wisdom",
-                             "charisma", "maxHitPoints", "hitPoints"}) {
-        setField(slot, name, "18");
+    std::istringstream others(
+        "className Fighter level 1 experienceNeeded 1000 maxHitPoints 18 hitPoints 18 strength 18 "
+        "constitution 18 dexterity 18 intelligence 18 wisdom 18 charisma 18 weapon Fists armour "
+        "T-Shirt turnsLeft 30 turnsPerDay 30 inUse 1");
+    for (std::string name, value; others >> name >> value;) {
+        setField(slot, name, value);
     }
-    for (const char* name : {"turnsLeft", "turnsPerDay"}) {
-        setField(slot, name, "30");
-    }
-    setField(slot, "className", "Fighter");
-    setField(slot, "level", "1");
-    setField(slot, "experienceNeeded", "1000");
-    setField(slot, "weaponNumber", "0");
-    setField(slot, "armourNumber", "0");
-    setField(slot, "inUse", "1");
     for (const Field& field : recordFields()) {
-        if (const auto fault = complaintAbout(field, slot, 0)) {
-            throw Misuse("--keeper: the " + field.name + " " + *fault);
-        }
+        const auto fault = complaintAbout(field, slot, 0);
+        refuseIf(fault.has_value(), "--keeper: the " + field.name + " " + fault.value_or(""));
     }
     return bytesOf(characters);
 }
@@ -108,24 +90,19 @@ std::map<std::string, std::string> filesOf(const NewGame& wanted) {
     return files;
 }
 
-void writeFiles(const fs::path& directory, const std::map<std::string, std::string>& files) {
-    for (const auto& [name, content] : files) {
-        const std::string path = (directory / name).string();
-        if (const int error = replaceFile(path, content)) {
-            throw cannot(path, "written", error);
-        }
-    }
-}
-
 } // namespace
 
 void makeGame(const NewGame& wanted, std::ostream& out) {
     const fs::path directory = wanted.directory;
-    refuseWhatIsThere(directory);
+    failIf(fs::exists(directory) && (!fs::is_directory(directory) || !fs::is_empty(directory)),
+           directory.string() + " already exists and is not empty");
     const std::map<std::string, std::string> files = filesOf(wanted);
     const fs::path created = createDirectories(directory);
     try {
-        writeFiles(directory, files);
+        for (const auto& [name, content] : files) {
+            const std::string path = (directory / name).string();
+            failWith(replaceFile(path, content), path, "written");
+        }
     } catch (...) {
         for (const auto& [name, content] : files) {
             fs::remove(directory / name);

@@ -14,15 +14,12 @@ constexpr std::size_t fieldWidth = 18;
 
 using Row = std::vector<std::string>;
 
-const std::vector<std::string> listedFields{"ownerName", "name",       "className",
-                                            "level",     "experience", "gold"};
-
 // Whether a column of the list holds numbers: the player's, and level, experience and gold.
 bool isNumber(std::size_t column) { return column == 0 || (column >= 4 && column <= 6); }
 
 Row rowOf(const GameDirectory& home, const PlayerRecord& slot, std::size_t number) {
     Row row{std::to_string(number)};
-    for (const std::string& name : listedFields) {
+    for (const char* name : {"ownerName", "name", "className", "level", "experience", "gold"}) {
         row.push_back(shownValue(recordField(name), slot));
     }
     const std::string day = dayOf(slot.lastPlayedDay);
@@ -45,29 +42,15 @@ void writeTable(const std::vector<Row>& rows, std::ostream& out) {
     }
 }
 
-// What JSON tells of a player beside his fields.
-void addPresence(Json& row, const GameDirectory& home, const PlayerRecord& slot) {
-    const std::string day = dayOf(slot.lastPlayedDay);
-    row["online"] = slot.onlineFlag != 0;
-    row["inside"] = home.isInside(slot);
-    row["lastDay"] = day.empty() ? Json(nullptr) : Json(day);
-}
-
-Json jsonRow(const GameDirectory& home, const PlayerRecord& slot, std::size_t number) {
-    Json row{{"number", number}};
-    for (const std::string& name : listedFields) {
-        row[name] = jsonValue(recordField(name), slot);
-    }
-    addPresence(row, home, slot);
-    return row;
-}
-
 Json jsonOf(const GameDirectory& home, const PlayerRecord& slot, std::size_t number) {
     Json whole{{"number", number}};
     for (const Field& field : recordFields()) {
         whole[field.name] = jsonValue(field, slot);
     }
-    addPresence(whole, home, slot);
+    const std::string day = dayOf(slot.lastPlayedDay);
+    whole["online"] = slot.onlineFlag != 0;
+    whole["inside"] = home.isInside(slot);
+    whole["lastDay"] = day.empty() ? Json(nullptr) : Json(day);
     Json& world = whole["world"] = {{"places", worldPlaces().front().count}};
     for (const Places& places : worldPlaces()) {
         const std::vector<int> visited = visitedPlaces(places, slot);
@@ -115,9 +98,7 @@ void writeWhole(const GameDirectory& home, const PlayerRecord& slot, std::size_t
 
 PlayerRecord& playerOf(Characters& characters, std::size_t number) {
     PlayerRecord& slot = characters.at(number - 1);
-    if (isFree(slot)) {
-        throw Failure("no player " + std::to_string(number));
-    }
+    failIf(isFree(slot), "no player " + std::to_string(number));
     return slot;
 }
 
@@ -134,7 +115,7 @@ void listPlayers(const GameDirectory& home, bool asJson, std::ostream& out) {
     for (std::size_t i = 0; i < characters.size(); ++i) {
         if (!isFree(characters[i])) {
             rows.push_back(rowOf(home, characters[i], i + 1));
-            list.push_back(jsonRow(home, characters[i], i + 1));
+            list.push_back(jsonOf(home, characters[i], i + 1));
         }
     }
     if (asJson) {

@@ -133,8 +133,8 @@ TEST_F(Edit, BackupRestoresEverythingAsItWas) {
     EXPECT_TRUE(isUnchanged());
     EXPECT_EQ(readFile("scores.dat"), "Arwen#1500Ranger\n");
     EXPECT_FALSE(fs::exists("111626.txt"));
-    EXPECT_EQ(told("backup --list"), "backup/auto/20261115-120000  2 files, 3 players\n"
-                                     "backup/auto/20261115-120000.2  1 file, 0 players\n");
+    EXPECT_EQ(told("backup --list"), "backup/auto/20261115-120000: 2 files, 3 players\n"
+                                     "backup/auto/20261115-120000.2: 1 file, 0 players\n");
 }
 
 TEST_F(Edit, FailedBackupLeavesNothingBehind) {
