@@ -122,6 +122,14 @@ Contents readBackup(const fs::path& path) {
     return files;
 }
 
+Contents everythingGone(const GameDirectory& home) {
+    Contents files;
+    for (const std::string& name : dataFiles(home)) {
+        files.try_emplace(name);
+    }
+    return files;
+}
+
 Json summaryOf(const fs::path& path) {
     const GameDirectory saved(path, path);
     return {{"path", path.string()},
@@ -141,14 +149,14 @@ Change::Change(const GameDirectory& home) : home_(home), transaction_(*home.lock
                                          home.file(lockFileName) + "); nothing was changed");
 }
 
-void Change::refuseWhilePlayed() const {
+void Change::refuseWhilePlayed(bool forced) const {
     std::string names;
     for (const PlayerRecord& slot : readCharacters(home_)) {
         if (home_.isInside(slot)) {
             names.append(names.empty() ? "" : ", ").append(toUtf8(slot.name.view()));
         }
     }
-    failIf(home_.lock->isAnybodyInside(),
+    failIf(!forced && home_.lock->isAnybodyInside(),
            "in the game now: " + (names.empty() ? "a new caller" : names) +
                "; the next save would undo the change (--force changes nevertheless)");
 }
@@ -209,29 +217,20 @@ void restoreBackup(const GameDirectory& home, const std::string& named, bool for
     const Change change(home);
     const fs::path path = findBackup(home, named);
     Contents files = readBackup(path);
-    if (!forced) {
-        change.refuseWhilePlayed();
-    }
-    for (const std::string& name : dataFiles(home)) {
-        files.try_emplace(name);
-    }
+    files.merge(everythingGone(home));
+    change.refuseWhilePlayed(forced);
     change.commit(files, out, path);
     out << "Restored " << shownSummary(summaryOf(path)) << ".\n";
 }
 
 void beginSeason(const GameDirectory& home, bool forced, std::ostream& out) {
     const Change change(home);
-    if (!forced) {
-        change.refuseWhilePlayed();
-    }
-    Contents files;
-    for (const std::string& name : dataFiles(home)) {
-        files.try_emplace(name);
-    }
+    const Contents files = everythingGone(home);
     if (files.empty()) {
         out << "There is nothing to reset: nobody has played yet.\n";
         return;
     }
+    change.refuseWhilePlayed(forced);
     change.commit(files, out);
     out << "A new season: " << counted(files.size(), "data file") << " removed.\n";
 }

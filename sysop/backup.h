@@ -27,8 +27,8 @@ public:
     // Takes the lock; throws Failure when another program does not let go of it.
     explicit Change(const GameDirectory& home);
 
-    // Throws Failure when anybody is in the game, whose saves would undo the change.
-    void refuseWhilePlayed() const;
+    // Throws Failure when anybody is in the game, whose saves would undo the change, unless forced.
+    void refuseWhilePlayed(bool forced) const;
 
     // Makes a backup, says where it is, and changes the files. The backup `kept` stays.
     void commit(const Contents& files, std::ostream& out, const fs::path& kept = {}) const;

@@ -58,18 +58,6 @@ void writeLines(const Page& page, bool ansi, std::ostream& out) {
     out << (ansi ? "\033[0m" : "");
 }
 
-// The lines of a day's news.
-std::vector<std::vector<std::string>> newsLines(const std::string& news) {
-    std::vector<std::vector<std::string>> lines;
-    std::istringstream text(news);
-    for (std::string line; std::getline(text, line);) {
-        if (line = withoutControls(line); !line.empty()) {
-            lines.push_back({line});
-        }
-    }
-    return lines;
-}
-
 } // namespace
 
 std::string shownText(std::string_view text) {
@@ -121,7 +109,13 @@ void writeScores(const GameDirectory& home, Format format, std::ostream& out) {
 
 void writeNews(const GameDirectory& home, const std::string& stamp, Format format,
                std::ostream& out) {
-    Page page{"Morvek: News of " + dayOf(stamp), newsLines(readData(home, stamp + ".txt"))};
+    Page page{"Morvek: News of " + dayOf(stamp), {}};
+    std::istringstream news(readData(home, stamp + ".txt"));
+    for (std::string line; std::getline(news, line);) {
+        if (line = withoutControls(line); !line.empty()) {
+            page.rows.push_back({line});
+        }
+    }
     if (format == Format::json) {
         Json list = Json::array();
         for (const std::vector<std::string>& row : page.rows) {

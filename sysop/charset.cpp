@@ -9,18 +9,6 @@ bool holdsControls(std::string_view text) {
     return std::any_of(text.begin(), text.end(), isControl);
 }
 
-bool looksLikeUtf8(std::string_view bytes) {
-    text::Utf8Reader reader;
-    bool isPlain = true;
-    for (const char byte : bytes) {
-        isPlain = isPlain && static_cast<unsigned char>(byte) < 128;
-        if (reader.read(byte) == text::Utf8Reader::Step::malformed) {
-            return false;
-        }
-    }
-    return !isPlain && !reader.midway();
-}
-
 std::string toUtf8(std::string_view cp437) {
     std::string utf8;
     text::appendAsUtf8(utf8, withoutControls(cp437));

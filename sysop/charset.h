@@ -16,9 +16,6 @@ using text::withoutControls;
 
 bool holdsControls(std::string_view text);
 
-// Whether the bytes are UTF-8 with a character above 127, so hardly CP437.
-bool looksLikeUtf8(std::string_view bytes);
-
 // The text in UTF-8, without its control bytes.
 std::string toUtf8(std::string_view cp437);
 

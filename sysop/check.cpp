@@ -6,6 +6,7 @@
 #include "state/text_slot.h"
 #include "sysop/charset.h"
 #include "sysop/failure.h"
+#include "text/cp437.h"
 
 #include <algorithm>
 #include <array>
@@ -20,6 +21,8 @@
 
 namespace morvek {
 namespace {
+
+using enum Severity;
 
 constexpr std::string_view newDay = "It's a new day!\n\r";
 constexpr std::string_view newsLineEnd = "\n\r";
@@ -39,12 +42,12 @@ std::string withoutIt(std::string_view text) {
 // than the length.
 void checkBoardText(const TextSlot& cell, const Subject& about, std::size_t longest) {
     const std::string length = std::to_string(cell.length);
-    if (!about.error(cell.length > longest,
-                     "has the length " + length + "; must be at most " + std::to_string(longest))) {
-        about.note(cell.length > TextSlot::capacity,
-                   "had " + length + " characters; the file keeps only the length of more than 15");
+    if (!about(error, cell.length > longest,
+               "has the length " + length + "; must be at most " + std::to_string(longest))) {
+        about(note, cell.length > TextSlot::capacity,
+              "had " + length + " characters; the file keeps only the length of more than 15");
     }
-    about.error(holdsControls(cell.view()), withoutIt(cell.view()));
+    about(error, holdsControls(cell.view()), withoutIt(cell.view()));
 }
 
 // What was not read, or would be written otherwise than it stands.
@@ -56,32 +59,33 @@ void checkScoreText(std::string_view text, std::span<const ScoreEntry> entries,
         const std::string line = scoreLine(entries[i]);
         if (!text.starts_with(line) && text.substr(blanks).starts_with(line)) {
             isBlankTold = isBlankTold ||
-                          about.at(lineOf(i), "name")
-                              .note(true, "begins with a blank, which the game leaves out when it "
-                                          "reads the file");
+                          about.at(lineOf(i),
+                                   "name")(note, true,
+                                           "begins with a blank, which the game leaves out when it "
+                                           "reads the file");
             text.remove_prefix(blanks);
         }
-        if (about.at(lineOf(i)).warning(!text.starts_with(line),
-                                        "is not as the game writes it; it reads as " +
-                                            inQuotes(line.substr(0, line.size() - 1)))) {
+        if (about.at(lineOf(i))(warning, !text.starts_with(line),
+                                "is not as the game writes it; it reads as " +
+                                    inQuotes(line.substr(0, line.size() - 1)))) {
             return;
         }
         text.remove_prefix(line.size());
     }
-    about.at(lineOf(entries.size()))
-        .error(!text.empty(), entries.size() < topTenSize
-                                  ? "cannot be read: the list ends before it"
-                                  : "is one too many: the list has ten entries");
+    about.at(lineOf(entries.size()))(error, !text.empty(),
+                                     entries.size() < topTenSize
+                                         ? "cannot be read: the list ends before it"
+                                         : "is one too many: the list has ten entries");
 }
 
 void checkNewsText(std::string_view text, const Subject& about) {
-    about.at("line 1").note(!text.starts_with(newDay),
-                            "is not \"It's a new day!\": the first call of the day was cut off");
+    about.at("line 1")(note, !text.starts_with(newDay),
+                       "is not \"It's a new day!\": the first call of the day was cut off");
     for (std::size_t i = 0; !text.empty(); ++i) {
         const std::size_t end = text.find(newsLineEnd);
-        about.at(lineOf(i)).warning(end == std::string_view::npos,
-                                    "does not end in a line feed and a carriage return");
-        about.at(lineOf(i)).error(holdsControls(text.substr(0, end)), "contains a control byte");
+        about.at(lineOf(i))(warning, end == std::string_view::npos,
+                            "does not end in a line feed and a carriage return");
+        about.at(lineOf(i))(error, holdsControls(text.substr(0, end)), "contains a control byte");
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + newsLineEnd.size());
     }
 }
@@ -92,15 +96,15 @@ void checkMenu(const GameDirectory& home, const std::string& file, Findings& fin
         return;
     }
     const Subject about(findings, file);
-    about.warning(content->empty(), "is empty");
-    about.warning(looksLikeUtf8(*content),
-                  "is in UTF-8: callers see other characters; convert it to CP437");
+    about(warning, content->empty(), "is empty");
+    about(warning, text::looksLikeUtf8(*content),
+          "is in UTF-8: callers see other characters; convert it to CP437");
     std::size_t lines = 0;
     for (std::size_t at = 0; (at = content->find('\n', at)) != std::string::npos; ++at, ++lines) {
-        if (about.at(lineOf(lines))
-                .warning(at == 0 || (*content)[at - 1] != '\r',
-                         "ends in a line feed without a carriage return: what follows does not "
-                         "begin at the left")) {
+        if (about.at(lineOf(lines))(
+                warning, at == 0 || (*content)[at - 1] != '\r',
+                "ends in a line feed without a carriage return: what follows does not "
+                "begin at the left")) {
             return;
         }
     }
@@ -108,7 +112,7 @@ void checkMenu(const GameDirectory& home, const std::string& file, Findings& fin
 
 } // namespace
 
-bool Subject::add(Severity severity, bool holds, const std::string& text) const {
+bool Subject::operator()(Severity severity, bool holds, const std::string& text) const {
     if (holds) {
         findings_.push_back({severity, file_, place_, field_, text});
     }
@@ -121,11 +125,11 @@ std::optional<std::string> contentToCheck(const GameDirectory& home, const std::
     const Subject about(findings, name);
     std::error_code ignored;
     if (!fs::exists(fs::symlink_status(path, ignored)) ||
-        about.error(!fs::is_regular_file(path, ignored), "is not a regular file")) {
+        about(error, !fs::is_regular_file(path, ignored), "is not a regular file")) {
         return std::nullopt;
     }
     std::optional<std::string> content = readWhole(path.string());
-    about.error(!content, std::string("cannot be read: ") + std::strerror(errno));
+    about(error, !content, std::string("cannot be read: ") + std::strerror(errno));
     return content;
 }
 
@@ -134,9 +138,10 @@ void checkConfiguration(const GameDirectory& home, Findings& findings) {
     const std::optional<std::string> text =
         readWhole((home.start / configurationFileName).string());
     if (!text) {
-        about.warning(true, std::string("cannot be read: ") + std::strerror(errno) +
-                                ": no board is named, and the game uses the directory that it is "
-                                "started in");
+        about(warning, true,
+              std::string("cannot be read: ") + std::strerror(errno) +
+                  ": no board is named, and the game uses the directory that it is "
+                  "started in");
         return;
     }
     std::string_view rest = *text;
@@ -144,25 +149,26 @@ void checkConfiguration(const GameDirectory& home, Findings& findings) {
         const std::string_view line = rest.substr(0, rest.find('\n'));
         const Subject here = about.at(lineOf(i));
         const bool isLast = i + 1 == configurationLines;
-        if (!here.error(line.size() > longestConfigurationLine,
-                        "is longer than 253 characters: the game does not start") &&
-            !here.add(isLast ? Severity::error : Severity::warning, line.ends_with('\r'),
-                      "ends in a carriage return, which the game reads as part of it: use line "
-                      "feeds only")) {
-            here.warning(holdsControls(line), "contains a control byte");
+        if (!here(error, line.size() > longestConfigurationLine,
+                  "is longer than 253 characters: the game does not start") &&
+            !here(isLast ? error : warning, line.ends_with('\r'),
+                  "ends in a carriage return, which the game reads as part of it: use line "
+                  "feeds only")) {
+            here(warning, holdsControls(line), "contains a control byte");
         }
-        here.warning(i == 1 && looksLikeUtf8(line),
-                     "is in UTF-8: callers see other characters; convert it to CP437");
+        here(warning, i == 1 && text::looksLikeUtf8(line),
+             "is in UTF-8: callers see other characters; convert it to CP437");
         rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     }
     if (const auto configuration = parseConfiguration(*text)) {
         const std::string& led = configuration->gameDirectory;
         std::error_code ignored;
         const std::string instead = "the game uses the directory that it is started in";
-        about.at("line 3").warning(led.empty(), "is empty: " + instead);
-        about.at("line 3").error(!led.empty() && !led.ends_with('\r') &&
-                                     !fs::is_directory(home.start / led, ignored),
-                                 "is " + inQuotes(led) + ", which is not a directory: " + instead);
+        about.at("line 3")(warning, led.empty(), "is empty: " + instead);
+        about.at("line 3")(error,
+                           !led.empty() && !led.ends_with('\r') &&
+                               !fs::is_directory(home.start / led, ignored),
+                           "is " + inQuotes(led) + ", which is not a directory: " + instead);
     }
 }
 
@@ -179,16 +185,17 @@ void checkAccess(const GameDirectory& home, Findings& findings) {
     for (const auto& [name, path] : paths) {
         const int mode = path == home.data ? W_OK | X_OK : W_OK;
         const bool isRefused = ::faccessat(AT_FDCWD, path.c_str(), mode, AT_EACCESS) != 0;
-        Subject(findings, name)
-            .warning(isRefused && errno != ENOENT,
-                     std::string("cannot be written by the board's user: ") + std::strerror(errno));
+        Subject(findings, name)(warning, isRefused && errno != ENOENT,
+                                std::string("cannot be written by the board's user: ") +
+                                    std::strerror(errno));
     }
     failIf(isRoot && (::seteuid(0) != 0 || ::setegid(::getgid()) != 0), "cannot be root again");
     const Subject lock(findings, lockFileName);
-    lock.warning(!home.lock->works(), "cannot be locked, the file system has no locks: let one "
-                                      "caller play at a time (-ONECALLER)");
+    lock(warning, !home.lock->works(),
+         "cannot be locked, the file system has no locks: let one "
+         "caller play at a time (-ONECALLER)");
     const std::optional<std::string> content = contentToCheck(home, lockFileName, findings);
-    lock.warning(content && !content->empty(), "is not empty");
+    lock(warning, content && !content->empty(), "is not empty");
 }
 
 void checkMenus(const GameDirectory& home, Findings& findings) {
@@ -196,10 +203,10 @@ void checkMenus(const GameDirectory& home, Findings& findings) {
         const std::string plain = nameInAnyCase(home, name + ".asc");
         const std::string coloured = nameInAnyCase(home, name + ".ans");
         const Subject about(findings, name + (plain.empty() ? ".asc" : ".ans"));
-        if (!about.error(plain.empty() && coloured.empty(),
-                         "is missing, and " + name + ".ans too: callers see no menu")) {
-            about.warning(plain.empty(), "is missing: callers without ANSI graphics see no menu");
-            about.warning(coloured.empty(), "is missing: all callers see the plain menu");
+        if (!about(error, plain.empty() && coloured.empty(),
+                   "is missing, and " + name + ".ans too: callers see no menu")) {
+            about(warning, plain.empty(), "is missing: callers without ANSI graphics see no menu");
+            about(warning, coloured.empty(), "is missing: all callers see the plain menu");
         }
         for (const std::string& file : {plain, coloured}) {
             checkMenu(home, file, findings);
@@ -214,10 +221,10 @@ void checkBoard(const GameDirectory& home, Findings& findings) {
     }
     const Subject about(findings, scrollFileName);
     const std::size_t size = content->size();
-    about.note(size == 0 && !home.lock->othersType(),
-               "is empty: a call was cut off while a message was written");
-    about.error(size != 0 && size != scrollSize && size != 2 * scrollSize,
-                "has " + std::to_string(size) + " bytes; must be 480, or 960 once it was shown");
+    about(note, size == 0 && !home.lock->othersType(),
+          "is empty: a call was cut off while a message was written");
+    about(error, size != 0 && size != scrollSize && size != 2 * scrollSize,
+          "has " + std::to_string(size) + " bytes; must be 480, or 960 once it was shown");
     const std::vector<std::string> entries = boardEntries(*content);
     for (std::size_t i = 0; i < entries.size(); ++i) {
         std::array<TextSlot, 2> cells;
@@ -233,7 +240,7 @@ void checkScores(const GameDirectory& home, Findings& findings) {
     contentToCheck(home, ansiBulletinName, findings);
     const std::optional<std::string> text = contentToCheck(home, scoreFileName, findings);
     const Subject about(findings, scoreFileName);
-    if (!text || about.warning(text->empty(), "is empty: it reads as one entry without a name")) {
+    if (!text || about(warning, text->empty(), "is empty: it reads as one entry without a name")) {
         return;
     }
     std::array<ScoreEntry, topTenSize> table;
@@ -245,16 +252,16 @@ void checkScores(const GameDirectory& home, Findings& findings) {
         const ScoreEntry& entry = entries[i];
         const std::string score = "is " + std::to_string(entry.score);
         const Subject name = about.at(lineOf(i), "name");
-        name.error(holdsControls(entry.name), withoutIt(entry.name));
-        name.warning(!names.insert(entry.name).second, "is " + inQuotes(entry.name) + " again");
+        name(error, holdsControls(entry.name), withoutIt(entry.name));
+        name(warning, !names.insert(entry.name).second, "is " + inQuotes(entry.name) + " again");
         // The inn enters even who has no experience yet.
-        name.in("score").warning(entry.score < 0, score + "; must not be negative");
-        name.in("score").error(i > 0 && entry.score > entries[i - 1].score,
-                               score + ", more than in the line before");
-        name.in("className")
-            .error(entry.className.empty() ||
-                       entry.className != colourOfClass(entry.className).name,
-                   "reads as " + inQuotes(entry.className) + ", which is not a class");
+        name.in("score")(warning, entry.score < 0, score + "; must not be negative");
+        name.in("score")(error, i > 0 && entry.score > entries[i - 1].score,
+                         score + ", more than in the line before");
+        name.in("className")(error,
+                             entry.className.empty() ||
+                                 entry.className != colourOfClass(entry.className).name,
+                             "reads as " + inQuotes(entry.className) + ", which is not a class");
     }
 }
 
@@ -262,7 +269,7 @@ void checkNews(const GameDirectory& home, Findings& findings) {
     for (const std::string& name : dataFiles(home)) {
         if (isNewsFileName(name)) {
             const Subject about(findings, name);
-            about.warning(dayOf(name.substr(0, 6)).empty(), "is not named after a date");
+            about(warning, dayOf(name.substr(0, 6)).empty(), "is not named after a date");
             if (const std::optional<std::string> text = contentToCheck(home, name, findings)) {
                 checkNewsText(*text, about);
             }

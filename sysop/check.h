@@ -28,7 +28,7 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
-// Adds what is found about a place of a file, each where the condition holds.
+// A place of a file, about which findings are added. Adding returns the condition.
 class Subject {
 public:
     Subject(Findings& findings, std::string file, std::string place = {}, std::string field = {})
@@ -40,17 +40,7 @@ public:
     }
     [[nodiscard]] Subject in(std::string field) const { return at(place_, std::move(field)); }
 
-    // Returns the condition.
-    bool add(Severity severity, bool holds, const std::string& text) const;
-    bool error(bool holds, const std::string& text) const {
-        return add(Severity::error, holds, text);
-    }
-    bool warning(bool holds, const std::string& text) const {
-        return add(Severity::warning, holds, text);
-    }
-    bool note(bool holds, const std::string& text) const {
-        return add(Severity::note, holds, text);
-    }
+    bool operator()(Severity severity, bool holds, const std::string& text) const;
 
 private:
     Findings& findings_;

@@ -13,6 +13,8 @@
 namespace morvek {
 namespace {
 
+using enum Severity;
+
 constexpr std::size_t wholeFile = slotCount * sizeof(PlayerRecord);
 constexpr std::size_t manyPlaces = 45;
 
@@ -27,51 +29,44 @@ bool isPadded(const Field& field, const PlayerRecord& slot) {
 
 // What the game never reads harms nobody, and a character may be created without a name.
 Severity severityOf(const Field& field, const PlayerRecord& slot) {
-    return field.name == "name" && slot.name.length == 0        ? Severity::note
-           : field.isCopy || unreadFields.count(field.name) > 0 ? Severity::warning
-                                                                : Severity::error;
+    return field.name == "name" && slot.name.length == 0                               ? note
+           : field.rule == FieldRule::unreadFlag || unreadFields.count(field.name) > 0 ? warning
+                                                                                       : error;
 }
 
 void checkTakenSlot(const GameDirectory& home, const PlayerRecord& slot, std::size_t index,
                     const Subject& about) {
     PlayerRecord unstored = slot;
-    for (const auto* fields : {&recordFields(), &worldFields()}) {
-        for (const Field& field : *fields) {
-            const Subject here = about.in(field.name + (field.isCopy ? " (its copy)" : ""));
-            const auto fault = complaintAbout(field, slot, index);
-            here.add(severityOf(field, slot), fault.has_value(), fault.value_or(""));
-            here.warning(field.kind == FieldKind::text && !isPadded(field, slot),
-                         "is not padded with zeros");
-            if (fields == &worldFields()) {
-                std::memset(reinterpret_cast<char*>(&unstored) + field.offset, 0,
-                            sizeof(std::int32_t));
-            }
+    for (const Field& field : allFields()) {
+        const bool isUnread = field.rule == FieldRule::unreadFlag;
+        const Subject here = about.in(field.name + (isUnread ? " (its copy)" : ""));
+        const auto fault = complaintAbout(field, slot, index);
+        here(severityOf(field, slot), fault.has_value(), fault.value_or(""));
+        here(warning, field.kind == FieldKind::text && !isPadded(field, slot),
+             "is not padded with zeros");
+        if (field.isFlag()) {
+            std::memset(reinterpret_cast<char*>(&unstored) + field.offset, 0, sizeof(std::int32_t));
         }
     }
-    about.in("worldState")
-        .warning(unstored.worldState != PlayerRecord{}.worldState,
-                 "is not zero where nothing is stored");
+    about.in("worldState")(warning, unstored.worldState != PlayerRecord{}.worldState,
+                           "is not zero where nothing is stored");
     // Who is killed while the game is full comes to stand here.
-    about.note(index >= searchedSlots, "is never searched by the game: `remove` another player, "
-                                       "and this one moves to his slot");
-    about.in("onlineFlag")
-        .note(slot.onlineFlag == 1 && !home.isInside(slot),
-              "is 1, but nobody is inside: the call was dropped, or ended at the inn (see "
-              "`offline`)");
+    about(note, index >= searchedSlots,
+          "is never searched by the game: `remove` another player, "
+          "and this one moves to his slot");
+    about.in("onlineFlag")(
+        note, slot.onlineFlag == 1 && !home.isInside(slot),
+        "is 1, but nobody is inside: the call was dropped, or ended at the inn (see "
+        "`offline`)");
 }
 
 void checkFreeSlot(const PlayerRecord& slot, std::size_t index, const Subject& about) {
-    for (const char* name : {"ownerName", "version"}) {
-        const Field& field = recordField(name);
-        const auto fault = complaintAbout(field, slot, index).value_or("");
-        const bool isOwner = field.rule == FieldRule::owner;
-        if (about.in(name).add(isOwner ? Severity::error : Severity::warning,
-                               !fault.empty() && (!isOwner || slot.ownerName.length > 0), fault)) {
-            return;
-        }
+    if (!about.in("ownerName")(error, slot.ownerName.length > 0,
+                               *complaintAbout(recordField("ownerName"), slot, index))) {
+        about(warning, !sameBytes(slot, emptySlot()),
+              "has no owner but is not as a free slot; its character is " +
+                  inQuotes(slot.name.view()));
     }
-    about.warning(!sameBytes(slot, emptySlot()),
-                  "has no owner but is not empty; its character is " + inQuotes(slot.name.view()));
 }
 
 std::string placeOf(const PlayerRecord& slot, std::size_t index) {
@@ -90,21 +85,22 @@ void checkOwners(const Characters& characters, const Subject& about) {
         }
         const std::string place = placeOf(characters[i], i);
         const auto [first, isNew] = firstOf.try_emplace(characters[i].ownerName.view(), i);
-        about.at(place, "ownerName")
-            .error(!isNew, "owns player " + std::to_string(first->second + 1) +
-                               " too, which the game finds first: `remove` this one");
+        about.at(place, "ownerName")(error, !isNew,
+                                     "owns player " + std::to_string(first->second + 1) +
+                                         " too, which the game finds first: `remove` this one");
         const std::string number = std::to_string(gap + 1);
-        if (about.at(place).error(gap < i, "is behind player " + number +
-                                               ", which is free: the next save makes a second "
-                                               "character; `remove " +
-                                               number + "` closes the gap")) {
+        if (about.at(place)(error, gap < i,
+                            "is behind player " + number +
+                                ", which is free: the next save makes a second "
+                                "character; `remove " +
+                                number + "` closes the gap")) {
             gap = characters.size();
         }
     }
     const std::size_t taken = takenPlaces(characters);
-    about.warning(taken >= manyPlaces,
-                  "has " + std::to_string(taken) + " of " + std::to_string(searchedSlots) +
-                      " places taken: who finds none cannot save (see `purge`)");
+    about(warning, taken >= manyPlaces,
+          "has " + std::to_string(taken) + " of " + std::to_string(searchedSlots) +
+              " places taken: who finds none cannot save (see `purge`)");
 }
 
 } // namespace
@@ -116,10 +112,9 @@ void checkCharacters(const GameDirectory& home, Findings& findings) {
     }
     const Subject about(findings, characterFileName);
     const std::string size = "has " + std::to_string(content->size()) + " bytes; must be 75000: ";
-    about.error(content->size() < wholeFile,
-                size + "it ends in player " +
-                    std::to_string(content->size() / sizeof(PlayerRecord) + 1));
-    about.warning(content->size() > wholeFile, size + "the rest is never read");
+    about(error, content->size() < wholeFile,
+          size + "it ends in player " + std::to_string(content->size() / sizeof(PlayerRecord) + 1));
+    about(warning, content->size() > wholeFile, size + "the rest is never read");
     const Characters characters = charactersIn(*content);
     for (std::size_t i = 0; i < characters.size(); ++i) {
         const Subject here = about.at(placeOf(characters[i], i));

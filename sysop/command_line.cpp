@@ -17,12 +17,10 @@
 namespace morvek {
 namespace {
 
-struct Option {
-    std::string type; // of its value; empty for a flag
-    std::string meaning;
-};
+enum Status { done, notDone, wrongUsage };
 
-const std::map<std::string, Option> options{
+// By their names, the type of their values (empty for a flag) and their meanings.
+const std::map<std::string, std::pair<std::string, std::string>> options{
     {"--game", {"DIR", "The game's directory, or the one with its morvek.cfg (default: .)"}},
     {"DIR", {"DIR", "The directory, new or empty"}},
     {"--board", {"NAME", "The board's name, as callers see it"}},
@@ -99,15 +97,15 @@ private:
     void addOption(CLI::App& to, std::string name) {
         const bool isRequired = name.ends_with('!');
         name.resize(name.size() - (isRequired ? 1 : 0));
-        const Option& option = options.at(name);
-        if (option.type.empty()) {
+        const auto& [type, meaning] = options.at(name);
+        if (type.empty()) {
             to.add_flag_callback(
-                name, [this, name] { given_[name] = "yes"; }, option.meaning);
+                name, [this, name] { given_[name] = "yes"; }, meaning);
             return;
         }
         const auto keep = [this, name](const std::string& typed) { given_[name] = typed; };
-        to.add_option_function<std::string>(name, keep, option.meaning)
-            ->type_name(option.type)
+        to.add_option_function<std::string>(name, keep, meaning)
+            ->type_name(type)
             ->required(isRequired);
     }
 
@@ -146,14 +144,12 @@ private:
     }
 
     Format format() const {
-        std::vector<Format> chosen;
-        for (std::size_t i = 0; i < formats.size(); ++i) {
-            if (has(formats[i])) {
-                chosen.push_back(static_cast<Format>(i));
-            }
-        }
-        refuseIf(chosen.size() > 1, "choose one of --text, --ansi, --html and --json");
-        return chosen.empty() ? Format::text : chosen.front();
+        const auto isGiven = [this](const std::string& option) { return has(option); };
+        refuseIf(std::count_if(formats.begin(), formats.end(), isGiven) > 1,
+                 "choose one of --text, --ansi, --html and --json");
+        const auto chosen = std::find_if(formats.begin(), formats.end(), isGiven);
+        return chosen == formats.end() ? Format::text
+                                       : static_cast<Format>(chosen - formats.begin());
     }
 
     GameDirectory home() const { return openGame(has("--game") ? text("--game") : "."); }

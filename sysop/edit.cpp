@@ -42,16 +42,14 @@ void refuseSecondSlot(const Characters& characters, std::size_t number) {
 // What has changed, a line for each field. Throws Misuse when play could not have given it.
 std::string changesOf(const PlayerRecord& before, const PlayerRecord& after, std::size_t number) {
     std::string lines;
-    for (const auto* fields : {&recordFields(), &worldFields()}) {
-        for (const Field& field : *fields) {
-            const auto fault = complaintAbout(field, after, number - 1);
-            const std::string was = shownValue(field, before);
-            const std::string is = shownValue(field, after);
-            refuseIf(fault && (was != is || !complaintAbout(field, before, number - 1)),
-                     field.name + " would be wrong: it " + fault.value_or(""));
-            if (was != is && !field.isCopy) {
-                lines += field.name + " " + was + " -> " + is + "\n";
-            }
+    for (const Field& field : allFields()) {
+        const auto fault = complaintAbout(field, after, number - 1);
+        const std::string was = shownValue(field, before);
+        const std::string is = shownValue(field, after);
+        refuseIf(fault && (was != is || !complaintAbout(field, before, number - 1)),
+                 field.name + " would be wrong: it " + fault.value_or(""));
+        if (was != is && field.rule != FieldRule::unreadFlag) {
+            lines += field.name + " " + was + " -> " + is + "\n";
         }
     }
     return lines;

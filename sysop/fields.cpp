@@ -47,6 +47,42 @@ constexpr std::array<Wares, 2> wares{{
      {"T-Shirt", "Cloth", "Feyweave", "Starweave", "Leather", "Feyleather", "Starleather"}},
 }};
 
+// clang-format off
+const std::vector<Field> recordFields{
+    {"version",          text,   offsetof(PlayerRecord, version), 0, 0, versionMark},
+    {"bbsName",          text,   offsetof(PlayerRecord, bbsName)},
+    {"slotIndex",        number, offsetof(PlayerRecord, slotIndex), 0, slotCount - 1, ownSlot},
+    {"lastPlayedDay",    number, offsetof(PlayerRecord, lastPlayedDay), 0, 123199, day},
+    {"onlineFlag",       number, offsetof(PlayerRecord, onlineFlag), 0, 1},
+    {"ownerName",        text,   offsetof(PlayerRecord, ownerName), 0, 0, owner},
+    {"name",             text,   offsetof(PlayerRecord, name), 0, 0, characterName},
+    {"className",        text,   offsetof(PlayerRecord, className), 0, 0, oneOfTheClasses},
+    {"level",            number, offsetof(PlayerRecord, level), 1, 7},
+    {"experience",       number, offsetof(PlayerRecord, experience), 0, mostOfWord},
+    {"gold",             money,  offsetof(PlayerRecord, gold), deepestDebt, mostMoney},
+    {"bankGold",         money,  offsetof(PlayerRecord, bankGold), 0, mostMoney},
+    {"experienceNeeded", number, offsetof(PlayerRecord, experienceNeeded), 1000, 13000},
+    {"hitPoints",        number, offsetof(PlayerRecord, hitPoints), 1, 141, upToMaximum},
+    {"maxHitPoints",     number, offsetof(PlayerRecord, maxHitPoints), 13, 141},
+    {"strength",         number, offsetof(PlayerRecord, strength), 3, 126},
+    {"constitution",     number, offsetof(PlayerRecord, constitution), 3, 18},
+    {"dexterity",        number, offsetof(PlayerRecord, dexterity), 3, 126},
+    {"intelligence",     number, offsetof(PlayerRecord, intelligence), 3, 126},
+    {"wisdom",           number, offsetof(PlayerRecord, wisdom), 3, 18},
+    {"charisma",         number, offsetof(PlayerRecord, charisma), 3, 18},
+    {"weaponNumber",     number, offsetof(PlayerRecord, weaponNumber), 0, 6, ware},
+    {"weapon",           text,   offsetof(PlayerRecord, weapon), 0, 0, ware},
+    {"armourNumber",     number, offsetof(PlayerRecord, armourNumber), 0, 6, ware},
+    {"armour",           text,   offsetof(PlayerRecord, armour), 0, 0, ware},
+    {"turnsLeft",        number, offsetof(PlayerRecord, turnsLeft), 0, 30},
+    {"turnsPerDay",      number, offsetof(PlayerRecord, turnsPerDay), 30, 30},
+    {"reserved",         number, offsetof(PlayerRecord, reserved), 0, 0},
+    {"reservedCounter",  number, offsetof(PlayerRecord, reservedCounter), 0, 0},
+    {"inUse",            number, offsetof(PlayerRecord, inUse), 1, 1},
+    {"currentLocation",  number, offsetof(PlayerRecord, currentLocation), 0, locationCount},
+};
+// clang-format on
+
 template <class Value>
 Value get(const Field& field, const PlayerRecord& slot) {
     Value value;
@@ -171,8 +207,8 @@ void setWareByName(const Field& field, PlayerRecord& slot, std::string_view type
 // The flags by the numbers of their words; empty where a word is none.
 std::array<std::string, worldWordCount> flagsByWord() {
     std::array<std::string, worldWordCount> names;
-    for (std::size_t kind = 0; kind < worldPlaces().size(); ++kind) {
-        const Places& places = worldPlaces()[kind];
+    for (std::size_t kind = 0; kind < worldPlaces.size(); ++kind) {
+        const Places& places = worldPlaces[kind];
         for (int i = 1; i <= places.count; ++i) {
             const std::size_t word = kind == 0   ? searchedWord(i)
                                      : kind == 1 ? clearedWord(i)
@@ -184,7 +220,7 @@ std::array<std::string, worldWordCount> flagsByWord() {
 }
 
 // Stores a world whose every word holds its number plus one, to see where each word goes.
-std::vector<Field> findWorldFields() {
+std::vector<Field> findFlags() {
     resetGame();
     for (std::size_t word = 0; word < worldWordCount; ++word) {
         game.world.words[word] = static_cast<std::int32_t>(word + 1);
@@ -200,7 +236,7 @@ std::vector<Field> findWorldFields() {
         if (slot.worldState[i] != 0 && !names[word].empty()) {
             const std::size_t offset =
                 offsetof(PlayerRecord, worldState) + i * sizeof(std::int32_t);
-            found.push_back({names[word], number, offset, 0, 1, none, met[word]});
+            found.push_back({names[word], number, offset, 0, 1, met[word] ? unreadFlag : flag});
             met[word] = true;
         }
     }
@@ -209,72 +245,36 @@ std::vector<Field> findWorldFields() {
 
 } // namespace
 
-// clang-format off
-const std::vector<Field>& recordFields() {
-    static const std::vector<Field> fields{
-        {"version",          text,   offsetof(PlayerRecord, version), 0, 0, versionMark},
-        {"bbsName",          text,   offsetof(PlayerRecord, bbsName)},
-        {"slotIndex",        number, offsetof(PlayerRecord, slotIndex), 0, slotCount - 1, ownSlot},
-        {"lastPlayedDay",    number, offsetof(PlayerRecord, lastPlayedDay), 0, 123199, day},
-        {"onlineFlag",       number, offsetof(PlayerRecord, onlineFlag), 0, 1},
-        {"ownerName",        text,   offsetof(PlayerRecord, ownerName), 0, 0, owner},
-        {"name",             text,   offsetof(PlayerRecord, name), 0, 0, characterName},
-        {"className",        text,   offsetof(PlayerRecord, className), 0, 0, oneOfTheClasses},
-        {"level",            number, offsetof(PlayerRecord, level), 1, 7},
-        {"experience",       number, offsetof(PlayerRecord, experience), 0, mostOfWord},
-        {"gold",             money,  offsetof(PlayerRecord, gold), deepestDebt, mostMoney},
-        {"bankGold",         money,  offsetof(PlayerRecord, bankGold), 0, mostMoney},
-        {"experienceNeeded", number, offsetof(PlayerRecord, experienceNeeded), 1000, 13000},
-        {"hitPoints",        number, offsetof(PlayerRecord, hitPoints), 1, 141, upToMaximum},
-        {"maxHitPoints",     number, offsetof(PlayerRecord, maxHitPoints), 13, 141},
-        {"strength",         number, offsetof(PlayerRecord, strength), 3, 126},
-        {"constitution",     number, offsetof(PlayerRecord, constitution), 3, 18},
-        {"dexterity",        number, offsetof(PlayerRecord, dexterity), 3, 126},
-        {"intelligence",     number, offsetof(PlayerRecord, intelligence), 3, 126},
-        {"wisdom",           number, offsetof(PlayerRecord, wisdom), 3, 18},
-        {"charisma",         number, offsetof(PlayerRecord, charisma), 3, 18},
-        {"weaponNumber",     number, offsetof(PlayerRecord, weaponNumber), 0, 6, ware},
-        {"weapon",           text,   offsetof(PlayerRecord, weapon), 0, 0, ware},
-        {"armourNumber",     number, offsetof(PlayerRecord, armourNumber), 0, 6, ware},
-        {"armour",           text,   offsetof(PlayerRecord, armour), 0, 0, ware},
-        {"turnsLeft",        number, offsetof(PlayerRecord, turnsLeft), 0, 30},
-        {"turnsPerDay",      number, offsetof(PlayerRecord, turnsPerDay), 30, 30},
-        {"reserved",         number, offsetof(PlayerRecord, reserved), 0, 0},
-        {"reservedCounter",  number, offsetof(PlayerRecord, reservedCounter), 0, 0},
-        {"inUse",            number, offsetof(PlayerRecord, inUse), 1, 1},
-        {"currentLocation",  number, offsetof(PlayerRecord, currentLocation), 0, locationCount},
-    };
-    return fields;
-}
-// clang-format on
-
 const Field& recordField(std::string_view name) {
-    return *std::find_if(recordFields().begin(), recordFields().end(),
+    return *std::find_if(recordFields.begin(), recordFields.end(),
                          [&](const Field& field) { return field.name == name; });
 }
 
-const std::vector<Places>& worldPlaces() {
-    static const std::vector<Places> places{
-        {"searched", "searched", locationCount, false},
-        {"cleared", "cleared", locationCount, false},
-        {"castle1", "Castle Level 1", levelWords[0].rooms, true},
-        {"castle2", "Castle Level 2", levelWords[1].rooms, true},
-        {"mortuary1", "Underground Mortuary Level 1", levelWords[2].rooms, true},
-        {"cavern1", "Rattlehead Cavern Level 1", levelWords[3].rooms, true},
-    };
-    return places;
-}
+const std::vector<Places> worldPlaces{
+    {"searched", "Places searched", locationCount},
+    {"cleared", "Places cleared", locationCount},
+    {"castle1", "Castle Level 1", levelWords[0].rooms},
+    {"castle2", "Castle Level 2", levelWords[1].rooms},
+    {"mortuary1", "Underground Mortuary Level 1", levelWords[2].rooms},
+    {"cavern1", "Rattlehead Cavern Level 1", levelWords[3].rooms},
+};
 
-const std::vector<Field>& worldFields() {
-    static const std::vector<Field> fields = findWorldFields();
+const std::vector<Field>& allFields() {
+    static const std::vector<Field> fields = [] {
+        std::vector<Field> all = recordFields;
+        const std::vector<Field> flags = findFlags();
+        all.insert(all.end(), flags.begin(), flags.end());
+        return all;
+    }();
     return fields;
 }
 
 std::vector<int> visitedPlaces(const Places& places, const PlayerRecord& slot) {
     std::vector<int> numbers;
-    for (const Field& flag : worldFields()) {
-        if (flag.name.starts_with(places.key + ".") && !flag.isCopy && numberIn(flag, slot) == 1) {
-            numbers.push_back(std::stoi(flag.name.substr(places.key.size() + 1)));
+    for (const Field& one : allFields()) {
+        if (one.rule == flag && one.name.starts_with(places.key + ".") &&
+            numberIn(one, slot) == 1) {
+            numbers.push_back(std::stoi(one.name.substr(places.key.size() + 1)));
         }
     }
     std::sort(numbers.begin(), numbers.end());
@@ -298,22 +298,20 @@ Json jsonValue(const Field& field, const PlayerRecord& slot) {
 
 const Field& setField(PlayerRecord& slot, std::string_view name, std::string_view typed) {
     const Field* named = nullptr;
-    for (const auto* fields : {&recordFields(), &worldFields()}) {
-        for (const Field& field : *fields) {
-            if (!text::sameLetters(field.name, name)) {
-                continue;
-            }
-            named = named == nullptr ? &field : named;
-            if (field.kind == text && field.rule == ware) {
-                setWareByName(field, slot, typed);
-            } else if (field.kind == text) {
-                setText(field, slot, typed);
-            } else {
-                setNumber(field, slot, typed);
-            }
-            if (field.kind == number && field.rule == ware) {
-                setWare(slot, waresOf(field), static_cast<std::size_t>(numberIn(field, slot)));
-            }
+    for (const Field& field : allFields()) {
+        if (!text::sameLetters(field.name, name)) {
+            continue;
+        }
+        named = named == nullptr ? &field : named;
+        if (field.kind == text && field.rule == ware) {
+            setWareByName(field, slot, typed);
+        } else if (field.kind == text) {
+            setText(field, slot, typed);
+        } else {
+            setNumber(field, slot, typed);
+        }
+        if (field.kind == number && field.rule == ware) {
+            setWare(slot, waresOf(field), static_cast<std::size_t>(numberIn(field, slot)));
         }
     }
     refuseIf(named == nullptr, std::string(name) +

@@ -29,6 +29,8 @@ enum class FieldRule : std::uint8_t {
     ownSlot,
     day,
     upToMaximum, // of the hit points
+    flag,        // of the world
+    unreadFlag,  // its copy, which the game never reads
 };
 
 struct Field {
@@ -38,27 +40,26 @@ struct Field {
     double least = 0; // of a number
     double most = 0;
     FieldRule rule = FieldRule::none;
-    bool isCopy = false; // of a flag, and never read by the game
+
+    [[nodiscard]] bool isFlag() const {
+        return rule == FieldRule::flag || rule == FieldRule::unreadFlag;
+    }
 };
 
-// In the order of the record; the world's flags are not among them.
-const std::vector<Field>& recordFields();
+// All fields in the order of the record.
+const std::vector<Field>& allFields();
 
 // The field of that very name.
 const Field& recordField(std::string_view name);
-
-// The flags of the world, in the order of the record.
-const std::vector<Field>& worldFields();
 
 // A kind of place: the beginning of its flags' names, what it is called, and how many there are.
 struct Places {
     std::string key;
     std::string title;
     int count;
-    bool isLevel;
 };
 
-const std::vector<Places>& worldPlaces();
+extern const std::vector<Places> worldPlaces;
 
 // The numbers of those places whose flags are set.
 std::vector<int> visitedPlaces(const Places& places, const PlayerRecord& slot);

@@ -11,7 +11,6 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <cstdio>
 #include <ctime>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -121,9 +120,7 @@ std::string dayOf(std::string_view stamp) {
 }
 
 std::string dayOf(std::int32_t stamp) {
-    std::array<char, 16> digits{};
-    std::snprintf(digits.data(), digits.size(), "%06d", stamp);
-    return dayOf(std::string_view(digits.data()));
+    return dayOf(std::to_string(std::int64_t{1000000} + stamp).substr(1));
 }
 
 std::vector<std::string> dataFiles(const GameDirectory& home) {

@@ -17,25 +17,19 @@ namespace {
 
 // Where the display files may lie: beside the program in the tree that it was installed into, in
 // an archive that was unpacked, or where it was built to be installed.
-std::vector<fs::path> menuPlaces(const NewGame& wanted) {
-    if (!wanted.menus.empty()) {
-        return {wanted.menus};
-    }
-    std::error_code ignored;
-    const fs::path program = fs::read_symlink("/proc/self/exe", ignored).parent_path();
-    return {program.parent_path() / "share/morvek/menus", program / "menus",
-            MORVEK_INSTALLED_MENUS};
-}
-
-bool holdsMenus(const fs::path& place) {
-    return std::all_of(menuNames.begin(), menuNames.end(), [&](const std::string& name) {
-        return canRead((place / (name + ".asc")).string());
-    });
-}
-
 fs::path findMenus(const NewGame& wanted) {
-    const std::vector<fs::path> places = menuPlaces(wanted);
-    const auto found = std::find_if(places.begin(), places.end(), holdsMenus);
+    std::vector<fs::path> places{wanted.menus};
+    if (wanted.menus.empty()) {
+        const fs::path program = fs::read_symlink("/proc/self/exe").parent_path();
+        places = {program.parent_path() / "share/morvek/menus", program / "menus",
+                  MORVEK_INSTALLED_MENUS};
+    }
+    const auto isWhole = [](const fs::path& place) {
+        return std::all_of(menuNames.begin(), menuNames.end(), [&](const std::string& name) {
+            return canRead((place / (name + ".asc")).string());
+        });
+    };
+    const auto found = std::find_if(places.begin(), places.end(), isWhole);
     failIf(found == places.end(),
            wanted.menus.empty()
                ? "the display files are not installed; name their directory with --menus"
@@ -66,7 +60,7 @@ std::string charactersWith(const std::string& keeper) {
     for (std::string name, value; others >> name >> value;) {
         setField(slot, name, value);
     }
-    for (const Field& field : recordFields()) {
+    for (const Field& field : allFields()) {
         const auto fault = complaintAbout(field, slot, 0);
         refuseIf(fault.has_value(), "--keeper: the " + field.name + " " + fault.value_or(""));
     }

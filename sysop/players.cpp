@@ -44,21 +44,17 @@ void writeTable(const std::vector<Row>& rows, std::ostream& out) {
 
 Json jsonOf(const GameDirectory& home, const PlayerRecord& slot, std::size_t number) {
     Json whole{{"number", number}};
-    for (const Field& field : recordFields()) {
-        whole[field.name] = jsonValue(field, slot);
+    for (const Field& field : allFields()) {
+        if (!field.isFlag()) {
+            whole[field.name] = jsonValue(field, slot);
+        }
     }
     const std::string day = dayOf(slot.lastPlayedDay);
     whole["online"] = slot.onlineFlag != 0;
     whole["inside"] = home.isInside(slot);
     whole["lastDay"] = day.empty() ? Json(nullptr) : Json(day);
-    Json& world = whole["world"] = {{"places", worldPlaces().front().count}};
-    for (const Places& places : worldPlaces()) {
-        const std::vector<int> visited = visitedPlaces(places, slot);
-        if (places.isLevel) {
-            world["levels"][places.key] = {{"rooms", places.count}, {"cleared", visited}};
-        } else {
-            world[places.key] = visited;
-        }
+    for (const Places& places : worldPlaces) {
+        whole["world"][places.key] = visitedPlaces(places, slot);
     }
     return whole;
 }
@@ -81,16 +77,18 @@ void writeWhole(const GameDirectory& home, const PlayerRecord& slot, std::size_t
                 std::ostream& out) {
     out << "Player " << calledPlayer(slot, number)
         << (home.isInside(slot) ? ", is in the game now" : "") << "\n\n";
-    for (const Field& field : recordFields()) {
+    for (const Field& field : allFields()) {
         const std::string day = field.rule == FieldRule::day ? dayOf(slot.lastPlayedDay) : "";
-        out << "  " << padded(field.name, fieldWidth) << shownValue(field, slot)
-            << (day.empty() ? "" : " (" + day + ")") << '\n';
+        if (!field.isFlag()) {
+            out << "  " << padded(field.name, fieldWidth) << shownValue(field, slot)
+                << (day.empty() ? "" : " (" + day + ")") << '\n';
+        }
     }
     out << "\nWorld\n";
-    for (const Places& places : worldPlaces()) {
+    for (const Places& places : worldPlaces) {
         const std::vector<int> visited = visitedPlaces(places, slot);
         out << "  " << padded(places.title, 30) << visited.size() << " of " << places.count
-            << (places.isLevel ? " rooms cleared" : " places") << runsOf(visited) << '\n';
+            << runsOf(visited) << '\n';
     }
 }
 

@@ -81,6 +81,16 @@ std::optional<std::string> toCp437(std::string_view utf8) {
     return reader.midway() ? std::nullopt : std::optional(bytes);
 }
 
+bool looksLikeUtf8(std::string_view bytes) {
+    Utf8Reader reader;
+    for (const char byte : bytes) {
+        if (reader.read(byte) == Utf8Reader::Step::malformed) {
+            return false;
+        }
+    }
+    return !reader.midway() && plainLength(bytes) < bytes.size();
+}
+
 Utf8Reader::Step Utf8Reader::read(char byte) {
     const auto code = static_cast<unsigned char>(byte);
     if (due_ > 0 && (code & 0xc0) == 0x80) {

@@ -17,6 +17,9 @@ char cp437Byte(char32_t character);
 // not.
 std::optional<std::string> toCp437(std::string_view utf8);
 
+// Whether the bytes are UTF-8 and hold a character above 127, so are hardly CP437.
+bool looksLikeUtf8(std::string_view bytes);
+
 // Puts the characters of a stream of UTF-8 bytes together.
 class Utf8Reader {
 public:
