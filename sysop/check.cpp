@@ -13,7 +13,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <map>
 #include <set>
 #include <span>
 #include <sys/stat.h>
@@ -31,8 +30,6 @@ constexpr std::size_t longestAuthor = 50;
 constexpr std::size_t longestMessage = 49;
 
 constexpr std::array severityWords{"error", "warning", "note"};
-
-std::string lineOf(std::size_t index) { return "line " + std::to_string(index + 1); }
 
 std::string withoutIt(std::string_view text) {
     return "contains a control byte (" + inQuotes(text) + " without it)";
@@ -53,39 +50,36 @@ void checkBoardText(const TextSlot& cell, const Subject& about, std::size_t long
 // What was not read, or would be written otherwise than it stands.
 void checkScoreText(std::string_view text, std::span<const ScoreEntry> entries,
                     const Subject& about) {
-    bool isBlankTold = false;
+    bool isTold = false;
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
         const std::string line = scoreLine(entries[i]);
-        if (!text.starts_with(line) && text.substr(blanks).starts_with(line)) {
-            isBlankTold = isBlankTold ||
-                          about.at(lineOf(i),
-                                   "name")(note, true,
-                                           "begins with a blank, which the game leaves out when it "
-                                           "reads the file");
-            text.remove_prefix(blanks);
-        }
-        if (about.at(lineOf(i))(warning, !text.starts_with(line),
-                                "is not as the game writes it; it reads as " +
-                                    inQuotes(line.substr(0, line.size() - 1)))) {
+        const std::string_view trimmed =
+            text.substr(std::min(text.find_first_not_of(' '), text.size()));
+        const bool isTrimmed = !text.starts_with(line) && trimmed.starts_with(line);
+        isTold = isTold || about.line(i)(note, isTrimmed,
+                                         "begins with a blank, which the game does not read");
+        text = isTrimmed ? trimmed : text;
+        if (about.line(i)(warning, !text.starts_with(line),
+                          "is not as the game writes it; it reads as " +
+                              inQuotes(line.substr(0, line.size() - 1)))) {
             return;
         }
         text.remove_prefix(line.size());
     }
-    about.at(lineOf(entries.size()))(error, !text.empty(),
-                                     entries.size() < topTenSize
-                                         ? "cannot be read: the list ends before it"
-                                         : "is one too many: the list has ten entries");
+    about.line(entries.size())(error, !text.empty(),
+                               entries.size() < topTenSize
+                                   ? "cannot be read: the list ends before it"
+                                   : "is one too many: the list has ten entries");
 }
 
 void checkNewsText(std::string_view text, const Subject& about) {
-    about.at("line 1")(note, !text.starts_with(newDay),
-                       "is not \"It's a new day!\": the first call of the day was cut off");
+    about.line(0)(note, !text.starts_with(newDay),
+                  "is not \"It's a new day!\": the first call of the day was cut off");
     for (std::size_t i = 0; !text.empty(); ++i) {
         const std::size_t end = text.find(newsLineEnd);
-        about.at(lineOf(i))(warning, end == std::string_view::npos,
-                            "does not end in a line feed and a carriage return");
-        about.at(lineOf(i))(error, holdsControls(text.substr(0, end)), "contains a control byte");
+        about.line(i)(warning, end == std::string_view::npos,
+                      "does not end in a line feed and a carriage return");
+        about.line(i)(error, holdsControls(text.substr(0, end)), "contains a control byte");
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + newsLineEnd.size());
     }
 }
@@ -101,7 +95,7 @@ void checkMenu(const GameDirectory& home, const std::string& file, Findings& fin
           "is in UTF-8: callers see other characters; convert it to CP437");
     std::size_t lines = 0;
     for (std::size_t at = 0; (at = content->find('\n', at)) != std::string::npos; ++at, ++lines) {
-        if (about.at(lineOf(lines))(
+        if (about.line(lines)(
                 warning, at == 0 || (*content)[at - 1] != '\r',
                 "ends in a line feed without a carriage return: what follows does not "
                 "begin at the left")) {
@@ -114,7 +108,7 @@ void checkMenu(const GameDirectory& home, const std::string& file, Findings& fin
 
 bool Subject::operator()(Severity severity, bool holds, const std::string& text) const {
     if (holds) {
-        findings_.push_back({severity, file_, place_, field_, text});
+        findings_.push_back({severity, file_, place_, text});
     }
     return holds;
 }
@@ -147,13 +141,11 @@ void checkConfiguration(const GameDirectory& home, Findings& findings) {
     std::string_view rest = *text;
     for (std::size_t i = 0; i < configurationLines; ++i) {
         const std::string_view line = rest.substr(0, rest.find('\n'));
-        const Subject here = about.at(lineOf(i));
-        const bool isLast = i + 1 == configurationLines;
+        const Subject here = about.line(i);
         if (!here(error, line.size() > longestConfigurationLine,
                   "is longer than 253 characters: the game does not start") &&
-            !here(isLast ? error : warning, line.ends_with('\r'),
-                  "ends in a carriage return, which the game reads as part of it: use line "
-                  "feeds only")) {
+            !here(warning, line.ends_with('\r'),
+                  "ends in a carriage return, which the game reads as part of it")) {
             here(warning, holdsControls(line), "contains a control byte");
         }
         here(warning, i == 1 && text::looksLikeUtf8(line),
@@ -164,30 +156,27 @@ void checkConfiguration(const GameDirectory& home, Findings& findings) {
         const std::string& led = configuration->gameDirectory;
         std::error_code ignored;
         const std::string instead = "the game uses the directory that it is started in";
-        about.at("line 3")(warning, led.empty(), "is empty: " + instead);
-        about.at("line 3")(error,
-                           !led.empty() && !led.ends_with('\r') &&
-                               !fs::is_directory(home.start / led, ignored),
-                           "is " + inQuotes(led) + ", which is not a directory: " + instead);
+        about.line(2)(warning, led.empty(), "is empty: " + instead);
+        about.line(2)(error, !led.empty() && !fs::is_directory(home.start / led, ignored),
+                      "is " + inQuotes(led) + ", which is not a directory: " + instead);
     }
 }
 
 void checkAccess(const GameDirectory& home, Findings& findings) {
-    std::map<std::string, std::string> paths{{home.data.string(), home.data.string()}};
-    for (const std::string& name : dataFiles(home)) {
-        paths[name] = home.file(name);
-    }
-    paths[lockFileName] = home.file(lockFileName);
+    std::vector<std::string> names = dataFiles(home);
+    names.insert(names.end(), {".", lockFileName});
     // Root asks as the owner of the directory, as whom the game runs.
     struct stat owner {};
     const bool isRoot = ::geteuid() == 0 && ::stat(home.data.c_str(), &owner) == 0 &&
                         ::setegid(owner.st_gid) == 0 && ::seteuid(owner.st_uid) == 0;
-    for (const auto& [name, path] : paths) {
-        const int mode = path == home.data ? W_OK | X_OK : W_OK;
-        const bool isRefused = ::faccessat(AT_FDCWD, path.c_str(), mode, AT_EACCESS) != 0;
-        Subject(findings, name)(warning, isRefused && errno != ENOENT,
-                                std::string("cannot be written by the board's user: ") +
-                                    std::strerror(errno));
+    for (const std::string& name : names) {
+        const bool isDirectory = name == ".";
+        const int mode = isDirectory ? W_OK | X_OK : W_OK;
+        const bool isRefused =
+            ::faccessat(AT_FDCWD, home.file(name).c_str(), mode, AT_EACCESS) != 0;
+        Subject(findings, isDirectory ? home.data.string() : name)(
+            warning, isRefused && errno != ENOENT,
+            std::string("cannot be written by the board's user: ") + std::strerror(errno));
     }
     failIf(isRoot && (::seteuid(0) != 0 || ::setegid(::getgid()) != 0), "cannot be root again");
     const Subject lock(findings, lockFileName);
@@ -229,9 +218,9 @@ void checkBoard(const GameDirectory& home, Findings& findings) {
     for (std::size_t i = 0; i < entries.size(); ++i) {
         std::array<TextSlot, 2> cells;
         std::memcpy(cells.data(), entries[i].data(), sizeof cells);
-        const std::string place = "entry " + std::to_string(i + 1);
-        checkBoardText(cells[0], about.at(place, "author"), longestAuthor);
-        checkBoardText(cells[1], about.at(place, "message"), longestMessage);
+        const Subject entry = about.at("entry " + std::to_string(i + 1));
+        checkBoardText(cells[0], entry.at("author"), longestAuthor);
+        checkBoardText(cells[1], entry.at("message"), longestMessage);
     }
 }
 
@@ -251,14 +240,15 @@ void checkScores(const GameDirectory& home, Findings& findings) {
     for (std::size_t i = 0; i < count; ++i) {
         const ScoreEntry& entry = entries[i];
         const std::string score = "is " + std::to_string(entry.score);
-        const Subject name = about.at(lineOf(i), "name");
+        const Subject here = about.line(i);
+        const Subject name = here.at("name");
         name(error, holdsControls(entry.name), withoutIt(entry.name));
         name(warning, !names.insert(entry.name).second, "is " + inQuotes(entry.name) + " again");
         // The inn enters even who has no experience yet.
-        name.in("score")(warning, entry.score < 0, score + "; must not be negative");
-        name.in("score")(error, i > 0 && entry.score > entries[i - 1].score,
+        here.at("score")(warning, entry.score < 0, score + "; must not be negative");
+        here.at("score")(error, i > 0 && entry.score > entries[i - 1].score,
                          score + ", more than in the line before");
-        name.in("className")(error,
+        here.at("className")(error,
                              entry.className.empty() ||
                                  entry.className != colourOfClass(entry.className).name,
                              "reads as " + inQuotes(entry.className) + ", which is not a class");
@@ -286,17 +276,14 @@ bool checkGame(const GameDirectory& home, bool asJson, std::ostream& out) {
     }
     std::array<std::size_t, severityWords.size()> counts{};
     Json list = Json::array();
-    for (const auto& [severity, file, place, field, text] : findings) {
+    for (const auto& [severity, file, place, text] : findings) {
         const auto kind = static_cast<std::size_t>(severity);
         ++counts[kind];
-        list.push_back({{"severity", severityWords[kind]},
-                        {"file", file},
-                        {"place", place},
-                        {"field", field},
-                        {"text", text}});
+        list.push_back(
+            {{"severity", severityWords[kind]}, {"file", file}, {"place", place}, {"text", text}});
         if (!asJson) {
-            out << severityWords[kind] << ": " << file << (place.empty() ? "" : ": " + place)
-                << (field.empty() ? "" : ": " + field) << ' ' << text << '\n';
+            out << severityWords[kind] << ": " << file << (place.empty() ? "" : ": " + place) << ' '
+                << text << '\n';
         }
     }
     const bool isGood = counts[0] + counts[1] == 0;

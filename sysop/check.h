@@ -21,32 +21,33 @@ enum class Severity : std::uint8_t {
 struct Finding {
     Severity severity;
     std::string file;
-    std::string place; // the record, line or entry; empty: the whole file
-    std::string field; // empty: all of the place
+    std::string place; // the record, line or entry, and its field; empty: the whole file
     std::string text;  // a sentence without its subject
 };
 
 using Findings = std::vector<Finding>;
 
-// A place of a file, about which findings are added. Adding returns the condition.
+// A place of a file, about which findings are added.
 class Subject {
 public:
-    Subject(Findings& findings, std::string file, std::string place = {}, std::string field = {})
-        : findings_(findings), file_(std::move(file)), place_(std::move(place)),
-          field_(std::move(field)) {}
+    Subject(Findings& findings, std::string file, std::string place = {})
+        : findings_(findings), file_(std::move(file)), place_(std::move(place)) {}
 
-    [[nodiscard]] Subject at(std::string place, std::string field = {}) const {
-        return {findings_, file_, std::move(place), std::move(field)};
+    // A place within this one.
+    [[nodiscard]] Subject at(const std::string& place) const {
+        return {findings_, file_, place_.empty() ? place : place_ + ": " + place};
     }
-    [[nodiscard]] Subject in(std::string field) const { return at(place_, std::move(field)); }
+    [[nodiscard]] Subject line(std::size_t index) const {
+        return at("line " + std::to_string(index + 1));
+    }
 
+    // Adds a finding if the condition holds, and returns the condition.
     bool operator()(Severity severity, bool holds, const std::string& text) const;
 
 private:
     Findings& findings_;
     std::string file_;
     std::string place_;
-    std::string field_;
 };
 
 // Each of these looks at one kind of file and adds what it finds.

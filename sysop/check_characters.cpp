@@ -39,7 +39,7 @@ void checkTakenSlot(const GameDirectory& home, const PlayerRecord& slot, std::si
     PlayerRecord unstored = slot;
     for (const Field& field : allFields()) {
         const bool isUnread = field.rule == FieldRule::unreadFlag;
-        const Subject here = about.in(field.name + (isUnread ? " (its copy)" : ""));
+        const Subject here = about.at(field.name + (isUnread ? " (its copy)" : ""));
         const auto fault = complaintAbout(field, slot, index);
         here(severityOf(field, slot), fault.has_value(), fault.value_or(""));
         here(warning, field.kind == FieldKind::text && !isPadded(field, slot),
@@ -48,20 +48,20 @@ void checkTakenSlot(const GameDirectory& home, const PlayerRecord& slot, std::si
             std::memset(reinterpret_cast<char*>(&unstored) + field.offset, 0, sizeof(std::int32_t));
         }
     }
-    about.in("worldState")(warning, unstored.worldState != PlayerRecord{}.worldState,
+    about.at("worldState")(warning, unstored.worldState != PlayerRecord{}.worldState,
                            "is not zero where nothing is stored");
     // Who is killed while the game is full comes to stand here.
     about(note, index >= searchedSlots,
           "is never searched by the game: `remove` another player, "
           "and this one moves to his slot");
-    about.in("onlineFlag")(
+    about.at("onlineFlag")(
         note, slot.onlineFlag == 1 && !home.isInside(slot),
         "is 1, but nobody is inside: the call was dropped, or ended at the inn (see "
         "`offline`)");
 }
 
 void checkFreeSlot(const PlayerRecord& slot, std::size_t index, const Subject& about) {
-    if (!about.in("ownerName")(error, slot.ownerName.length > 0,
+    if (!about.at("ownerName")(error, slot.ownerName.length > 0,
                                *complaintAbout(recordField("ownerName"), slot, index))) {
         about(warning, !sameBytes(slot, emptySlot()),
               "has no owner but is not as a free slot; its character is " +
@@ -83,17 +83,17 @@ void checkOwners(const Characters& characters, const Subject& about) {
             gap = std::min(gap, i);
             continue;
         }
-        const std::string place = placeOf(characters[i], i);
+        const Subject here = about.at(placeOf(characters[i], i));
         const auto [first, isNew] = firstOf.try_emplace(characters[i].ownerName.view(), i);
-        about.at(place, "ownerName")(error, !isNew,
-                                     "owns player " + std::to_string(first->second + 1) +
-                                         " too, which the game finds first: `remove` this one");
+        here.at("ownerName")(error, !isNew,
+                             "owns player " + std::to_string(first->second + 1) +
+                                 " too, which the game finds first: `remove` this one");
         const std::string number = std::to_string(gap + 1);
-        if (about.at(place)(error, gap < i,
-                            "is behind player " + number +
-                                ", which is free: the next save makes a second "
-                                "character; `remove " +
-                                number + "` closes the gap")) {
+        if (here(error, gap < i,
+                 "is behind player " + number +
+                     ", which is free: the next save makes a second "
+                     "character; `remove " +
+                     number + "` closes the gap")) {
             gap = characters.size();
         }
     }

@@ -168,7 +168,11 @@ private:
             .footer(
                 "Status 1 when there is an error or a warning. An error is what the game misreads"
                 "\nor plays wrong with; a warning was not written by the game, or needs you.");
-        add("set", "Change fields of a character", {"N!", "--force"}, [this] { set(); })
+        add("set", "Change fields of a character", {"N!", "--force"},
+            [this] {
+                refuseIf(pairs_.size() % 2 != 0, pairs_.back() + ": a value is missing");
+                setPlayer(home(), number("N"), pairs_, has("--force"), out_);
+            })
             .add_option("FIELD VALUE", pairs_,
                         "A field as `show` names it, or a flag of the world: searched.12, "
                         "cleared.12,\ncastle1.3, castle2.3, mortuary1.3, cavern1.3; and its new "
@@ -224,11 +228,6 @@ private:
                 writeBoard(home(), format(), out_);
             }
         });
-    }
-
-    void set() {
-        refuseIf(pairs_.size() % 2 != 0, pairs_.back() + ": a value is missing");
-        setPlayer(home(), number("N"), pairs_, has("--force"), out_);
     }
 };
 

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <numeric>
 
 namespace morvek {
 namespace {
@@ -86,10 +87,8 @@ std::size_t removeEntries(const GameDirectory& home, Contents& files, const IsTo
     const std::size_t removed =
         std::erase_if(entries, [&](const std::string& entry) { return isToGo(textsOf(entry)); });
     if (removed > 0) {
-        std::string& board = files[scrollFileName].emplace(removed * scrollEntrySize, '\0');
-        for (const std::string& entry : entries) {
-            board += entry;
-        }
+        files[scrollFileName] = std::accumulate(entries.begin(), entries.end(),
+                                                std::string(removed * scrollEntrySize, '\0'));
     }
     return removed;
 }
@@ -100,13 +99,11 @@ void putScores(const std::vector<ScoreEntry>& entries, Contents& files) {
     for (const ScoreEntry& entry : entries) {
         lines += scoreLine(entry);
     }
-    files[scoreFileName] = lines;
-    files[plainBulletinName] = plainBulletin(entries);
-    files[ansiBulletinName] = ansiBulletin(entries);
-    for (const char* name : {scoreFileName, plainBulletinName, ansiBulletinName}) {
-        if (entries.empty()) {
-            files[name].reset();
-        }
+    const Contents whole{{scoreFileName, lines},
+                         {plainBulletinName, plainBulletin(entries)},
+                         {ansiBulletinName, ansiBulletin(entries)}};
+    for (const auto& [name, content] : whole) {
+        files[name] = entries.empty() ? std::nullopt : content;
     }
 }
 

@@ -19,6 +19,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <set>
 
 namespace morvek {
 namespace {
@@ -193,51 +194,41 @@ void setWare(PlayerRecord& slot, const Wares& kind, std::size_t number) {
 
 void setWareByName(const Field& field, PlayerRecord& slot, std::string_view typed) {
     const Wares& kind = waresOf(field);
-    std::string all;
-    for (std::size_t number = 0; number < kind.names.size(); ++number) {
-        if (text::sameLetters(kind.names[number], typed)) {
-            setWare(slot, kind, number);
-            return;
-        }
-        all.append(number > 0 ? ", " : "").append(kind.names[number]);
-    }
-    throw Misuse(field.name + ": \"" + std::string(typed) + "\" is none of " + all);
+    const auto found =
+        std::find_if(kind.names.begin(), kind.names.end(),
+                     [&](std::string_view name) { return text::sameLetters(name, typed); });
+    refuseIf(found == kind.names.end(),
+             field.name + ": \"" + std::string(typed) + "\" is not among the shop's wares");
+    setWare(slot, kind, static_cast<std::size_t>(found - kind.names.begin()));
 }
 
-// The flags by the numbers of their words; empty where a word is none.
-std::array<std::string, worldWordCount> flagsByWord() {
-    std::array<std::string, worldWordCount> names;
-    for (std::size_t kind = 0; kind < worldPlaces.size(); ++kind) {
-        const Places& places = worldPlaces[kind];
-        for (int i = 1; i <= places.count; ++i) {
-            const std::size_t word = kind == 0   ? searchedWord(i)
-                                     : kind == 1 ? clearedWord(i)
-                                                 : levelClearedWord(levelWords[kind - 2].level, i);
-            names[word] = places.key + "." + std::to_string(i);
-        }
-    }
-    return names;
+std::size_t wordOf(std::size_t kind, int number) {
+    return kind == 0   ? searchedWord(number)
+           : kind == 1 ? clearedWord(number)
+                       : levelClearedWord(levelWords.at(kind - 2).level, number);
 }
 
-// Stores a world whose every word holds its number plus one, to see where each word goes.
+// Stores a world whose flags hold numbers of their own, to see where each of them goes.
 std::vector<Field> findFlags() {
     resetGame();
-    for (std::size_t word = 0; word < worldWordCount; ++word) {
-        game.world.words[word] = static_cast<std::int32_t>(word + 1);
+    std::vector<std::string> names{""};
+    for (std::size_t kind = 0; kind < worldPlaces.size(); ++kind) {
+        for (int i = 1; i <= worldPlaces[kind].count; ++i) {
+            game.world.words[wordOf(kind, i)] = static_cast<std::int32_t>(names.size());
+            names.push_back(worldPlaces[kind].key + "." + std::to_string(i));
+        }
     }
     PlayerRecord slot;
     storePlayer(slot, StoreKind::whole);
     resetGame();
-    const auto names = flagsByWord();
     std::vector<Field> found;
-    std::array<bool, worldWordCount> met{};
+    std::set<std::int32_t> met;
     for (std::size_t i = 0; i < slot.worldState.size(); ++i) {
-        const auto word = static_cast<std::size_t>(slot.worldState[i] - 1);
-        if (slot.worldState[i] != 0 && !names[word].empty()) {
-            const std::size_t offset =
-                offsetof(PlayerRecord, worldState) + i * sizeof(std::int32_t);
-            found.push_back({names[word], number, offset, 0, 1, met[word] ? unreadFlag : flag});
-            met[word] = true;
+        const std::int32_t id = slot.worldState[i];
+        const std::size_t offset = offsetof(PlayerRecord, worldState) + i * sizeof id;
+        if (id != 0) {
+            found.push_back({names.at(static_cast<std::size_t>(id)), number, offset, 0, 1,
+                             met.insert(id).second ? flag : unreadFlag});
         }
     }
     return found;

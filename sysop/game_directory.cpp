@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <chrono>
 #include <ctime>
+#include <numeric>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -154,11 +155,7 @@ std::string readBoard(const GameDirectory& home) {
             entries.push_back(entry);
         }
     }
-    board.clear();
-    for (auto entry = entries.end() - std::tuple_size_v<Scroll>; entry != entries.end(); ++entry) {
-        board += *entry;
-    }
-    return board;
+    return std::accumulate(entries.end() - std::tuple_size_v<Scroll>, entries.end(), std::string());
 }
 
 std::vector<std::string> boardEntries(const std::string& content) {

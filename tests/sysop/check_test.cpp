@@ -62,7 +62,7 @@ TEST_F(Check, ReadsEveryOtherFileAsTheGameDoes) {
         {"111526.txt", "It's a new day!\n\rBob\n", "line 2 does not end"},
         {"139926.txt", "It's a new day!\n\r", "is not named after a date"},
         {"morvek.cfg", "x\n" + std::string(254, 'y') + "\n.\n", "line 2 is longer than 253"},
-        {"morvek.cfg", "x\ny\n.\r\n", "error: morvek.cfg: line 3 ends in a carriage return"},
+        {"morvek.cfg", "x\ny\n.\r\n", "morvek.cfg: line 3 ends in a carriage return"},
         {"morvek.cfg", "x\ny\n/no/where\n", "is \"/no/where\", which is not a directory"}};
     for (const auto& [file, content, fault] : cases) {
         writeFile(file, content);
