@@ -6,6 +6,7 @@
 #include "sysop/check.h"
 #include "sysop/fields.h"
 
+#include <algorithm>
 #include <cstring>
 #include <map>
 #include <set>
@@ -74,35 +75,6 @@ std::string placeOf(const PlayerRecord& slot, std::size_t index) {
     return isFree(slot) ? place : place + " (" + toUtf8(slot.ownerName.view()) + ")";
 }
 
-// How the game finds characters: each caller has one, and there is no gap before the last.
-void checkOwners(const Characters& characters, const Subject& about) {
-    std::map<std::string_view, std::size_t> firstOf;
-    std::size_t gap = characters.size();
-    for (std::size_t i = 0; i < characters.size(); ++i) {
-        if (isFree(characters[i])) {
-            gap = std::min(gap, i);
-            continue;
-        }
-        const Subject here = about.at(placeOf(characters[i], i));
-        const auto [first, isNew] = firstOf.try_emplace(characters[i].ownerName.view(), i);
-        here.at("ownerName")(error, !isNew,
-                             "owns player " + std::to_string(first->second + 1) +
-                                 " too, which the game finds first: `remove` this one");
-        const std::string number = std::to_string(gap + 1);
-        if (here(error, gap < i,
-                 "is behind player " + number +
-                     ", which is free: the next save makes a second "
-                     "character; `remove " +
-                     number + "` closes the gap")) {
-            gap = characters.size();
-        }
-    }
-    const std::size_t taken = takenPlaces(characters);
-    about(warning, taken >= manyPlaces,
-          "has " + std::to_string(taken) + " of " + std::to_string(searchedSlots) +
-              " places taken: who finds none cannot save (see `purge`)");
-}
-
 } // namespace
 
 void checkCharacters(const GameDirectory& home, Findings& findings) {
@@ -116,15 +88,31 @@ void checkCharacters(const GameDirectory& home, Findings& findings) {
           size + "it ends in player " + std::to_string(content->size() / sizeof(PlayerRecord) + 1));
     about(warning, content->size() > wholeFile, size + "the rest is never read");
     const Characters characters = charactersIn(*content);
+    // How the game finds characters: each caller has one, and there is no gap before the last.
+    std::map<std::string_view, std::size_t> firstOf;
+    std::size_t gap = characters.size();
     for (std::size_t i = 0; i < characters.size(); ++i) {
         const Subject here = about.at(placeOf(characters[i], i));
         if (isFree(characters[i])) {
             checkFreeSlot(characters[i], i, here);
-        } else {
-            checkTakenSlot(home, characters[i], i, here);
+            gap = std::min(gap, i);
+            continue;
+        }
+        checkTakenSlot(home, characters[i], i, here);
+        const auto [first, isNew] = firstOf.try_emplace(characters[i].ownerName.view(), i);
+        here.at("ownerName")(error, !isNew,
+                             "owns player " + std::to_string(first->second + 1) +
+                                 " too, which the game finds first: `remove` this one");
+        const std::string number = std::to_string(gap + 1);
+        if (here(error, gap < i,
+                 "is behind player " + number + ", which is free: the next save makes a second " +
+                     "character; `remove " + number + "` closes the gap")) {
+            gap = characters.size();
         }
     }
-    checkOwners(characters, about);
+    const std::string taken = std::to_string(takenPlaces(characters));
+    about(warning, takenPlaces(characters) >= manyPlaces,
+          "has " + taken + " of 49 places taken: who finds none cannot save (see `purge`)");
 }
 
 } // namespace morvek

@@ -150,17 +150,15 @@ void setPlayer(const GameDirectory& home, std::size_t number, const std::vector<
     Characters characters = readCharacters(home);
     PlayerRecord& slot = playerOf(characters, number);
     const PlayerRecord before = slot;
-    std::string unchanged;
     for (std::size_t i = 0; i + 1 < pairs.size(); i += 2) {
-        const Field& field = setField(slot, pairs[i], pairs[i + 1]);
-        unchanged += field.name + " is already " + shownValue(field, before) + ".\n";
+        setField(slot, pairs[i], pairs[i + 1]);
     }
     const std::string changes = changesOf(before, slot, number);
     refuseSecondSlot(characters, number);
     refuseInside(home, before, number, forced);
     refuseInside(home, slot, number, forced);
     if (sameBytes(before, slot)) {
-        out << unchanged;
+        out << "There is nothing to change.\n";
         return;
     }
     change.commit({{characterFileName, bytesOf(characters)}}, out);

@@ -208,8 +208,8 @@ std::size_t wordOf(std::size_t kind, int number) {
                        : levelClearedWord(levelWords.at(kind - 2).level, number);
 }
 
-// Stores a world whose flags hold numbers of their own, to see where each of them goes.
-std::vector<Field> findFlags() {
+// Adds the flags: stores a world in which they hold numbers of their own, to see where each goes.
+std::vector<Field> findFields() {
     resetGame();
     std::vector<std::string> names{""};
     for (std::size_t kind = 0; kind < worldPlaces.size(); ++kind) {
@@ -221,7 +221,7 @@ std::vector<Field> findFlags() {
     PlayerRecord slot;
     storePlayer(slot, StoreKind::whole);
     resetGame();
-    std::vector<Field> found;
+    std::vector<Field> found = recordFields;
     std::set<std::int32_t> met;
     for (std::size_t i = 0; i < slot.worldState.size(); ++i) {
         const std::int32_t id = slot.worldState[i];
@@ -251,12 +251,7 @@ const std::vector<Places> worldPlaces{
 };
 
 const std::vector<Field>& allFields() {
-    static const std::vector<Field> fields = [] {
-        std::vector<Field> all = recordFields;
-        const std::vector<Field> flags = findFlags();
-        all.insert(all.end(), flags.begin(), flags.end());
-        return all;
-    }();
+    static const std::vector<Field> fields = findFields();
     return fields;
 }
 
@@ -287,13 +282,13 @@ Json jsonValue(const Field& field, const PlayerRecord& slot) {
                : Json(value);
 }
 
-const Field& setField(PlayerRecord& slot, std::string_view name, std::string_view typed) {
-    const Field* named = nullptr;
+void setField(PlayerRecord& slot, std::string_view name, std::string_view typed) {
+    bool isFound = false;
     for (const Field& field : allFields()) {
         if (!text::sameLetters(field.name, name)) {
             continue;
         }
-        named = named == nullptr ? &field : named;
+        isFound = true;
         if (field.kind == text && field.rule == ware) {
             setWareByName(field, slot, typed);
         } else if (field.kind == text) {
@@ -305,10 +300,8 @@ const Field& setField(PlayerRecord& slot, std::string_view name, std::string_vie
             setWare(slot, waresOf(field), static_cast<std::size_t>(numberIn(field, slot)));
         }
     }
-    refuseIf(named == nullptr, std::string(name) +
-                                   " is not a field of a character (`show` lists "
-                                   "them) or a flag of the world, such as searched.12");
-    return *named;
+    refuseIf(!isFound, std::string(name) + " is not a field of a character (`show` lists them) or "
+                                           "a flag of the world, such as searched.12");
 }
 
 std::optional<std::string> complaintAbout(const Field& field, const PlayerRecord& slot,

@@ -71,9 +71,9 @@ std::string shownValue(const Field& field, const PlayerRecord& slot);
 Json jsonValue(const Field& field, const PlayerRecord& slot);
 
 // Puts the typed value, which is UTF-8, into the fields of that name, upper and lower case alike. A
-// weapon's or an armour's number is set with its name and its name with the number. Returns the
-// field; throws Misuse when there is none or the value is not of its kind.
-const Field& setField(PlayerRecord& slot, std::string_view name, std::string_view typed);
+// weapon's or an armour's number is set with its name and its name with the number. Throws Misuse
+// when there is no such field or the value is not of its kind.
+void setField(PlayerRecord& slot, std::string_view name, std::string_view typed);
 
 // What is wrong with the field in the slot of that number, as a sentence without its subject ("is
 // 99; must be 1 to 7"); nothing when play could have given it.

@@ -46,7 +46,7 @@ TEST_F(Edit, SetRefusesWhatDoesNotFit) {
     }
     EXPECT_THAT(told("set 51 gold 1"), StartsWith("2: "));
     EXPECT_THAT(told("set 9 gold 1"), StartsWith("1: "));
-    EXPECT_THAT(told("set 2 gold 25"), HasSubstr("is already 25"));
+    EXPECT_THAT(told("set 2 gold 25"), HasSubstr("nothing to change"));
     EXPECT_EQ(backups(), 0);
     EXPECT_TRUE(isUnchanged());
 }
