@@ -36,7 +36,8 @@ void od_parse_cmd_line(int argc, char* argv[]);
 void od_init(void);
 
 /* Flushes, resets the colour, restores the terminal and ends the process with errorlevel. With one
- * that is not 0 a board's caller gets up to three seconds, or until a key, to read the last line. */
+ * that is not 0 a board's caller gets up to three seconds, or until a key, to read the last line.
+ */
 OD_NORETURN void od_exit(int errorlevel, int hangUp);
 
 /* Sets the colour of what follows by PC numbers: foreground 0..15, background 0..7. */
@@ -76,8 +77,9 @@ void od_input_str(char* text, int maxLength, unsigned char min, unsigned char ma
 
 /* Shows the display file name.ans, or name.asc to a caller without ANSI graphics or with fewer than
  * 80 columns, unless a hot key is already typed, and waits for one of the hot keys, in either case;
- * returns it as it stands in hotkeys. If these are digits and letters, the arrows are 8, 4, 6 and 2,
- * and Home, PgUp, End and PgDn are 7, 9, 1 and 3; keys that number a list from 1 are left alone. */
+ * returns it as it stands in hotkeys. If these are digits and letters, the arrows are 8, 4, 6 and
+ * 2, and Home, PgUp, End and PgDn are 7, 9, 1 and 3; keys that number a list from 1 are left alone.
+ */
 char od_hotkey_menu(const char* name, const char* hotkeys, int wait);
 
 #ifdef __cplusplus
