@@ -142,20 +142,9 @@ std::string readData(const GameDirectory& home, const std::string& name) {
 }
 
 std::string readBoard(const GameDirectory& home) {
-    std::string board = readData(home, scrollFileName);
     const std::string old =
         home.lock->othersType() ? readData(home, oldScrollFileName) : std::string();
-    if (old.empty()) {
-        return board;
-    }
-    std::vector<std::string> entries = boardEntries(old);
-    for (const std::string& entry : boardEntries(board)) {
-        if (entry != emptyEntry &&
-            std::find(entries.begin(), entries.end(), entry) == entries.end()) {
-            entries.push_back(entry);
-        }
-    }
-    return std::accumulate(entries.end() - std::tuple_size_v<Scroll>, entries.end(), std::string());
+    return old.empty() ? readData(home, scrollFileName) : old;
 }
 
 std::vector<std::string> boardEntries(const std::string& content) {

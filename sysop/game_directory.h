@@ -18,9 +18,6 @@ namespace fs = std::filesystem;
 
 inline constexpr const char* characterFileName = "morchars.dat";
 
-// The board as it was before somebody began to type a message; counts while he types.
-inline constexpr const char* oldScrollFileName = "scroll.old";
-
 // The display files that the game asks for, without their endings.
 extern const std::vector<std::string> menuNames;
 
@@ -78,8 +75,7 @@ bool isDataFileName(std::string_view name);
 // The file's content, empty when there is none; throws Failure when it cannot be read.
 std::string readData(const GameDirectory& home, const std::string& name);
 
-// The board's file. While a caller types a message, it is empty or holds what others have confirmed
-// since; this is the board as it was before, and these.
+// The whole board. While a caller types a message, this is not what its file holds.
 std::string readBoard(const GameDirectory& home);
 
 // The entries of a board's file, each as its bytes; always ten.
