@@ -61,7 +61,7 @@ void Output::showFile(std::string_view bytes) {
     }
     sendAttribute();
     if (ansi() && charset_ == Charset::utf8) {
-        put(coloursForUtf8(bytes, attribute_));
+        put(rewritten(bytes));
     } else {
         put(bytes);
     }
@@ -70,6 +70,17 @@ void Output::showFile(std::string_view bytes) {
         terminalAttribute_.reset();
         lineAttribute_.reset();
     }
+}
+
+const std::string& Output::rewritten(std::string_view bytes) {
+    for (const RewrittenFile& file : rewrittenFiles_) {
+        if (file.before == bytes && file.attribute == attribute_) {
+            return file.after;
+        }
+    }
+    RewrittenFile& place = rewrittenFiles_[nextPlace_++ % rewrittenFiles_.size()];
+    place = {std::string(bytes), attribute_, coloursForUtf8(bytes, attribute_)};
+    return place.after;
 }
 
 void Output::erase(int characters) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -73,6 +74,7 @@ private:
     void keepLine();
     void put(std::string_view bytes);
     void followControl(char byte);
+    const std::string& rewritten(std::string_view bytes);
 
     const char& ansiFlag_;
     Charset charset_ = Charset::cp437;
@@ -81,6 +83,15 @@ private:
     int column_ = 0;
     bool inSequence_ = false;
     std::string bytes_;
+
+    // The display files that were rewritten last, since callers go to and fro between a few.
+    struct RewrittenFile {
+        std::string before;
+        Attribute attribute;
+        std::string after;
+    };
+    std::array<RewrittenFile, 4> rewrittenFiles_;
+    std::size_t nextPlace_ = 0;
 
     // The cursor's line as it is sent: the part of it that is drained, and where it goes on in
     // bytes_.
