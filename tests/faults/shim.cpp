@@ -8,6 +8,7 @@
 //   interrupt 0  every second read and write is interrupted
 //   kill N       the program is killed at call N
 //   pause 0      the program stops before it renames its first file
+//   yield 0      every fifth call waits first, so that other programs come in between
 //
 // Into the pipe MORVEK_WAITS goes a '.' before each wait for a key, and an 'x' when the program
 // ends before call N.
@@ -50,6 +51,9 @@ bool fails(Nature nature) {
     calls += kind != 0 ? 1 : 0;
     if (kind == 'k' && calls == struckCall) {
         raise(SIGKILL);
+    }
+    if (kind == 'y' && (calls + getpid()) % 5 == 0) {
+        usleep(20);
     }
     errno = kind == 'f' ? ENOSPC : kind == 'i' ? EINTR : EIO;
     if (kind == 'i' && nature == slow) {

@@ -7,55 +7,56 @@ In each round every caller first plays in a directory of his own. Then all play 
 the same chance in one directory: key by key in random turns; at full speed; and at full speed while
 a third of them are killed. A round depends on its seed only, which a failure names.
 """
-import os, random, re, shutil, subprocess, sys, tempfile, time
+import os, pathlib, random, re, shutil, subprocess, sys, tempfile, time
 from collections import Counter
 
 PROGRAM, TOOL, MENUS, SHIM = map(os.path.abspath, sys.argv[1:5])
 ROUNDS = int((sys.argv[5:] + [6])[0])
 SEED = int((sys.argv[6:] + [random.SystemRandom().randrange(10**6)])[0])
 
-NEWS, DAY = "011527.txt", "It's a new day!"  # the day of the shim
+NEWS, DAY = "011527.txt", "It's a new day!"  # the shim's clock stands still
 KNOWN = re.compile(rf"morvek\.(cfg|lock)|morchars\.dat|scroll\.dat|scores\.(dat|asc|ans)|{NEWS}")
 
 # Each begins and ends in Towne, whatever the caller owns; {} is a digit.
 ERRANDS = ["wb{}yxlxr", "wsyxr", "ab{}yxlxr", "asyxr", "bd{}\rxr", "bw{}\rxr", "haxr", "hg{}xr",
            "hh{}\rxxr", "to{}yxlxr", "to{}yxlxr", "tlcr", "yx", "lx", "ox", "m"]
 STEPS = ["a"] * 40 + ["s"] * 4 + ["haxr"] * 2 + list("12346789eldu")
-# A dead caller is at the title, where each of them ends the program.
-WAYS_OUT = ["qxxq", "tgyxrrqxxq"]  # the quit; the inn, and the quit if the room is too dear
+TRAINING = "ttttt" + "ax" * 15 + "rrr"
+# The quit; the inn, and the quit if a room is too dear. Who has died on a walk is at the title,
+# where both end the program.
+WAYS_OUT = ["qxxq", "tgyxrrqxxq"]
 
 count = Counter()
 
 
 class Caller:
-    """One user of the board, with the keys of all his calls."""
+    """One user of the board. Who is killed in a call writes no messages."""
 
     def __init__(self, rng, number, calls):
         self.rng, self.number, self.name = rng, number, f"Caller {number}"
         self.seeds = [rng.randrange(1, 2**31 - 1) for _ in range(calls)]
-        self.last = rng.randrange(calls) if number % 3 == 2 else None  # he is killed in this call
+        self.killed_in = rng.randrange(calls) if number % 3 == 2 else None
 
-    def choose_keys(self, is_new, inn):
-        """A capital Y confirms a message, and is typed nowhere else."""
+    def choose_keys(self, is_new, with_inn):
+        """Fills keys, a text for each call. A capital Y confirms a message and nothing else."""
         self.keys, self.messages = [], []
         for _ in self.seeds:
             games = []
             for _ in range(self.rng.randint(1, 2)):
-                arrival = f"hero {self.number}\ry{self.rng.randint(1, 8)}x" if is_new else "x"
-                games.append("s" + arrival + self.errands() + self.message() + self.errands())
+                creation = f"hero {self.number}\ry{self.rng.randint(1, 8)}x" if is_new else "x"
+                games.append("s" + creation + self.errands() + self.message() + self.errands())
                 is_new = False
             walk = "f" + "".join(self.rng.choices(STEPS, k=60)) + "fyxrrr"
-            training = "ttttt" + "ax" * 15 + "rrr"
             self.keys.append(self.rng.choice(["", "hx"]) + "qxx".join(games)
-                             + self.rng.choice(["", walk, walk, walk, training])
-                             + self.rng.choice(WAYS_OUT[:1 + inn]))
+                             + self.rng.choice(["", walk, walk, walk, TRAINING])
+                             + self.rng.choice(WAYS_OUT[:1 + with_inn]))
 
     def errands(self):
         chosen = self.rng.choices(ERRANDS, k=self.rng.randint(0, 4))
         return "".join(errand.format(self.rng.randint(1, 6)) for errand in chosen)
 
     def message(self):
-        if self.last is not None or self.rng.random() < .5:
+        if self.killed_in is not None or self.rng.random() < .5:
             return ""
         text = f"{self.number} says {len(self.messages)}"
         self.messages.append(f"hero {self.number}: {text}")
@@ -63,8 +64,9 @@ class Caller:
 
     def dial(self, folder, call, waits="/dev/null", **options):
         count["calls"] += 1
-        environment = {**os.environ, "TZ": "UTC", "LD_PRELOAD": "../../shim.so", "MORVEK_FAULT": "",
-                       "MORVEK_SEED": str(self.seeds[call]), "MORVEK_WAITS": waits,
+        environment = {**os.environ, "TZ": "UTC", "LD_PRELOAD": "../../shim.so",
+                       "MORVEK_FAULT": "yield 0", "MORVEK_SEED": str(self.seeds[call]),
+                       "MORVEK_WAITS": waits,
                        "ASAN_OPTIONS": "verify_asan_link_order=0:detect_leaks=0"}
         graphics = ["-GRAPHICS", "-ASCII"][self.number % 2]
         return subprocess.Popen([PROGRAM, "-LOCAL", "-USERNAME", self.name, graphics], cwd=folder,
@@ -72,7 +74,7 @@ class Caller:
                                 stdout=subprocess.DEVNULL, **options)
 
     def play(self, folder):
-        """Plays alone; false when not all calls ended with a quit."""
+        """Plays alone; false when a call does not end by itself."""
         for k, keys in enumerate(self.keys):
             call = self.dial(folder, k)
             call.communicate(keys.encode(), timeout=20)
@@ -80,21 +82,21 @@ class Caller:
                 return False
         return True
 
-    def play_alone(self, start, folder):
+    def play_alone(self, start):
         """Finds keys that lead to the end of each call, and notes what they leave."""
         while True:
-            shutil.copytree(start, folder)
-            self.choose_keys(self.name not in records(start), os.path.exists(f"{start}/morchars.dat"))
-            if self.play(folder) and board(folder) == self.messages[-10:]:
+            shutil.copytree(start, self.name)
+            self.choose_keys(self.name not in records(start), bool(records(start)))
+            if self.play(self.name) and board(self.name) == self.messages[-10:]:
                 break
             count["keys chosen again"] += 1
-            shutil.rmtree(folder)
-        self.record = records(folder)[self.name]
-        self.arrivals = read(folder, NEWS).count(self.name)
-        self.score = scores(folder)
+            shutil.rmtree(self.name)
+        self.record = records(self.name)[self.name]
+        self.arrivals = read(self.name, NEWS).count(self.name)
+        self.scores = scores(self.name)
 
     def turns(self, folder, confirmed):
-        """Plays a key at each step."""
+        """Types a key at each step."""
         messages = iter(self.messages)
         for k, keys in enumerate(self.keys):
             waits, report = os.pipe()
@@ -114,11 +116,8 @@ class Caller:
 
 
 def read(folder, name):
-    try:
-        with open(f"{folder}/{name}", encoding="latin-1", newline="") as file:
-            return file.read()
-    except FileNotFoundError:
-        return ""
+    path = pathlib.Path(folder, name)
+    return path.read_bytes().decode("latin-1") if path.exists() else ""
 
 
 def text(slot):
@@ -142,7 +141,7 @@ def scores(folder):
 
 
 def play_in_turns(rng, crowd, folder):
-    """One key at a time; gives the messages in their order."""
+    """Gives the messages in the order of their confirmation."""
     confirmed = []
     playing = [caller.turns(folder, confirmed) for caller in crowd]
     while playing:
@@ -154,9 +153,9 @@ def play_in_turns(rng, crowd, folder):
 
 def play_at_once(rng, crowd, folder, kills):
     for k in range(len(crowd[0].keys)):
-        calls = [(caller, caller.dial(folder, k), kills and caller.last == k) for caller in crowd
-                 if not kills or caller.last is None or k <= caller.last]
-        time.sleep(.02)  # until the last waits for keys
+        calls = [(caller, caller.dial(folder, k), kills and caller.killed_in == k)
+                 for caller in crowd if not kills or caller.killed_in in [None, *range(k, 9)]]
+        time.sleep(.02)  # They wait for keys now.
         for caller, call, killed in calls:
             keys = caller.keys[k].encode()
             call.stdin.write(keys[:len(keys) // 2] if killed else keys)
@@ -164,28 +163,25 @@ def play_at_once(rng, crowd, folder, kills):
         for caller, call, killed in calls:
             if killed:
                 call.kill()
-                count["kills"] += 1
+                count["killed"] += 1
+            call.stdin.close()
         for caller, call, killed in calls:
             assert call.wait(20) == (-9 if killed else 0), (caller.name, k, call.returncode)
-            call.stdin.close()
 
 
-def check(folder, crowd, survivors, confirmed):
-    found = records(folder)
-    lost = [caller.name for caller in survivors if found.get(caller.name) != caller.record]
-    assert not lost, f"records differ: {lost}"
-
-    news = read(folder, NEWS).split("\n\r")
-    assert news[0] == DAY and news.count(DAY) == 1 and news[-1] == "", news
-    arrivals = Counter(news[1:-1])
-    names = {f"{caller.name} joined the game." for caller in crowd}
-    assert arrivals.keys() <= names, arrivals.keys() - names
+def check_news(folder, crowd, survivors):
+    lines = read(folder, NEWS).split("\n\r")
+    assert lines[0] == DAY and lines.count(DAY) == 1 and lines[-1] == "", lines
+    arrivals = Counter(lines[1:-1])
+    assert arrivals.keys() <= {f"{caller.name} joined the game." for caller in crowd}, lines
     for caller in survivors:
-        assert arrivals[f"{caller.name} joined the game."] == caller.arrivals, (caller.name, news)
+        assert arrivals[f"{caller.name} joined the game."] == caller.arrivals, (caller.name, lines)
 
+
+def check_board(folder, crowd, confirmed):
+    """Where the order of all is not known, that of each caller's own messages is."""
     shown = board(folder)
-    if confirmed is not None:
-        assert shown == confirmed[-10:], (shown, confirmed)
+    assert confirmed is None or shown == confirmed[-10:], (shown, confirmed)
     sent = sum(len(caller.messages) for caller in crowd)
     assert len(shown) == min(sent, 10), (shown, sent)
     for caller in crowd:
@@ -193,19 +189,28 @@ def check(folder, crowd, survivors, confirmed):
         assert own == caller.messages[len(caller.messages) - len(own):], (own, caller.messages)
     count["messages"] += sent
 
-    # A better score of one who is in a full list costs the tenth: nine are certain.
-    table = scores(folder)
-    final = [line for caller in survivors for line in caller.score]
-    others = [line for line in table if not any(line[0] == one[0] for one in final)]
-    best = sorted((int(score) for _, score, _ in final + others), reverse=True)
-    assert [int(score) for _, score, _ in table][:9] == best[:9], (table, final)
-    caller = Caller(random.Random(0), 0, 1)
-    caller.keys = ["hxq"]
-    assert caller.play(folder)
+
+def check_scores(folder, survivors):
+    """Of a full list, a better score of one who is in it costs the tenth: nine are certain."""
+    table, best = scores(folder), [line for caller in survivors for line in caller.scores]
+    best += [line for line in table if line[0] not in {name for name, _, _ in best}]
+    best.sort(key=lambda line: -int(line[1]))
+    assert [line[1] for line in table][:9] == [line[1] for line in best][:9], (table, best)
+    looker = Caller(random.Random(0), 0, 1)
+    looker.keys = ["hxq"]
+    assert looker.play(folder)
     lines = [f"{rank}.".ljust(6) + name.ljust(22) + score.ljust(18) + title.ljust(15) + "\n"
              for rank, (name, score, title) in enumerate(table, 1)]
     assert not table or read(folder, "scores.asc").split("-\n")[1] == "".join(lines), table
 
+
+def check(folder, crowd, survivors, confirmed):
+    found = records(folder)
+    lost = [caller.name for caller in survivors if found.get(caller.name) != caller.record]
+    assert not lost, f"records differ: {lost}"
+    check_news(folder, crowd, survivors)
+    check_board(folder, crowd, confirmed)
+    check_scores(folder, survivors)
     tool = subprocess.run([TOOL, "check"], cwd=folder, capture_output=True, timeout=20)
     assert tool.returncode == 0, (tool.stdout + tool.stderr).decode()
     for name in set(os.listdir(folder)) - set(os.listdir(MENUS)):
@@ -218,26 +223,25 @@ def play_round(rng):
     calls = rng.randint(1, 3)
     crowd = [Caller(rng, number, calls) for number in range(rng.randint(12, 18))]
     shutil.copytree(MENUS, "start")
-    with open("start/morvek.cfg", "w") as file:
-        file.write("Morvek\nThe Oak\n.\n")
+    pathlib.Path("start/morvek.cfg").write_text("Morvek\nThe Oak\n.\n")
     if rng.random() < .5:
-        # One lives here already, whose record the inn stamps with the day for all others.
+        # One has played here today. By the rules all others stamp his record at the inn.
         first = Caller(rng, 0, 1)
         first.keys = ["shero 0\ry1xqxxsxqxxq"]
         assert first.play("start")
         os.remove(f"start/{NEWS}")
     for caller in crowd:
-        caller.play_alone("start", caller.name)
-    survivors = [caller for caller in crowd if caller.last is None]
+        caller.play_alone("start")
+    survivors = [caller for caller in crowd if caller.killed_in is None]
     for way, left in [("turns", crowd), ("speed", crowd), ("kills", survivors)]:
         shutil.copytree("start", way)
-        try:
-            confirmed = play_in_turns(rng, crowd, way) if way == "turns" else None
-            if way != "turns":
-                play_at_once(rng, crowd, way, way == "kills")
-            check(way, crowd, left, confirmed)
-        except AssertionError as failure:
-            raise AssertionError(f"{way}: {failure}")
+        count[way] += 1
+        confirmed = None
+        if way == "turns":
+            confirmed = play_in_turns(rng, crowd, way)
+        else:
+            play_at_once(rng, crowd, way, kills=way == "kills")
+        check(way, crowd, left, confirmed)
 
 
 home, began = tempfile.mkdtemp(prefix="morvek."), time.monotonic()
@@ -251,5 +255,6 @@ for seed in range(SEED, SEED + ROUNDS):
     except (AssertionError, OSError, subprocess.TimeoutExpired) as failure:
         sys.exit(f"seed {seed}, {dict(count)}, files in {os.getcwd()}:\n{failure}")
     shutil.rmtree(os.getcwd())
+os.chdir("/")
 shutil.rmtree(home)
 print(f"{ROUNDS} rounds, {dict(count)} in {time.monotonic() - began:.0f} s")
