@@ -210,7 +210,7 @@ void checkBoard(const GameDirectory& home, Findings& findings) {
     }
     const Subject about(findings, scrollFileName);
     const std::size_t size = content->size();
-    about(note, size == 0 && !home.lock->othersType(),
+    about(note, size == 0 && !home.lock->isBoardTaken(),
           "is empty: a call was cut off while a message was written");
     about(error, size != 0 && size != scrollSize && size != 2 * scrollSize,
           "has " + std::to_string(size) + " bytes; must be 480, or 960 once it was shown");

@@ -82,7 +82,7 @@ using IsToGo = std::function<bool(const ScrollEntry&)>;
 
 // Takes entries off the board; how many.
 std::size_t removeEntries(const GameDirectory& home, Contents& files, const IsToGo& isToGo) {
-    failIf(home.lock->othersType(), "a caller is typing a message now; nothing was changed");
+    failIf(home.lock->isBoardTaken(), "a caller is typing a message now; nothing was changed");
     std::vector<std::string> entries = boardEntries(readBoard(home));
     const std::size_t removed =
         std::erase_if(entries, [&](const std::string& entry) { return isToGo(textsOf(entry)); });

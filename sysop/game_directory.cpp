@@ -142,9 +142,19 @@ std::string readData(const GameDirectory& home, const std::string& name) {
 }
 
 std::string readBoard(const GameDirectory& home) {
-    const std::string old =
-        home.lock->othersType() ? readData(home, oldScrollFileName) : std::string();
-    return old.empty() ? readData(home, scrollFileName) : old;
+    const std::string now = readData(home, scrollFileName);
+    const std::string taken =
+        home.lock->isBoardTaken() ? readData(home, oldScrollFileName) : std::string();
+    if (taken.empty()) {
+        return now;
+    }
+    std::vector<std::string> entries = boardEntries(taken);
+    for (const std::string& entry : boardEntries(now)) {
+        if (entry != emptyEntry) {
+            entries.push_back(entry);
+        }
+    }
+    return std::accumulate(entries.end() - std::tuple_size_v<Scroll>, entries.end(), std::string());
 }
 
 std::vector<std::string> boardEntries(const std::string& content) {

@@ -75,7 +75,7 @@ bool isDataFileName(std::string_view name);
 // The file's content, empty when there is none; throws Failure when it cannot be read.
 std::string readData(const GameDirectory& home, const std::string& name);
 
-// The whole board. While a caller types a message, this is not what its file holds.
+// The whole board, with what a caller who types a message has taken out of its file.
 std::string readBoard(const GameDirectory& home);
 
 // The entries of a board's file, each as its bytes; always ten.

@@ -98,8 +98,9 @@ bool isMissing(const std::string& path) {
 }
 
 void createWith(const std::string& path, std::string_view content) {
-    const OpenFile file(openFile(path, O_WRONLY | O_CREAT | O_EXCL | O_APPEND));
-    if (file.isOpen()) {
+    const OpenFile file(openFile(path, O_WRONLY | O_CREAT | O_APPEND));
+    struct stat status {};
+    if (file.isOpen() && ::fstat(file.get(), &status) == 0 && status.st_size == 0) {
         writeAll(file.get(), content);
     }
 }

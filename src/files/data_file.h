@@ -29,7 +29,8 @@ bool canRead(const std::string& path);
 // Whether there is certainly no such file; one that only cannot be opened is not missing.
 bool isMissing(const std::string& path);
 
-// Creates the file with this content; does nothing when there is such a file.
+// Creates the file with this content, or fills an empty one; does nothing when the file has
+// content.
 void createWith(const std::string& path, std::string_view content);
 
 // Appends the text in one write, creating the file. Nothing of it stays when not all of it can be

@@ -18,7 +18,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr off_t transactionByte = 0;
 constexpr off_t nextByte = 1;
-constexpr off_t typingByte = 2;
+constexpr off_t boardByte = 2;
 constexpr off_t firstUserByte = off_t{1} << 32;
 constexpr off_t toTheEnd = 0; // a length
 
@@ -119,16 +119,16 @@ bool GameLock::isInside(std::string_view user) {
 
 bool GameLock::isAnybodyInside() { return othersHold(firstUserByte, toTheEnd); }
 
-void GameLock::setTyping(bool typing) {
-    if (typing && openToLock()) {
-        typing_ = tryToTake(typingByte, F_RDLCK) == Outcome::taken;
-    } else if (typing_) {
-        release(typingByte);
-        typing_ = false;
+void GameLock::setBoardTaken(bool taken) {
+    if (taken && openToLock()) {
+        boardTaken_ = tryToTake(boardByte, F_WRLCK) == Outcome::taken;
+    } else if (boardTaken_) {
+        release(boardByte);
+        boardTaken_ = false;
     }
 }
 
-bool GameLock::othersType() { return othersHold(typingByte, 1); }
+bool GameLock::isBoardTaken() { return othersHold(boardByte, 1); }
 
 // Who comes waits for nextByte first. So a process that has just ended a transaction cannot begin
 // another one before those that wait already.
@@ -164,8 +164,8 @@ bool GameLock::openToLock() {
     if (mayLock_ && userByte_ != 0) { // the file that held the mark was removed
         tryToTake(userByte_, F_WRLCK);
     }
-    if (mayLock_ && typing_) {
-        tryToTake(typingByte, F_RDLCK);
+    if (mayLock_ && boardTaken_) {
+        tryToTake(boardByte, F_WRLCK);
     }
     return mayLock_;
 }

@@ -5,7 +5,7 @@
 //
 //   0          held for a transaction: reading the files and replacing them
 //   1          held by the one who is next to get byte 0; the others wait for this byte
-//   2          shared by those who are typing a message for the board
+//   2          held by the one who has taken the messages out of the board's file to add one
 //   2^32 on    a byte for each user who is inside, its place hashed from his name
 //
 // On a file system without locks, and where the file cannot be opened for writing, every lock is
@@ -42,11 +42,11 @@ public:
     // Whether another process has marked any user as inside.
     bool isAnybodyInside();
 
-    // Marks the process as one that has a message typed, or takes the mark away.
-    void setTyping(bool typing);
+    // Marks the process as the one that has taken the board, or takes the mark away.
+    void setBoardTaken(bool taken);
 
-    // Whether another process has a message typed.
-    bool othersType();
+    // Whether another process has taken the board.
+    bool isBoardTaken();
 
     // Whether the file system has locks, as far as a transaction has shown.
     [[nodiscard]] bool works() const { return works_; }
@@ -72,7 +72,7 @@ private:
     bool mayLock_ = false; // the file is open for writing
     bool works_ = true;
     off_t userByte_ = 0; // 0 while no user is marked
-    bool typing_ = false;
+    bool boardTaken_ = false;
     std::chrono::milliseconds patience_;
 };
 

@@ -24,8 +24,8 @@ private:
 std::string directoryOf(const std::string& path);
 
 // Where the path leads when the links at its end are followed, also to a file that is not there
-// yet. Nothing, and errno is ELOOP, when they form a circle or one of them has been made by somebody
-// else than its directory's owner, root and the user of this process.
+// yet. Nothing, and errno is ELOOP, when they form a circle or one of them has been made by
+// somebody else than its directory's owner, root and the user of this process.
 std::optional<std::string> followLinks(std::string path);
 
 // Opens a file as open() does, following links as followLinks() does; one that it creates has mode

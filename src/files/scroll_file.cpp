@@ -46,10 +46,6 @@ void overlay(const TextSlot& slot, std::string& text) {
 
 } // namespace
 
-ScrollEntryBytes entryBytes(const ScrollEntry& entry) {
-    return std::bit_cast<ScrollEntryBytes>(EntryImage{slotOf(entry.author), slotOf(entry.message)});
-}
-
 bool removeEntry(ScrollEntries& entries, const ScrollEntryBytes& wanted) {
     const auto found = std::find(entries.begin(), entries.end(), wanted);
     if (wanted == ScrollEntryBytes{} || found == entries.end()) {

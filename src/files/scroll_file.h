@@ -28,7 +28,7 @@ namespace morvek {
 
 inline constexpr const char* scrollFileName = "scroll.dat";
 
-// Holds the whole board, as 480 bytes, while somebody types a message: scroll.dat is empty then.
+// Holds the 480 bytes that a caller who types a message has taken out of scroll.dat.
 inline constexpr const char* oldScrollFileName = "scroll.old";
 
 constexpr std::size_t scrollSize = 480;
@@ -46,9 +46,6 @@ struct ScrollImage {
 
 using ScrollEntryBytes = std::array<char, scrollEntrySize>;
 using ScrollEntries = std::array<ScrollEntryBytes, std::tuple_size_v<Scroll>>;
-
-// An entry as the file holds it.
-ScrollEntryBytes entryBytes(const ScrollEntry& entry);
 
 // Removes one entry of these bytes and tells whether there was one. An empty one is never there.
 bool removeEntry(ScrollEntries& entries, const ScrollEntryBytes& wanted);

@@ -5,9 +5,10 @@
 // Writing empties the file first. Who then declines to save has wiped the board for everyone: the
 // copy that follows leaves nothing but zeros where the next showing reads.
 //
-// Where others write at the same time, no message is lost. Who begins one takes out of the file
-// what he has been shown, leaves there what others have confirmed since, and puts both together
-// with his own message when he confirms it. His copy is not written.
+// Where others write at the same time, no message is lost. Only one writer at a time empties the
+// file, and only if it is as he has seen it. When he confirms, what others have confirmed meanwhile
+// comes behind what he has taken, and his message behind both. Another writer leaves the file alone
+// and adds to it; if he declines he removes what he has been shown. The second copy is not written.
 //
 // Where the file can be neither read nor created, the board in memory is shown, and a message
 // lasts for the call.
@@ -28,7 +29,6 @@
 #include <string>
 #include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace morvek {
 namespace {
@@ -60,7 +60,7 @@ Showing readBoard() {
         return {};
     }
     overlayScroll(std::span(read->bytes).first(read->length), game.scroll);
-    return {read->length, *read, !gameLock.othersType()};
+    return {read->length, *read, !gameLock.isBoardTaken()};
 }
 
 // Reads the file anew; nothing when it cannot be read, or must not be written now.
@@ -70,7 +70,7 @@ std::optional<ScrollImage> readAgain(const Transaction& transaction, Showing& sh
         return std::nullopt;
     }
     const std::optional<ScrollImage> now = readScrollFile();
-    showing.alone = showing.alone && (!now || *now == showing.file) && !gameLock.othersType();
+    showing.alone = showing.alone && (!now || *now == showing.file) && !gameLock.isBoardTaken();
     return now;
 }
 
@@ -106,127 +106,79 @@ void append(Scroll& board, ScrollEntry entry) {
     board.back() = std::move(entry);
 }
 
-// The old board holds in their order all messages of the file and all that have been taken out of
-// it by those who type now. There is none rather than a wrong one.
-void writeOldBoard(const Transaction& transaction, const ScrollBytes& board) {
-    if (replaceFile(transaction, oldScrollFileName, {board.data(), board.size()}) != 0) {
-        ::unlink(oldScrollFileName);
-    }
-}
-
-std::optional<ScrollBytes> readOldBoard() {
-    ScrollBytes old{};
-    return readInto(oldScrollFileName, old) == scrollSize ? std::optional(old) : std::nullopt;
-}
-
-// Empties the file of the messages that the caller has been shown, and returns these. What others
-// have confirmed since then stays in it.
-Scroll takeMessages(Showing& showing) {
+// Empties the file, unless others have changed or emptied it. What it held stays for backups.
+void takeBoard(Showing& showing) {
     const Transaction transaction(gameLock);
     const std::optional<ScrollImage> now = readAgain(transaction, showing);
-    if (now && !gameLock.othersType()) {
-        writeOldBoard(transaction, now->bytes);
+    if (!showing.alone) {
+        return;
     }
-    gameLock.setTyping(true);
-    if (showing.alone) {
-        emptyScrollFile();
-        showing.file = {};
-        return game.scroll;
-    }
-    Scroll taken;
     if (now) {
-        const auto shown = std::bit_cast<ScrollEntries>(showing.file.bytes);
-        auto left = std::bit_cast<ScrollEntries>(now->bytes);
-        for (std::size_t k = 0; k < shown.size(); ++k) {
-            if (removeEntry(left, shown[k])) {
-                append(taken, game.scroll[k]);
+        replaceFile(transaction, oldScrollFileName, {now->bytes.data(), now->bytes.size()});
+    }
+    gameLock.setBoardTaken(true);
+    emptyScrollFile();
+    showing.file = {};
+}
+
+void releaseBoard(const Transaction& transaction) {
+    if (transaction.mayWrite() && !gameLock.isBoardTaken()) {
+        ::unlink(oldScrollFileName);
+    }
+    gameLock.setBoardTaken(false);
+}
+
+// Puts the message at the end of the board.
+void saveMessage(Showing& showing, bool isTaken, const std::string& message) {
+    const Transaction transaction(gameLock);
+    const std::optional<ScrollImage> now = readAgain(transaction, showing);
+    if (now) {
+        Scroll others;
+        overlayScroll(now->bytes, others);
+        Scroll board = isTaken ? game.scroll : Scroll{};
+        for (const ScrollEntry& entry : others) {
+            if (!entry.author.empty() || !entry.message.empty()) {
+                append(board, entry);
             }
+        }
+        game.scroll = board;
+    }
+    append(game.scroll, {game.player.name, message});
+    if (now) {
+        showing.file = {scrollBytes(game.scroll), scrollSize};
+        writeScrollFile(showing.file.bytes);
+    }
+    releaseBoard(transaction);
+}
+
+// Leaves only what others have confirmed since the board was shown.
+void declineMessage(Showing& showing, bool isTaken) {
+    const Transaction transaction(gameLock);
+    const std::optional<ScrollImage> now = readAgain(transaction, showing);
+    if (now && !isTaken) {
+        auto left = std::bit_cast<ScrollEntries>(now->bytes);
+        for (const ScrollEntryBytes& shown : std::bit_cast<ScrollEntries>(showing.file.bytes)) {
+            removeEntry(left, shown);
         }
         writeScrollFile(std::bit_cast<ScrollBytes>(left));
     }
-    return taken;
-}
-
-// The messages taken and those that others have confirmed meanwhile. The old board tells their
-// order; what it does not hold any more is older than ten others.
-Scroll putTogether(const Scroll& taken, const ScrollBytes& file,
-                   const std::optional<ScrollBytes>& old) {
-    Scroll others;
-    overlayScroll(file, others);
-    std::vector<ScrollEntry> entries(taken.begin(), taken.end());
-    entries.insert(entries.end(), others.begin(), others.end());
-    std::erase_if(entries, [](const ScrollEntry& entry) {
-        return entry.author.empty() && entry.message.empty();
-    });
-    Scroll board;
-    if (!old) {
-        for (const ScrollEntry& entry : entries) {
-            append(board, entry);
-        }
-        return board;
-    }
-    for (const ScrollEntryBytes& bytes : std::bit_cast<ScrollEntries>(*old)) {
-        const auto found =
-            std::find_if(entries.begin(), entries.end(),
-                         [&](const ScrollEntry& entry) { return entryBytes(entry) == bytes; });
-        if (found != entries.end()) {
-            append(board, *found);
-            entries.erase(found);
-        }
-    }
-    return board;
-}
-
-// The old board stays for those who still type.
-void endTyping(const Transaction& transaction) {
-    gameLock.setTyping(false);
-    if (transaction.mayWrite() && !gameLock.othersType()) {
-        ::unlink(oldScrollFileName);
-    }
-}
-
-void declineMessage() {
-    const Transaction transaction(gameLock);
-    endTyping(transaction);
-}
-
-// Puts the message behind all others.
-void saveMessage(Showing& showing, const Scroll& taken, const std::string& message) {
-    const Transaction transaction(gameLock);
-    const std::optional<ScrollImage> now = readAgain(transaction, showing);
-    const std::optional<ScrollBytes> old = readOldBoard();
-    if (now && !showing.alone) {
-        game.scroll = putTogether(taken, now->bytes, old);
-    }
-    const ScrollEntry own{game.player.name, message};
-    append(game.scroll, own);
-    endTyping(transaction);
-    if (!now) {
-        return;
-    }
-    showing.file = {scrollBytes(game.scroll), scrollSize};
-    writeScrollFile(showing.file.bytes);
-    if (old && gameLock.othersType()) {
-        auto entries = std::bit_cast<ScrollEntries>(*old);
-        std::move(entries.begin() + 1, entries.end(), entries.begin());
-        entries.back() = entryBytes(own);
-        writeOldBoard(transaction, std::bit_cast<ScrollBytes>(entries));
-    }
+    releaseBoard(transaction);
 }
 
 // Asks for one message and, if the caller says so, puts it at the end of the board; the oldest one
 // falls off.
 void writeScroll(Showing& showing) {
-    const Scroll taken = takeMessages(showing);
+    takeBoard(showing);
+    const bool isTaken = showing.alone;
     say("`bright red`Message`bright red`: `bright white`");
     const std::string message = askLine(maxMessageLength, 0, 127);
     say("\n\r");
     say("`red`Save message (`bright white`Y`red`/`bright white`N`red`)`bright red`: `bright "
         "white`");
     if (answer("YN") == 'Y') {
-        saveMessage(showing, taken, message);
+        saveMessage(showing, isTaken, message);
     } else {
-        declineMessage();
+        declineMessage(showing, isTaken);
     }
 }
 

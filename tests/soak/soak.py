@@ -127,7 +127,7 @@ def check(killed):
 
 def play():
     rng, killed, crowd = random.Random(SEED), False, []
-    for i in range(60):
+    for i in range(40):
         name = f"Caller {i}" if i % 5 else f"{i}\x1b[2J`%n\n"
         crowd.append((name, random.Random(SEED + name), i % 5 == 0))
     while count["keys"] < KEYS:
