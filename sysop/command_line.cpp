@@ -66,6 +66,9 @@ public:
             }
         } catch (const CLI::Success& asked) {
             app_.exit(asked, out_, err_);
+        } catch (const CLI::ArgumentMismatch& error) {
+            const std::string text = error.what();
+            fail(wrongUsage, text.substr(0, text.find(':')) + ": a value is missing");
         } catch (const CLI::ParseError& error) {
             fail(wrongUsage, error.what());
         } catch (const Misuse& error) {

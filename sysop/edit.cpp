@@ -186,14 +186,15 @@ void removePlayer(const GameDirectory& home, std::size_t number, bool traces, bo
 void purge(const GameDirectory& home, const std::string& day, bool dryRun, std::ostream& out) {
     const Change change(home);
     Contents files;
-    std::map<std::string, std::string> news; // since that day
+    std::map<std::string, std::string> news;
     for (const std::string& file : dataFiles(home)) {
         const std::string filed = isNewsFileName(file) ? dayOf(file.substr(0, 6)) : "";
+        if (!filed.empty()) {
+            news[filed] = lineEnd + readData(home, file);
+        }
         if (!filed.empty() && filed < day) {
             files.try_emplace(file);
             out << "To be removed: " << file << '\n';
-        } else if (!filed.empty()) {
-            news[filed] = lineEnd + readData(home, file);
         }
     }
     Characters characters = readCharacters(home);

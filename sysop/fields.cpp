@@ -101,11 +101,13 @@ double numberIn(const Field& field, const PlayerRecord& slot) {
     return field.kind == money ? get<double>(field, slot) : get<std::int32_t>(field, slot);
 }
 
-// All its digits, with no exponent.
+// All its digits, as far as play can bring it.
 std::string shown(double amount) {
-    std::array<char, 1100> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), amount,
-                                   std::chars_format::fixed);
+    std::array<char, 64> digits{};
+    const auto format = std::abs(amount) <= 10 * mostMoney && std::abs(amount) > 1e-9
+                            ? std::chars_format::fixed
+                            : std::chars_format::general;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), amount, format);
     return {digits.data(), end.ptr};
 }
 
