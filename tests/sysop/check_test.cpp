@@ -1,5 +1,7 @@
 #include "sysop/tool.h"
 
+#include "files/game_lock.h"
+
 struct Check : Sysop {
     static void expectFault(const std::string& fault) {
         EXPECT_THAT(told("check"), testing::AllOf(StartsWith("1: "), HasSubstr(fault)));
@@ -18,7 +20,10 @@ TEST_F(Check, NamesSlotAndFieldOfAForgedWord) {
         {144, 0x7ff80000, "gold is nan; must be"},
         {392, 2, "searched.30 is 2"},
         {1308, 3, "mortuary1.1 (its copy) is 3"},
-        {388, 1, "worldState is not zero"}};
+        {388, 1, "worldState is not zero"},
+        {48, 3, "slotIndex is 3"},
+        {192, 4, "weapon is \"Club\"; number 4 is \"Mace\""},
+        {92, 0x726f2342, "name is \"B#orn\"; a '#' would"}};
     for (const auto& [offset, word, fault] : words) {
         PlayerRecord wrong = character("Bob", "Bjorn");
         std::memcpy(reinterpret_cast<char*>(&wrong) + offset, &word, sizeof word);
@@ -28,20 +33,14 @@ TEST_F(Check, NamesSlotAndFieldOfAForgedWord) {
     }
 }
 
-TEST_F(Check, NotesAreNoFaults) {
-    PlayerRecord online = character("Bob", "Bjorn");
-    online.onlineFlag = 1;
-    save({online});
-    EXPECT_THAT(told("check"), HasSubstr("note: morchars.dat: player 1 (Bob): onlineFlag is 1"));
-    EXPECT_THAT(told("check"), EndsWith("No errors or warnings.\n"));
-}
-
 TEST_F(Check, SeesSeveralRecordsTogether) {
     const PlayerRecord alice = character("Alice", "Arwen");
     save({alice, alice});
     expectFault("player 2 (Alice): ownerName owns player 1 too");
     save({emptySlot(), alice});
     expectFault("player 2 (Alice) is behind player 1, which is free");
+    save(std::vector<PlayerRecord>(45, alice));
+    expectFault("morchars.dat has 45 of 49 places taken");
     std::vector<PlayerRecord> last(slotCount, emptySlot());
     last[49] = alice;
     save(last);
@@ -61,6 +60,11 @@ TEST_F(Check, ReadsEveryOtherFileAsTheGameDoes) {
         {"scroll.dat", std::string(481, '\0'), "has 481 bytes"},
         {"111526.txt", "It's a new day!\n\rBob\n", "line 2 does not end"},
         {"139926.txt", "It's a new day!\n\r", "is not named after a date"},
+        {"scores.dat", "A#b#5Rogue\n", "line 1 cannot be read"},
+        {"heal.asc", "Life\r\nHealth\n", "line 2 ends in a line feed without"},
+        {"drink.ans", "caf\u00E9", "drink.ans is in UTF-8"},
+        {"morvek.lock", "x", "morvek.lock is not empty"},
+        {"morvek.cfg", "x\nZo\u00EB\n.\n", "line 2 is in UTF-8"},
         {"morvek.cfg", "x\n" + std::string(254, 'y') + "\n.\n", "line 2 is longer than 253"},
         {"morvek.cfg", "x\ny\n.\r\n", "morvek.cfg: line 3 ends in a carriage return"},
         {"morvek.cfg", "x\ny\n/no/where\n", "is \"/no/where\", which is not a directory"}};
@@ -75,12 +79,27 @@ TEST_F(Check, NamesMissingAndUnwritableFiles) {
         fs::remove(menu);
     }
     writeFile("scores.dat", "A#5Rogue\n", 0444);
+    ASSERT_EQ(::mkfifo("scores.asc", 0666) + ::mkfifo("heal.ASC", 0666), 0);
     ::chmod(".", 0555);
     const AsNobody nobody;
     for (const char* fault :
-         {"warning: heal.asc is missing", "error: drink.asc is missing, and drink.ans too",
-          "warning: . cannot be written", "warning: scores.dat cannot be written",
-          "1 error and 3 warnings"}) {
+         {"error: heal.ASC is not a regular", "error: scores.asc is not a regular",
+          "error: drink.asc is missing, and drink.ans too", "warning: . cannot be written",
+          "warning: scores.dat cannot be written", "3 errors and 3 warnings"}) {
         expectFault(fault);
     }
+}
+
+TEST_F(Check, IsSilentOnWhatIsNoFault) {
+    fs::rename("heal.asc", "HEAL.ASC");
+    writeFile("scores.dat", "A#9Rogue\n Bo#8Rogue\n Cy#7Rogue\n");
+    save({character(" Al", " Ar")});
+    told("set 1 onlineFlag 1");
+    EXPECT_THAT(told("check"),
+                HasSubstr("note: morchars.dat: player 1 ( Al): onlineFlag is 1, but"));
+    GameLock call("morvek.lock");
+    ASSERT_TRUE(call.enter(" Al"));
+    EXPECT_EQ(told("check"), "note: scores.dat: line 2 begins with a blank, which the game does "
+                             "not read\nNo errors or warnings.\n");
+    EXPECT_THAT(told("check --json"), HasSubstr("\"place\": \"line 2\""));
 }

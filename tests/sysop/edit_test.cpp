@@ -2,6 +2,8 @@
 
 #include "files/game_lock.h"
 
+#include <sys/wait.h>
+
 struct Edit : Sysop {
     Edit() {
         PlayerRecord carol = character("Carol", "Cyra");
@@ -14,34 +16,51 @@ struct Edit : Sysop {
 
     static auto backups() {
         std::error_code notThere;
-        return std::distance(fs::directory_iterator("backup", notThere), fs::directory_iterator());
+        return std::distance(fs::directory_iterator("backup/auto", notThere),
+                             fs::directory_iterator());
     }
 
     std::string before;
 };
 
-TEST_F(Edit, SetChangesOneFieldAfterABackup) {
-    EXPECT_THAT(told("set 2 GOLD -500"), HasSubstr("25 -> -500\n"));
-    EXPECT_EQ(double{storedSlot(1).gold}, -500);
-    EXPECT_EQ(backups(), 1);
-    told("set 2 gold 25");
-    EXPECT_TRUE(isUnchanged());
-    told("set 2 name Zo\u00EB");
+TEST_F(Edit, SetChangesFieldsAfterABackup) {
+    const uid_t owner = ::geteuid() == 0 && ::chown(".", 65534, 65534) == 0 ? 65534 : ::geteuid();
+    EXPECT_THAT(told("set 2 GOLD -500 name Zo\u00EB weapon mace armourNumber 2 Mortuary1.1 1"),
+                EndsWith("name Bjorn -> Zo\u00EB\ngold 25 -> -500\nweaponNumber 1 -> 4\n"
+                         "weapon Club -> Mace\narmourNumber 1 -> 2\narmour Cloth -> Feyweave\n"
+                         "mortuary1.1 0 -> 1\n"));
     EXPECT_EQ(storedSlot(1).name.view(), "Zo\x89");
-}
-
-TEST_F(Edit, SetChangesAFlagAndItsCopy) {
-    told("set 2 Mortuary1.1 1");
-    EXPECT_EQ(storedSlot(1).worldState[(1168 - 272) / 4], 1);
-    EXPECT_EQ(storedSlot(1).worldState[(1308 - 272) / 4], 1);
-    EXPECT_THAT(told("check"), EndsWith("No errors or warnings.\n"));
+    EXPECT_EQ(storedSlot(1).worldState[(1308 - 272) / 4], 1) << "the copy";
+    EXPECT_EQ(backups(), 1);
+    for (const char* path : {"morchars.dat", "morvek.lock", "backup/auto"}) {
+        struct stat status {};
+        EXPECT_TRUE(::stat(path, &status) == 0 && status.st_uid == owner) << path;
+    }
+    EXPECT_EQ(told("check"), "No errors or warnings.\n");
 }
 
 TEST_F(Edit, SetRefusesWhatDoesNotFit) {
-    for (const std::string misuse :
-         {"gold much", "level 8", "name \"sixteen letters!\"", "className Bard", "name \u65E5",
-          "name A\xC3", "name a\033b", "hitPoints 25", "lastPlayedDay 23226", "ownerName Carol",
-          "searched.77 1", "searched.7 2", "worldState 0"}) {
+    for (const std::string misuse : {"gold much",
+                                     "level 8",
+                                     "name \"sixteen letters!\"",
+                                     "className Bard",
+                                     "name \u65E5",
+                                     "name A\xC3",
+                                     "name a\033b",
+                                     "hitPoints 25",
+                                     "lastPlayedDay 23226",
+                                     "ownerName Carol",
+                                     "searched.77 1",
+                                     "searched.7 2",
+                                     "worldState 0",
+                                     "name a#b",
+                                     "ownerName \"Bob \"",
+                                     "maxHitPoints 20",
+                                     "lastPlayedDay 23126",
+                                     "armour Club",
+                                     "slotIndex 2",
+                                     "gold 0x10",
+                                     "gold 1 level"}) {
         EXPECT_THAT(told("set 2 " + misuse), StartsWith("2: ")) << misuse;
     }
     EXPECT_THAT(told("set 51 gold 1"), StartsWith("2: "));
@@ -71,56 +90,44 @@ TEST_F(Edit, RemoveFillsThePlaceWithTheLast) {
 TEST_F(Edit, NobodyInsideIsChanged) {
     GameLock call("morvek.lock");
     ASSERT_TRUE(call.enter("Carol"));
-    const std::string isInside = "(Cyra, the character of Carol) is in the game now";
-    for (const char* line : {"set 3 gold 1", "remove 3", "offline 3"}) {
-        EXPECT_THAT(told(line), HasSubstr(isInside)) << line;
-    }
-    EXPECT_THAT(told("set 1 ownerName Carol"), StartsWith("2: "));
-    EXPECT_THAT(told("remove 1"), HasSubstr("would become player 1, but is in the game now"));
     told("backup kept");
-    for (const char* line : {"reset", "restore kept"}) {
-        EXPECT_THAT(told(line), HasSubstr("in the game now: Cyra")) << line;
+    for (const char* line :
+         {"set 3 gold 1", "remove 3", "remove 1", "offline 3", "reset", "restore kept"}) {
+        EXPECT_THAT(told(line), HasSubstr("in the game now")) << line;
     }
+    call.leave();
+    std::optional<Transaction> held(call);
+    EXPECT_THAT(told("set 1 gold 7"), HasSubstr("another program holds the game's files"));
+    held.reset();
+    ASSERT_TRUE(call.enter("Dora")); // who has no character yet
+    EXPECT_THAT(told("reset"), HasSubstr("in the game now: a new caller"));
+    EXPECT_THAT(told("set 1 ownerName Dora"), HasSubstr("in the game now"));
     EXPECT_TRUE(isUnchanged());
-    told("set 3 gold 1 --force");
-    EXPECT_EQ(double{storedSlot(2).gold}, 1);
+    EXPECT_THAT(told("set 1 ownerName Dora --force"), HasSubstr("Alice -> Dora"));
 }
 
 TEST_F(Edit, OthersAreChangedWhileOnePlays) {
-    GameLock call("morvek.lock");
-    ASSERT_TRUE(call.enter("Alice"));
-    told("set 2 gold 7");
-    EXPECT_EQ(double{storedSlot(1).gold}, 7);
-    told("remove 2");
-    EXPECT_EQ(storedSlot(1).name.view(), "Cyra");
-    call.leave();
-    ASSERT_TRUE(call.enter("Dora")); // who has no character yet
-    EXPECT_THAT(told("reset"), HasSubstr("in the game now: a new caller"));
-}
-
-TEST_F(Edit, MarksThatNobodyHoldsAreCleared) {
-    std::vector<PlayerRecord> marked{character("Alice", "Arwen"), character("Bob", "Bjorn")};
-    marked[0].onlineFlag = marked[1].onlineFlag = 1;
-    save(marked);
+    PlayerRecord marked = character("Alice", "Arwen");
+    marked.onlineFlag = 1;
+    save({marked, character("Bob", "Bjorn"), marked});
+    told("set 3 ownerName Carol");
     GameLock call("morvek.lock");
     ASSERT_TRUE(call.enter("Alice"));
     EXPECT_THAT(told("players"), HasSubstr("inside"));
     told("offline --all");
-    EXPECT_EQ(storedSlot(0).onlineFlag, 1u);
-    EXPECT_EQ(storedSlot(1).onlineFlag, 0u);
-}
-
-TEST_F(Edit, NothingChangesWhileAnotherProgramHoldsTheFiles) {
-    GameLock other("morvek.lock");
-    const Transaction held(other);
-    EXPECT_THAT(told("set 1 gold 7"), HasSubstr("another program holds the game's files"));
-    EXPECT_TRUE(isUnchanged());
+    EXPECT_EQ(storedSlot(0).onlineFlag, 1U);
+    EXPECT_EQ(storedSlot(2).onlineFlag, 0U);
+    told("remove 2");
+    EXPECT_EQ(storedSlot(1).ownerName.view(), "Carol");
 }
 
 TEST_F(Edit, BackupIsADirectoryOfTheDataFiles) {
     EXPECT_EQ(told("backup kept"), "Backup: kept\n");
     EXPECT_EQ(readFile("kept/morchars.dat"), readFile("morchars.dat"));
     EXPECT_THAT(told("backup kept"), StartsWith("1: morvek-sysop: kept already exists"));
+    fs::create_directory("111626.txt");
+    EXPECT_THAT(told("backup other"), EndsWith("111626.txt cannot be read: Is a directory\n"));
+    EXPECT_FALSE(fs::exists("other") || fs::exists("other.new"));
 }
 
 TEST_F(Edit, BackupRestoresEverythingAsItWas) {
@@ -137,13 +144,6 @@ TEST_F(Edit, BackupRestoresEverythingAsItWas) {
                                      "backup/auto/20261115-120000.2: 1 file, 0 players\n");
 }
 
-TEST_F(Edit, FailedBackupLeavesNothingBehind) {
-    fs::create_directory("111626.txt");
-    EXPECT_THAT(told("backup kept"), EndsWith("111626.txt cannot be read: Is a directory\n"));
-    EXPECT_FALSE(fs::exists("kept"));
-    EXPECT_FALSE(fs::exists("kept.new"));
-}
-
 TEST_F(Edit, RestoreRefusesWhatIsNoBackup) {
     fs::create_directory("empty");
     EXPECT_THAT(told("restore empty"), EndsWith("empty is empty\n"));
@@ -154,11 +154,81 @@ TEST_F(Edit, RestoreRefusesWhatIsNoBackup) {
     EXPECT_TRUE(isUnchanged());
 }
 
-TEST_F(Edit, LatestFiftyBackupsAreKept) {
+TEST_F(Edit, RestoreIsAllOrNothing) {
+    writeFile("scores.dat", "Arwen#1500Ranger\n", 0444);
+    told("backup kept");
+    told("set 1 gold 1");
+    before = readFile("morchars.dat");
+    ::chmod("backup/auto", 0777);
+    const AsNobody nobody;
+    EXPECT_THAT(told("restore kept"), EndsWith("Permission denied; nothing was changed\n"));
+    EXPECT_TRUE(isUnchanged());
+}
+
+TEST_F(Edit, LatestFiftyBackupsOfEachKindAreKept) {
+    told("backup");
     for (int i = 0; i < 51; ++i) {
-        told("backup");
+        told("set 1 gold " + std::to_string(i));
     }
     EXPECT_EQ(backups(), 50);
-    EXPECT_FALSE(fs::exists("backup/20261115-120000"));
-    EXPECT_TRUE(fs::exists("backup/20261115-120000.51"));
+    EXPECT_TRUE(fs::exists("backup/20261115-120000"));
+    EXPECT_FALSE(fs::exists("backup/auto/20261115-120000"));
+    told("restore 20261115-120000.2"); // the oldest one, which makes one more
+    EXPECT_TRUE(fs::exists("backup/auto/20261115-120000.2"));
+    EXPECT_TRUE(fs::exists("backup/auto/20261115-120000.52"));
+}
+
+TEST_F(Edit, ToolsAtOnceLoseNothing) {
+    for (int i = 0; i < 10; ++i) {
+        const bool isChild = ::fork() == 0;
+        told((isChild ? "set 1 gold " : "set 2 gold ") + std::to_string(i));
+        if (isChild) {
+            std::_Exit(0);
+        }
+        ::wait(nullptr);
+        EXPECT_EQ(storedSlot(0).gold + storedSlot(1).gold, 2 * i);
+    }
+}
+
+struct Moderation : Edit {
+    Moderation() {
+        writeFile("scroll.dat", storedText("Bjorn") + storedText("rude") + storedText("Cyra") +
+                                    storedText("hello"));
+        writeFile("scores.dat", "Bjorn#1500Ranger\nCyra#900Ranger\n");
+        writeFile("111426.txt", "Bob joined the game.\n\rCarol joined the game.\n\r");
+    }
+};
+
+TEST_F(Moderation, TakesLinesAndTracesAway) {
+    told("board --remove 2");
+    EXPECT_EQ(told("board"), "Morvek's Scroll:\n\nBjorn: rude\n");
+    told("scores --remove 2");
+    EXPECT_EQ(readFile("scores.dat"), "Bjorn#1500Ranger\n");
+    EXPECT_EQ(readFile("scores.asc"), told("scores"));
+    told("remove 2 --traces");
+    EXPECT_EQ(told("board"), "Morvek's Scroll:\n\n");
+    EXPECT_FALSE(fs::exists("scores.dat"));
+    EXPECT_EQ(readFile("111426.txt"), "Carol joined the game.\n\r");
+}
+
+TEST_F(Moderation, SeesTheBoardWhileSomebodyTypes) {
+    fs::rename("scroll.dat", "scroll.old");
+    writeFile("scroll.dat", storedText("Cyra") + storedText("new"));
+    EXPECT_THAT(told("board"), EndsWith(":\n\nCyra: new\n")) << "the other is left over";
+    GameLock call("morvek.lock");
+    call.setTyping(true);
+    told("backup kept");
+    fs::copy_file("kept/scroll.dat", "scroll.dat", fs::copy_options::overwrite_existing);
+    EXPECT_THAT(told("board"), EndsWith("Bjorn: rude\nCyra: hello\nCyra: new\n"));
+    EXPECT_THAT(told("board --remove 1"), HasSubstr("a caller is typing a message"));
+}
+
+TEST_F(Moderation, PurgeRemovesWhatIsOld) {
+    writeFile("111326.txt", "");
+    save({character("Alice", "Arwen"), character("Bob", "Bjorn"), character("Dora", "Dis")});
+    const std::string gone = "To be removed: 111326.txt\nTo be removed: player 3 (Dis, the "
+                             "character of Dora), last played on an unknown day\n";
+    EXPECT_EQ(told("purge --before 2026-11-14 --dry-run"), gone);
+    EXPECT_THAT(told("purge --before 111426"), StartsWith(gone));
+    EXPECT_EQ(told("purge --before 111426"), "There is nothing to remove.\n");
 }
