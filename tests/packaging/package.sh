@@ -41,6 +41,13 @@ mkdir -p "$prefix/share/doc/other"
 rm -f "$build/install_manifest.txt"
 cmake --install "$build" --prefix "$prefix" >"$work/log" || fail "$(cat "$work/log")"
 "$prefix/bin/morvek-sysop" --version >"$work/version"
+(
+    PATH="$prefix/bin:$PATH"
+    . "$prefix/share/bash-completion/completions/morvek-sysop"
+    COMP_WORDS=(morvek-sysop remove --t) COMP_CWORD=2
+    _morvek_sysop
+    [ "${COMPREPLY[*]}" = --traces ]
+) || fail "the completion does not know an option"
 cp "$build/install_manifest.txt" "$work/manifest"
 chmod a-w "$build/install_manifest.txt" # as root's would be
 
