@@ -79,11 +79,10 @@ fs::path makeBackup(const GameDirectory& home, const std::string& in, const fs::
     }
     std::string name = localTime("%Y%m%d-%H%M%S");
     const std::vector<std::string> names = backupsIn(directory);
-    for (auto other = names.rbegin(); other != names.rend(); ++other) {
-        if (other->starts_with(name)) {
-            name += "." + std::to_string(numberIn(*other) + 1);
-            break;
-        }
+    const auto last = std::find_if(names.rbegin(), names.rend(),
+                                   [&](const auto& other) { return other.starts_with(name); });
+    if (last != names.rend()) {
+        name += "." + std::to_string(numberIn(*last) + 1);
     }
     makeBackupIn(home, directory / name);
     std::error_code ignored;

@@ -5,8 +5,7 @@
 // A backup is a directory of plain files, named YYYYMMDD-HHMMSS, with ".2", ".3", ... behind it for
 // more within a second. The operator's are in backup/ of the game's data directory, those that a
 // change makes in backup/auto/; the newest 50 of each are kept. It is written under a name that
-// ends in ".new" and renamed when it is complete. A backup in a directory of the operator's choice
-// stays until he removes it.
+// ends in ".new" and renamed when it is complete.
 #pragma once
 
 #include "sysop/game_directory.h"

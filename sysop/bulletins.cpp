@@ -110,18 +110,16 @@ void writeScores(const GameDirectory& home, Format format, std::ostream& out) {
 void writeNews(const GameDirectory& home, const std::string& stamp, Format format,
                std::ostream& out) {
     Page page{"Morvek: News of " + dayOf(stamp), {}};
+    Json lines = Json::array();
     std::istringstream news(readData(home, stamp + ".txt"));
     for (std::string line; std::getline(news, line);) {
         if (line = withoutControls(line); !line.empty()) {
             page.rows.push_back({line});
+            lines.push_back(toUtf8(line));
         }
     }
     if (format == Format::json) {
-        Json list = Json::array();
-        for (const std::vector<std::string>& row : page.rows) {
-            list.push_back(toUtf8(row.front()));
-        }
-        out << Json{{"day", dayOf(stamp)}, {"lines", list}}.dump(2) << '\n';
+        out << Json{{"day", dayOf(stamp)}, {"lines", lines}}.dump(2) << '\n';
         return;
     }
     if (page.rows.empty()) {

@@ -287,13 +287,8 @@ bool checkGame(const GameDirectory& home, bool asJson, std::ostream& out) {
         }
     }
     const bool isGood = counts[0] + counts[1] == 0;
-    if (asJson) {
-        out << list.dump(2) << '\n';
-    } else if (isGood) {
-        out << "No errors or warnings.\n";
-    } else {
-        out << counted(counts[0], "error") << " and " << counted(counts[1], "warning") << ".\n";
-    }
+    const std::string told = counted(counts[0], "error") + " and " + counted(counts[1], "warning");
+    out << (asJson ? list.dump(2) : isGood ? "No errors or warnings." : told + ".") << '\n';
     return isGood;
 }
 

@@ -23,8 +23,8 @@ const std::set<std::string> unreadFields{"version", "bbsName", "reserved", "rese
                                          "inUse"};
 
 bool isPadded(const Field& field, const PlayerRecord& slot) {
-    TextSlot text;
-    std::memcpy(&text, reinterpret_cast<const char*>(&slot) + field.offset, sizeof text);
+    const char* const bytes = reinterpret_cast<const char*>(&slot) + field.offset;
+    const TextSlot& text = *reinterpret_cast<const TextSlot*>(bytes);
     return text.length > TextSlot::capacity || text.bytes == TextSlot(text.view()).bytes;
 }
 

@@ -78,10 +78,9 @@ std::string fillGap(const GameDirectory& home, Characters& characters, std::size
     return "Player " + moved + ".\n";
 }
 
-using IsToGo = std::function<bool(const ScrollEntry&)>;
-
 // Takes entries off the board; how many.
-std::size_t removeEntries(const GameDirectory& home, Contents& files, const IsToGo& isToGo) {
+std::size_t removeEntries(const GameDirectory& home, Contents& files,
+                          const std::function<bool(const ScrollEntry&)>& isToGo) {
     failIf(home.lock->isBoardTaken(), "a caller is typing a message now; nothing was changed");
     std::vector<std::string> entries = boardEntries(readBoard(home));
     const std::size_t removed =
@@ -249,7 +248,7 @@ void removeMessage(const GameDirectory& home, std::size_t number, std::ostream& 
     Contents files;
     std::size_t count = 0;
     std::string removed;
-    const IsToGo isMeant = [&](const ScrollEntry& entry) {
+    const auto isMeant = [&](const ScrollEntry& entry) {
         const bool isIt = isShown(entry) && ++count == number;
         removed = isIt ? shownText(entry.author) + ": " + shownText(entry.message) : removed;
         return isIt;

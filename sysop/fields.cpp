@@ -101,14 +101,16 @@ double numberIn(const Field& field, const PlayerRecord& slot) {
     return field.kind == money ? get<double>(field, slot) : get<std::int32_t>(field, slot);
 }
 
-// All its digits, as far as play can bring it.
+bool isWhole(double amount) {
+    return std::abs(amount) <= mostMoney && amount == std::floor(amount);
+}
+
 std::string shown(double amount) {
+    if (isWhole(amount)) {
+        return std::to_string(static_cast<std::int64_t>(amount));
+    }
     std::array<char, 64> digits{};
-    const auto format = std::abs(amount) <= 10 * mostMoney && std::abs(amount) > 1e-9
-                            ? std::chars_format::fixed
-                            : std::chars_format::general;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), amount, format);
-    return {digits.data(), end.ptr};
+    return {digits.data(), std::to_chars(digits.begin(), digits.end(), amount).ptr};
 }
 
 std::string rangeOf(const Field& field) {
@@ -279,9 +281,7 @@ Json jsonValue(const Field& field, const PlayerRecord& slot) {
         return shownValue(field, slot);
     }
     const double value = numberIn(field, slot);
-    return std::abs(value) <= mostMoney && value == std::floor(value)
-               ? Json(static_cast<std::int64_t>(value))
-               : Json(value);
+    return isWhole(value) ? Json(static_cast<std::int64_t>(value)) : Json(value);
 }
 
 void setField(PlayerRecord& slot, std::string_view name, std::string_view typed) {

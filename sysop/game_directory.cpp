@@ -12,7 +12,9 @@
 #include <cerrno>
 #include <chrono>
 #include <ctime>
+#include <iomanip>
 #include <numeric>
+#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -94,11 +96,9 @@ fs::path createDirectories(const fs::path& path) {
 
 std::string localTime(const char* format) {
     const std::time_t now = std::time(nullptr);
-    std::array<char, 64> text{};
-    if (const std::tm* local = std::localtime(&now)) {
-        std::strftime(text.data(), text.size(), format, local);
-    }
-    return text.data();
+    std::ostringstream text;
+    text << std::put_time(std::localtime(&now), format);
+    return text.str();
 }
 
 bool isNewsFileName(std::string_view name) {

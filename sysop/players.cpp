@@ -10,8 +10,6 @@
 namespace morvek {
 namespace {
 
-constexpr std::size_t fieldWidth = 18;
-
 using Row = std::vector<std::string>;
 
 // Whether a column of the list holds numbers: the player's, and level, experience and gold.
@@ -80,7 +78,7 @@ void writeWhole(const GameDirectory& home, const PlayerRecord& slot, std::size_t
     for (const Field& field : allFields()) {
         const std::string day = field.rule == FieldRule::day ? dayOf(slot.lastPlayedDay) : "";
         if (!field.isFlag()) {
-            out << "  " << padded(field.name, fieldWidth) << shownValue(field, slot)
+            out << "  " << padded(field.name, 18) << shownValue(field, slot)
                 << (day.empty() ? "" : " (" + day + ")") << '\n';
         }
     }
@@ -120,9 +118,7 @@ void listPlayers(const GameDirectory& home, bool asJson, std::ostream& out) {
         out << list.dump(2) << '\n';
         return;
     }
-    if (rows.size() > 1) {
-        writeTable(rows, out);
-    }
+    writeTable(rows, out);
     out << takenPlaces(characters) << " of " << searchedSlots << " places are taken.\n";
 }
 

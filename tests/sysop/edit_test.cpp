@@ -216,11 +216,13 @@ TEST_F(Moderation, SeesTheBoardWhileSomebodyTypes) {
     writeFile("scroll.dat", storedText("Cyra") + storedText("new"));
     EXPECT_THAT(told("board"), EndsWith(":\n\nCyra: new\n")) << "the other is left over";
     GameLock call("morvek.lock");
-    call.setTyping(true);
+    call.setBoardTaken(true);
+    EXPECT_THAT(told("board"), EndsWith("Bjorn: rude\nCyra: hello\nCyra: new\n"));
+    EXPECT_THAT(told("board --remove 1"), HasSubstr("typing a message"));
     told("backup kept");
+    call.setBoardTaken(false);
     fs::copy_file("kept/scroll.dat", "scroll.dat", fs::copy_options::overwrite_existing);
     EXPECT_THAT(told("board"), EndsWith("Bjorn: rude\nCyra: hello\nCyra: new\n"));
-    EXPECT_THAT(told("board --remove 1"), HasSubstr("a caller is typing a message"));
 }
 
 TEST_F(Moderation, PurgeRemovesWhatIsOld) {
