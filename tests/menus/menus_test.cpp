@@ -1,7 +1,8 @@
 // The display files. A menu lists each of its keys once, as the letter before a closing bracket,
-// and ends with a prompt line that the cursor stays on; where the game prints the list itself, the
-// file is that line alone. The coloured file says the words of the plain one, in any order, among
-// art of bytes above 127; after byte 26 a record of 128 bytes describes it to viewers.
+// except where the game prints the list itself, and ends with the same prompt, which the cursor
+// stays behind. The plain file fits 40 columns. The coloured file says the words of the plain one,
+// in any order, among art of bytes above 127; after byte 26 a record of 128 bytes describes it to
+// viewers.
 #include "support/folder.h"
 
 #include <algorithm>
@@ -24,37 +25,46 @@ std::multiset<std::string> words(const std::string& text) {
     return {std::istream_iterator<std::string>(in), {}};
 }
 
-// The keys are sorted. `lines` leaves room for what the game prints above.
-void expectMenu(const std::string& text, const std::string& keys, int lines) {
+// The keys are sorted.
+void expectMenu(const std::string& text, const std::string& keys, int lines, int columns) {
     std::multiset<char> listed;
     for (std::size_t at = 0; (at = text.find(')', at + 1)) != std::string::npos;) {
         listed.insert(static_cast<char>(std::tolower(static_cast<unsigned char>(text[at - 1]))));
     }
     EXPECT_EQ(std::string(listed.begin(), listed.end()), keys);
-    EXPECT_THAT(text, testing::EndsWith(keys.empty() ? "> " : "Your choice: "));
+    EXPECT_THAT(text, testing::EndsWith("Your choice: "));
+    const std::regex fits("[^\\x00-\\x1f\\x7f]{0," + std::to_string(columns) + "}\r");
     std::istringstream in(text + "\r");
     for (std::string line; std::getline(in, line); --lines) {
-        EXPECT_TRUE(std::regex_match(line, std::regex("[^\\x00-\\x1f\\x7f]{0,79}\r"))) << line;
+        EXPECT_TRUE(std::regex_match(line, fits)) << line;
     }
     EXPECT_GE(lines, 0);
 }
 
 } // namespace
 
+// The lines of a menu leave room for what the game prints above, and for its answers below.
 TEST(Menus, FitTheScreenAndListTheirKeys) {
-    const std::map<std::string, std::string> keysOf{
-        {"intmenu", "hqs"}, {"clasmenu", "12345678"}, {"townmenu", "abfhlopqtwy"},
-        {"heal", "aghr"},   {"weapons", "brsy"},      {"armours", "brsy"},
-        {"command", ""},    {"areaone", ""},          {"tavern", ""},
-        {"drink", ""},      {"training", ""}};
-    for (const auto& [name, keys] : keysOf) {
+    const std::map<std::string, std::pair<std::string, int>> menus{
+        {"intmenu", {"hqs", 15}},
+        {"clasmenu", {"12345678", 22}},
+        {"townmenu", {"abfhlopqtwy", 22}},
+        {"heal", {"aghr", 14}},
+        {"weapons", {"brsy", 22}},
+        {"armours", {"brsy", 22}},
+        {"drink", {"", 10}},
+        {"training", {"", 12}},
+        {"command", {"", 1}},
+        {"areaone", {"", 1}},
+        {"tavern", {"", 1}}};
+    for (const auto& [name, menu] : menus) {
         SCOPED_TRACE(name);
-        const int lines = keys.empty() ? 1 : name == "heal" ? 14 : name == "intmenu" ? 15 : 22;
+        const auto& [keys, lines] = menu;
         const std::string plain = readFile(MORVEK_MENUS_DIR "/" + name + ".asc");
         const std::string file = readFile(MORVEK_MENUS_DIR "/" + name + ".ans");
         const std::string coloured = withoutColours(file.substr(0, file.find('\x1a')));
-        expectMenu(plain, keys, lines);
-        expectMenu(coloured, keys, lines);
+        expectMenu(plain, keys, lines, 39);
+        expectMenu(coloured, keys, lines, 79);
         EXPECT_EQ(words(coloured), words(plain));
         EXPECT_EQ(file.find("\x1aSAUCE00"), file.size() - 129);
     }
