@@ -60,6 +60,8 @@ objdump -p unpacked/morvek unpacked/morvek-sysop | awk '/NEEDED/ { print $2 }' |
     fail "the archive's programs need these libraries"
 awk '!/^[ -~]*\r$/ || length > 46 || NR > 10 { exit 1 }' unpacked/FILE_ID.DIZ ||
     fail "FILE_ID.DIZ is not what boards show"
+[ -s unpacked/docs/guide-caller.asc ] && [ -s unpacked/docs/guide-caller.ans ] ||
+    fail "the archive has no bulletins for callers"
 plays "$work/unpacked/morvek" "$work/unpacked/morvek-sysop" "$work/game"
 grep -roE '\]\([^):#]+' unpacked/docs --include='*.md' | while IFS=: read -r guide link; do
     [ -e "$(dirname "$guide")/${link#](}" ] || fail "$guide names ${link#](}, which is not there"
