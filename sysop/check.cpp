@@ -21,6 +21,9 @@
 namespace morvek {
 namespace {
 
+// What follows this byte in a display file, a description, is not shown.
+constexpr char endOfText = 26;
+
 using enum Severity;
 
 constexpr std::string_view newDay = "It's a new day!\n\r";
@@ -85,10 +88,11 @@ void checkNewsText(std::string_view text, const Subject& about) {
 }
 
 void checkMenu(const GameDirectory& home, const std::string& file, Findings& findings) {
-    const auto content = file.empty() ? std::nullopt : contentToCheck(home, file, findings);
+    auto content = file.empty() ? std::nullopt : contentToCheck(home, file, findings);
     if (!content) {
         return;
     }
+    content->resize(std::min(content->size(), content->find(endOfText)));
     const Subject about(findings, file);
     about(warning, content->empty(), "is empty");
     about(warning, text::looksLikeUtf8(*content),

@@ -149,11 +149,10 @@ std::string readBoard(const GameDirectory& home) {
         return now;
     }
     std::vector<std::string> entries = boardEntries(taken);
-    for (const std::string& entry : boardEntries(now)) {
-        if (entry != emptyEntry) {
-            entries.push_back(entry);
-        }
-    }
+    const std::vector<std::string> confirmed = boardEntries(now);
+    entries.insert(entries.end(), confirmed.begin(), confirmed.end());
+    std::erase(entries, emptyEntry);
+    entries.insert(entries.begin(), std::tuple_size_v<Scroll>, emptyEntry);
     return std::accumulate(entries.end() - std::tuple_size_v<Scroll>, entries.end(), std::string());
 }
 
