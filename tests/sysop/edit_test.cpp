@@ -159,7 +159,7 @@ TEST_F(Edit, RestoreIsAllOrNothing) {
     told("backup kept");
     told("set 1 gold 1");
     before = readFile("morchars.dat");
-    ::chmod("backup/auto", 0777);
+    ASSERT_EQ(::chmod("morchars.dat", 0666) + ::chmod("backup/auto", 0777), 0);
     const AsNobody nobody;
     EXPECT_THAT(told("restore kept"), EndsWith("Permission denied; nothing was changed\n"));
     EXPECT_TRUE(isUnchanged());
