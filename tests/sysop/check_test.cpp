@@ -79,13 +79,13 @@ TEST_F(Check, NamesMissingAndUnwritableFiles) {
         fs::remove(menu);
     }
     writeFile("scores.dat", "A#5Rogue\n", 0444);
-    ASSERT_EQ(::mkfifo("scores.asc", 0666) + ::mkfifo("heal.ASC", 0666), 0);
+    ASSERT_EQ(::mkfifo("scores.asc", 0) + ::chmod("scores.asc", 0666) + ::mkfifo("heal.ASC", 0), 0);
     ::chmod(".", 0555);
     const AsNobody nobody;
     for (const char* fault :
          {"error: heal.ASC is not a regular", "error: scores.asc is not a regular",
           "error: drink.asc is missing, and drink.ans too", "warning: . cannot be written",
-          "warning: scores.dat cannot be written", "3 errors and 3 warnings"}) {
+          "warning: scores.dat cannot be written", "3 errors and 2 warnings"}) {
         expectFault(fault);
     }
 }
