@@ -28,8 +28,8 @@ std::string joinedLine(const PlayerRecord& slot) {
 void refuseInside(const GameDirectory& home, const PlayerRecord& slot, std::size_t number,
                   bool forced) {
     failIf(!forced && home.isInside(slot), "player " + calledPlayer(slot, number) +
-                                               " is in the game now; the next save would " +
-                                               "undo the change (--force changes nevertheless)");
+                                               " is in the game now, and the next save would " +
+                                               "undo the change");
 }
 
 void refuseSecondSlot(const Characters& characters, std::size_t number) {
