@@ -19,7 +19,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
+#include <string_view>
 
 namespace morvek {
 
@@ -99,7 +99,8 @@ static_assert(offsetof(PlayerRecord, worldState) == 272);
 
 // Whether the records are the same, byte for byte.
 inline bool sameBytes(const PlayerRecord& one, const PlayerRecord& other) {
-    return std::memcmp(&one, &other, sizeof one) == 0;
+    return std::string_view(reinterpret_cast<const char*>(&one), sizeof one) ==
+           std::string_view(reinterpret_cast<const char*>(&other), sizeof other);
 }
 
 } // namespace morvek
