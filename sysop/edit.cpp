@@ -50,7 +50,7 @@ std::string changesOf(const PlayerRecord& before, const PlayerRecord& after, std
         refuseIf(fault && (was != is || !complaintAbout(field, before, number - 1)),
                  field.name + " would be wrong: it " + fault.value_or(""));
         if (was != is && field.rule != FieldRule::unreadFlag) {
-            lines += field.name + " " + was + " -> " + is + "\n";
+            lines.append(field.name + " ").append(was).append(" -> ").append(is).append("\n");
         }
     }
     return lines;
