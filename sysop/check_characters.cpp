@@ -103,10 +103,13 @@ void checkCharacters(const GameDirectory& home, Findings& findings) {
         here.at("ownerName")(error, !isNew,
                              "owns player " + std::to_string(first->second + 1) +
                                  " too, which the game finds first: `remove` this one");
-        const std::string number = std::to_string(gap + 1);
-        if (here(error, gap < i,
-                 "is behind player " + number + ", which is free: the next save makes a second " +
-                     "character; `remove " + number + "` closes the gap")) {
+        std::string text = "is behind player ";
+        text.append(std::to_string(gap + 1))
+            .append(", which is free: the next save makes a second ");
+        text.append("character; `remove ")
+            .append(std::to_string(gap + 1))
+            .append("` closes the gap");
+        if (here(error, gap < i, text)) {
             gap = characters.size();
         }
     }

@@ -139,7 +139,7 @@ private:
     std::string stamp(const std::string& option) const {
         const std::string typed = text(option);
         const bool isLong = typed.size() == 10;
-        const std::string stamp =
+        std::string stamp =
             isLong ? typed.substr(5, 2) + typed.substr(8) + typed.substr(2, 2) : typed;
         refuseIf(dayOf(stamp).empty() || (isLong && dayOf(stamp) != typed),
                  "\"" + typed + "\" is not a day (MMDDYY or YYYY-MM-DD)");

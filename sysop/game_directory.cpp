@@ -142,7 +142,7 @@ std::string readData(const GameDirectory& home, const std::string& name) {
 }
 
 std::string readBoard(const GameDirectory& home) {
-    const std::string now = readData(home, scrollFileName);
+    std::string now = readData(home, scrollFileName);
     const std::string taken =
         home.lock->isBoardTaken() ? readData(home, oldScrollFileName) : std::string();
     if (taken.empty()) {
