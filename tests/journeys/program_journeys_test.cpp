@@ -1,6 +1,5 @@
 // The program as a board starts it: by its name, in a directory of its own, at a terminal.
 #include "odoors/board.h"
-#include "support/ace.h"
 #include "support/program.h"
 
 #include <csignal>
@@ -50,59 +49,21 @@ TEST(ProgramJourney, FirstGameAndReturn) {
     EXPECT_EQ(game.text("morchars.dat").size(), 50 * recordSize);
 }
 
-// On the way home from a room without monsters.
-TEST(ProgramJourney, ShowsAMessageBeforeItClears) {
-    Game game;
-    game.write("morchars.dat", rosterOf(true));
-    const Call call(game.program({"-LOCAL", "-USERNAME=Ace", "-GRAPHICS", "-CHARSET=cp437"}));
-    call.type("sxf");
-    call.until("Forest 1");
-    call.type("f");
-    EXPECT_THAT(call.until("...\n\r"), EndsWith("...\n\r\n\r"));
-    EXPECT_THAT(call.until("\033[2J"), StartsWith("\033[2J"));
-}
-
-// From a dead end of the forest, whose only way out is south.
-TEST(ProgramJourney, WalksWithTheArrows) {
-    Game game;
-    game.write("morchars.dat", rosterOf(true));
-    const Call call(game.program({"-LOCAL", "-USERNAME=Ace", "-GRAPHICS", "-CHARSET=cp437"}));
-    for (const std::string step :
-         {"sxf=Forest 1", "\033OA=Forest 2", "\033[A\033[4~\033[B=Forest 1", "\033[D=Forest 14",
-          "\033[4~=Forest 15"}) {
-        const std::size_t middle = step.find('=');
-        call.type(step.substr(0, middle));
-        EXPECT_THAT(call.until(step.substr(middle + 1)), HasSubstr(step.substr(middle + 1)));
-    }
-}
-
-// Each sequence that colours ends in a background, and none is bold.
-TEST(ProgramJourney, ColoursTerminalsOfToday) {
-    Game game;
-    const Call call(game.program({"-LOCAL", "-GRAPHICS", "-CHARSET=utf8"}));
-    EXPECT_THAT(call.until("hoice"),
-                AllOf(HasSubstr(";9"), Not(ContainsRegex("\033\\[([0-9;]*;)?1[;m]")),
-                      Not(ContainsRegex("\033\\[([0-9;]*[^4])?[0-7]m"))));
-}
-
 const std::string position = "\033[6n";
 
 // The title, at a terminal that answers so when it is asked where the cursor is, and then where it
 // is behind an ö and in the far corner.
 std::string titleAt(const std::string& first, const std::string& second) {
     setenv("LC_ALL", "C", 1);
-    setenv("TERM", first.empty() ? "dumb" : "xterm", 1);
+    setenv("TERM", "xterm", 1);
     Game game;
     const Call call(game.program({"-LOCAL"}));
-    if (!first.empty()) {
-        EXPECT_EQ(call.until(position), position);
-        call.type(first);
-        const std::string back = '\033' + first.substr(1, first.size() - 2) + 'H';
-        const std::string question =
-            "\xc3\xb6" + position + "\033[255;255H" + position + back + "  " + back;
-        EXPECT_EQ(call.until("  " + back), question);
-        call.type(second);
-    }
+    EXPECT_EQ(call.until(position), position);
+    call.type(first);
+    const std::string back = '\033' + first.substr(1, first.size() - 2) + 'H';
+    EXPECT_EQ(call.until("  " + back),
+              "\xc3\xb6" + position + "\033[255;255H" + position + back + "  " + back);
+    call.type(second);
     return call.until("hoice");
 }
 
@@ -115,7 +76,6 @@ TEST(ProgramJourney, FitsTheTerminal) {
     EXPECT_THAT(titleAt("\033[3;79R", "\033[3;80R\033[24;80R"), Not(isUtf8)) << "no room for two";
     EXPECT_THAT(titleAt("\033[1;1R", "\033[1;1R\033[1;1R"), Not(AnyOf(isUtf8, isPlain)));
     EXPECT_THAT(titleAt("\033[1;1R", "\033[1;2R\033[20;79R"), AllOf(isAnsi, isPlain));
-    EXPECT_THAT(titleAt("", ""), AllOf(Not(isAnsi), isPlain));
 }
 
 TEST(ProgramJourney, LeavesTheTerminalToTheShell) {

@@ -17,27 +17,9 @@ struct Reader : Call {
 
     // What is shown until the board's menu.
     std::string board() const { return until("lose Scroll\n\r\n\r"); }
-
-    // Begins a message, and waits until the file is empty.
-    void write() const {
-        type("w");
-        until("Message: ");
-    }
 };
 
 } // namespace
-
-TEST(TwoCallers, WriteToTheBoardAtOnce) {
-    const Game game;
-    const Reader ace(game, "Ace");
-    const Reader bea(game, "Bea");
-    ace.write();
-    bea.write();
-    ace.type("One\ry");
-    EXPECT_THAT(ace.board(), HasSubstr("Ace: One\n\r"));
-    bea.type("Two\ry");
-    EXPECT_THAT(bea.board(), HasSubstr("Ace: One\n\rBea: Two\n\r"));
-}
 
 TEST(TwoCallers, ReadTheBoardWhileOneWrites) {
     const Game game;
@@ -65,13 +47,4 @@ TEST(TwoCallers, DeclinedMessageKeepsWhatOthersHaveConfirmed) {
     ace.board();
     bea.type("wNo\rn");
     EXPECT_THAT(bea.board(), AllOf(HasSubstr("Ace: Two"), Not(HasSubstr("One"))));
-}
-
-TEST(TwoCallers, AreNotTheSameUser) {
-    const Game game;
-    const Reader ace(game, "Ace");
-    const Call again(game.program({"-LOCAL", "-USERNAME", "Ace"}));
-    again.type("s");
-    EXPECT_THAT(again.until("left it."), HasSubstr("already in the game"));
-    EXPECT_EQ(again.status(), 5);
 }
