@@ -64,17 +64,3 @@ TEST_F(DataFile, PlantedLinksAreNotFollowed) {
     EXPECT_EQ(readWhole("data"), std::nullopt);
     EXPECT_EQ(readFile("private"), "kept");
 }
-
-TEST_F(DataFile, OfRootBelongsToTheOwnerOfTheDirectory) {
-    if (::getuid() != 0) {
-        GTEST_SKIP() << "only root can do it";
-    }
-    writeFile("data", "root's");
-    ASSERT_EQ(::chown(".", 12345, 12345), 0);
-    struct stat status {};
-    for (const char* name : {"data", "new"}) {
-        EXPECT_EQ(replaceFile(name, "content"), 0);
-        EXPECT_EQ(::stat(name, &status), 0);
-        EXPECT_EQ(status.st_uid, 12345U) << name;
-    }
-}

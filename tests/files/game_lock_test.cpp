@@ -5,27 +5,10 @@
 
 #include <chrono>
 
-#include <sys/wait.h>
-
-namespace {
-
 struct SharedLock : InTemporaryDirectory {
     GameLock mine{lockFileName};
     GameLock other{lockFileName};
 };
-
-// Adds one to the number in a file, a hundred times, as several processes do at once.
-void count() {
-    GameLock lock(lockFileName);
-    for (int i = 0; i < 100; ++i) {
-        const Transaction transaction(lock);
-        const std::string before = readFile("number");
-        writeFile("number", std::to_string(std::stoi(before) + 1));
-    }
-    _exit(0);
-}
-
-} // namespace
 
 TEST_F(SharedLock, MarksAUserOnce) {
     EXPECT_TRUE(mine.enter("Alice"));
@@ -44,18 +27,6 @@ TEST_F(SharedLock, MarkMovesToANewFile) {
     fs::remove(lockFileName);
     const Transaction transaction(mine);
     EXPECT_TRUE(other.isInside("Alice"));
-}
-
-TEST_F(SharedLock, KeepsTransactionsApart) {
-    writeFile("number", "0");
-    for (int i = 0; i < 5; ++i) {
-        if (fork() == 0) {
-            count();
-        }
-    }
-    while (wait(nullptr) > 0) {
-    }
-    EXPECT_EQ(readFile("number"), "500");
 }
 
 TEST_F(SharedLock, IsGivenUpWithinTwoSeconds) {
