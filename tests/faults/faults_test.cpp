@@ -238,21 +238,6 @@ TEST(Transaction, OfAStoppedProgramHoldsUpOthersForTwoSeconds) {
     EXPECT_NE(stage.data().at("morchars.dat").find("Bea"), std::string::npos);
 }
 
-TEST(Transaction, OfAKilledProgramEnds) {
-    const Stage stage;
-    stage.prepare({});
-    const Call ace(stage.program("pause 0"), Line::pipe);
-    ace.type("sAl\ry8");
-    int status = 0;
-    ASSERT_EQ(waitpid(ace.child, &status, WUNTRACED), ace.child);
-    const Call bea(stage.program("", "Bea"), Line::pipe);
-    bea.type("sBea\ry8xqxxq");
-    usleep(300'000); // she waits
-    kill(ace.child, SIGKILL);
-    EXPECT_EQ(bea.status(), 0);
-    EXPECT_NE(stage.data().at("morchars.dat").find("Bea"), std::string::npos);
-}
-
 // Each prompt in one of three ways, 0 being a line that is cut; the ways come in turn.
 TEST(HangUp, AtEveryPrompt) {
     constexpr std::array signals{0, SIGHUP, SIGTERM};
