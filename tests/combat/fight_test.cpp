@@ -74,18 +74,13 @@ TEST(Fight, LastOfAGroupClearsThePlace) {
     EXPECT_EQ(game.world.cleared(3), 0);
     EXPECT_EQ(game.encounter.groupActive, 1);
     EXPECT_EQ(game.encounter.ambushPending, 1);
+    EXPECT_EQ(game.player.turnsLeft, 5);
     killOne();
+    EXPECT_EQ(game.player.turnsLeft, 4) << "a group costs one turn";
     EXPECT_EQ(game.world.cleared(3), 1);
     EXPECT_EQ(game.encounter.groupActive, 0);
     EXPECT_EQ(game.encounter.ambushPending, 0);
     EXPECT_EQ(game.player.experience, 50);
-}
-
-TEST(Fight, KillClearsTheLevelsLastRoom) {
-    meet("Kobold");
-    game.world.position(Level::castle1) = 24;
-    killOne();
-    EXPECT_EQ(game.world.levelCleared(Level::castle1, 24), 1);
 }
 
 TEST(Fight, ArmourAndDieWearEachOtherDown) {

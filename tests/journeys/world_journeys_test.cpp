@@ -6,17 +6,6 @@
 
 using DeadlyJourney = InTemporaryDirectory;
 
-TEST(WorldJourney, GroupOfThreeCostsOneTurn) {
-    beginCall(false, 2);
-    chance.script({2});
-    play(enterWorld, "axaxax4f");
-    EXPECT_THAT(caller.screen, HasSubstr("encountered `R`}<3>{ `W`}<Kobold"));
-    EXPECT_EQ(game.player.turnsLeft, 29);
-    EXPECT_EQ(game.player.experience, 3);
-    EXPECT_EQ(game.world.cleared(2), 1);
-    EXPECT_EQ(game.world.currentLocation, 3);
-}
-
 TEST_F(DeadlyJourney, EndsWithoutAWordAndIsSavedHealed) {
     beginCall(true, 2);
     game.world.cleared(4) = 0;
