@@ -74,14 +74,6 @@ TEST(Keys, Utf8CharactersComeAsCp437) {
               "\x7fq\x7f\r\x7f\x7f\x7f\x94");
 }
 
-TEST(Keys, AreChosenInEitherCase) {
-    const Outcome outcome = callWithKeys(plain, "xY\033[An", [] {
-        od_printf("<%c>", od_get_answer("yn"));
-        od_printf("<%c>", od_get_answer("YN"));
-    });
-    EXPECT_EQ(outcome.shown, "<y><N>");
-}
-
 TEST(Field, ShowsAndKeepsWhatIsTyped) {
     EXPECT_EQ(entered("", "ab\b\x7f\bc\r"), "ab\b \b\b \bc\n\r[c]");
     EXPECT_EQ(entered("", "a\033[Ab\t\x01\033Oc\033d\r"), "abd\n\r[abd]");
