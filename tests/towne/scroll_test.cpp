@@ -39,14 +39,6 @@ TEST_F(Board, SixteenCharactersLastForTheCall) {
     EXPECT_EQ(entries("c"), shown("Arwen", "Fifteen letters"));
 }
 
-TEST_F(Board, EleventhMessagePushesTheFirstOff) {
-    for (const char letter : std::string("abcdefghijk")) {
-        entries(std::string("w") + letter + "\ryc");
-    }
-    game.scroll = {};
-    EXPECT_THAT(entries("c"), StartsWith(shown("Arwen", "b") + shown("Arwen", "c")));
-}
-
 TEST_F(Board, DeclinedMessageWipesTheBoard) {
     entries("wHello\ryc");
     EXPECT_THROW(entries("wAgain\rn"), OutOfKeys); // the call breaks off at the next menu
