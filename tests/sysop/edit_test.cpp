@@ -40,27 +40,10 @@ TEST_F(Edit, SetChangesFieldsAfterABackup) {
 }
 
 TEST_F(Edit, SetRefusesWhatDoesNotFit) {
-    for (const std::string misuse : {"gold much",
-                                     "level 8",
-                                     "name \"sixteen letters!\"",
-                                     "className Bard",
-                                     "name \u65E5",
-                                     "name A\xC3",
-                                     "name a\033b",
-                                     "hitPoints 25",
-                                     "lastPlayedDay 23226",
-                                     "ownerName Carol",
-                                     "searched.77 1",
-                                     "searched.7 2",
-                                     "worldState 0",
-                                     "name a#b",
-                                     "ownerName \"Bob \"",
-                                     "maxHitPoints 20",
-                                     "lastPlayedDay 23126",
-                                     "armour Club",
-                                     "slotIndex 2",
-                                     "gold 0x10",
-                                     "gold 1 level"}) {
+    for (const std::string misuse :
+         {"gold much", "gold 0x10", "gold 1 level", "level 8", "searched.77 1", "maxHitPoints 20",
+          "className Bard", "armour Club", "name \u65E5", "name \"sixteen letters!\"",
+          "ownerName Carol", "ownerName \"Bob \""}) {
         EXPECT_THAT(told("set 2 " + misuse), StartsWith("2: ")) << misuse;
     }
     EXPECT_THAT(told("set 51 gold 1"), StartsWith("2: "));
