@@ -1,7 +1,7 @@
 // The real program behind the shim: every file call of a play fails or kills it once, and its
 // caller is gone at every wait for a key. The test knows the files at each
 // wait of an undisturbed call, and compares.
-#include "support/ace.h"
+#include "support/character.h"
 #include "support/program.h"
 
 #include <chrono>
@@ -14,6 +14,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+
+using namespace morvek;
 
 namespace {
 
@@ -92,6 +94,21 @@ private:
     std::string shim = apart.path("shim.so"); // the loader takes a blank for the end of a path
     int waits = -1;
 };
+
+// Ace's character, who has been everywhere, or whom the first blow kills; and one to rob.
+std::string rosterOf(bool strong) {
+    Roster::Slots slots;
+    slots.fill(emptySlot());
+    PlayerRecord& own = slots[0] = character("Ace", "Aldur");
+    own.experience = 1000;
+    own.gold = 100000;
+    own.hitPoints = strong ? 5 : 1;
+    own.dexterity = strong ? 10 : 1;
+    own.worldState.fill(strong ? 1 : 0);
+    slots[1] = character("Other", "Bors");
+    slots[1].hitPoints = 1;
+    return {reinterpret_cast<const char*>(slots.data()), sizeof slots};
+}
 
 constexpr const char* news = "011527.txt";
 

@@ -12,6 +12,7 @@
 #include "state/game_state.h"
 #include "state/roster.h"
 #include "state/scores.h"
+#include "support/character.h"
 #include "text.h"
 #include "towne/news.h"
 #include "towne/scores.h"
@@ -60,16 +61,8 @@ std::string characterFile() {
     slots.fill(emptySlot());
     std::size_t number = 0;
     for (const char* owner : {"Bob", "Alice", "Carol"}) {
-        PlayerRecord& slot = slots[number++];
-        slot.ownerName.assign(owner);
-        slot.name.assign(owner);
-        slot.className.assign("Ranger");
-        slot.weapon.assign("Club");
-        slot.armour.assign("Cloth");
-        slot.level = slot.weaponNumber = slot.armourNumber = 1;
-        slot.experienceNeeded = 1000;
+        PlayerRecord& slot = slots[number++] = character(owner, owner);
         slot.hitPoints = slot.maxHitPoints = slot.strength = slot.dexterity = 18;
-        slot.turnsLeft = slot.turnsPerDay = 30;
         slot.gold = 5000;
     }
     return {reinterpret_cast<const char*>(slots.data()), rosterSize};

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "state/roster.h"
-#include "state/store_player.h"
+#include "support/character.h"
 #include "support/stored.h"
 #include "sysop/command_line.h"
 
@@ -12,25 +12,6 @@
 namespace morvek::test {
 
 using testing::Not;
-
-// A character as the game has just made it.
-inline PlayerRecord character(const char* owner, const char* name) {
-    resetGame();
-    Player& player = game.player;
-    player = {
-        .name = name, .className = "Ranger", .level = 1, .gold = 25, .experienceNeeded = 1000};
-    player.hitPoints = player.maxHitPoints = 24;
-    player.strength = player.constitution = player.dexterity = 12;
-    player.intelligence = player.wisdom = player.charisma = 12;
-    player.weaponNumber = player.armourNumber = 1;
-    player.weapon = "Club";
-    player.armour = "Cloth";
-    player.turnsLeft = player.turnsPerDay = 30;
-    game.session.doorUserName = owner;
-    PlayerRecord slot = emptySlot();
-    storePlayer(slot, StoreKind::whole);
-    return slot;
-}
 
 struct Sysop : InTemporaryDirectory {
     Sysop() {
