@@ -1,4 +1,4 @@
-// A session on every kind of line, and the caller's time.
+// A session on every kind of line.
 #include "board.h"
 #include "call.h"
 
@@ -96,19 +96,4 @@ TEST(Sockets, CarryAWholeCall) {
     call.type("\xff\0\x19\xff\xf0\r\n\xff\xf1q"s);
     EXPECT_EQ(call.until("\033[0m"), "<13>\033[0m");
     EXPECT_EQ(call.status(), 0);
-}
-
-TEST(Time, GoesByAndIsWarnedOfOnce) {
-    const Door pass = [] {
-        for (const long seconds : {59, 1, 60, 60, 150, 59, 20, 20}) {
-            secondsAhead += seconds;
-            od_get_key(1);
-            od_printf("%d ", od_control.user_timelimit);
-        }
-    };
-    const Outcome timed = callWithKeys({"-L", "-TIMELEFT", "7"}, "abcdefgh", pass);
-    EXPECT_EQ(timed.status, 3);
-    EXPECT_EQ(timed.shown,
-              "7 6 \n\rYou have at most 5 minutes left.\n\r5 4 2 "
-              "\n\rYou have at most 1 minute left.\n\r1 1 \n\rYour time is used up.\n\r");
 }

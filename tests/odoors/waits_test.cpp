@@ -118,15 +118,16 @@ TEST(Warnings, OfInactivityComeAMinuteBeforeTheEnd) {
 
 TEST(Warnings, ThatMayHaveBeenWipedAreShownAgain) {
     const Door door = [] {
-        secondsAhead = 120;
+        secondsAhead = 179;
         for (int i = 0; i < 3; ++i) {
-            od_printf("<%c>", od_get_key(1));
+            const char key = od_get_key(1);
+            od_printf("<%c %d>", key, od_control.user_timelimit);
         }
         tellKeys();
     };
     const Call call(doorChild({"-L", "-ASCII", "-TIMELEFT=7"}, door));
     call.type("abc");
-    EXPECT_EQ(call.until("ready\n\r" + fiveLeft), fiveLeft + "<a><b><c>ready\n\r" + fiveLeft);
+    EXPECT_EQ(call.until("ready\n\r" + fiveLeft), fiveLeft + "<a 5><b 5><c 5>ready\n\r" + fiveLeft);
     call.type("de");
     EXPECT_EQ(call.until("<101>"), "<100><101>");
 }
