@@ -158,11 +158,3 @@ TEST_F(EndingTest, ComesInTimeForCallersWhoReadNoMore) {
     EXPECT_EQ(Call(byBoard({"-INACTIVITY=1"}, flood)).status(), 4);
     EXPECT_EQ(logged(), "no key pressed (4)");
 }
-
-TEST_F(EndingTest, OfAProcessThatUsesTooMuchRestoresTheTerminal) {
-    const Call call(byBoard({}));
-    call.until("ready");
-    kill(call.child, SIGXCPU);
-    EXPECT_EQ(call.status(), 1000 + SIGXCPU);
-    EXPECT_TRUE(call.isRestored());
-}
