@@ -49,14 +49,6 @@ TEST_F(Title, TooLongALineIsRefused) {
     EXPECT_EQ(caller.screen, "[options morvek]");
 }
 
-TEST_F(Title, LongUserNameIsCutEverywhere) {
-    newCall(true, "Thomas the Rhymer of Erceldoune");
-    EXPECT_EQ(play("STom\ry1kqkkSkqkkhkQ"), 0);
-    EXPECT_EQ(game.session.displayUserName, "Thomas the Rhym");
-    EXPECT_EQ(caller.times("[menu clasmenu 12345678]"), 1) << "his slot is found again";
-    EXPECT_THAT(readFile("111526.txt"), EndsWith("Thomas the Rhym joined the game.\n\r"));
-}
-
 TEST_F(Title, UserIsInsideOnce) {
     GameLock otherCall(lockFileName);
     otherCall.enter("Alice");
