@@ -32,7 +32,7 @@ void enterOnce() {
         return;
     }
     say("\n\r\n\r`red`You are already in the game on another node. "
-        "Please come back when you have left it.\n\r");
+        "Please leave it there first.\n\r");
     leave(otherCallStatus);
 }
 

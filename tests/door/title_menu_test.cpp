@@ -54,7 +54,7 @@ TEST_F(Title, UserIsInsideOnce) {
     otherCall.enter("Alice");
     EXPECT_EQ(play("S"), 5);
     EXPECT_TRUE(caller.saw("{||`r`You are already in the game on another node. "
-                           "Please come back when you have left it.|}"));
+                           "Please leave it there first.|}"));
     EXPECT_FALSE(fs::exists("morchars.dat"));
     otherCall.leave();
     EXPECT_EQ(play("STom\ry1kqkkQ"), 0);
